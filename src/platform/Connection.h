@@ -1,0 +1,58 @@
+// The connection to the password-protected database file.
+#pragma once
+
+#include <QString>
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+class Connection {
+  public:
+    static constexpr int clientSideCursors = 3;
+
+    Connection() = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    void setCursorLocation(int location) { cursorLocation_ = location; }
+    void setProvider(const QString& provider) { provider_ = provider; }
+    void setConnectionString(const QString& text) { connectionString_ = text; }
+    const QString& connectionString() const { return connectionString_; }
+
+    // Opens the existing file named by "Data Source" with the password of the connection string. User and
+    // password arguments must be empty, options −1 (unspecified). Raises a database error when the file is
+    // missing, is no database, is damaged, or the password is wrong.
+    void open(const QString& user, const QString& password, int options);
+    bool isOpen() const { return database_ != nullptr; }
+    // Ends the unit of work and releases the file.
+    void close();
+
+    // Runs one statement. The first statement that writes opens a unit of work; its rows are seen by every
+    // later statement at once and stay when a later statement fails.
+    void execute(const QString& sql);
+
+    // Makes durable, all together, what was written since the last call; nothing to do is no error. When it
+    // fails the database is as it was before the unit of work, and the error is raised.
+    void endUnitOfWork();
+
+  private:
+    friend class Recordset;
+    struct StatementCloser {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    using Statement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
+
+    Statement prepare(const QString& sql);
+    // One step; true while there is a row. Opens the unit of work before a statement that writes.
+    bool step(const Statement& statement);
+    void run(const char* sql);
+    [[noreturn]] void fail(const QString& what) const;
+    void unlock(const QByteArray& key);
+
+    int cursorLocation_ = 0;
+    QString provider_;
+    QString connectionString_;
+    sqlite3* database_ = nullptr;
+};

@@ -1,0 +1,36 @@
+// Base of every window of the program: load, show, unload, centre, position.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+class Form : public QWidget {
+  public:
+    explicit Form(const QString& name);
+
+    // The Japanese name by which menus and other screens ask for this form.
+    const QString& name() const { return name_; }
+
+    // Runs once, before the form is first shown.
+    virtual void Form_Load() = 0;
+
+    // Called when the user closes the window by its frame: does what the form's end button does. The form stays
+    // open when the handler does not unload it.
+    virtual void frameClosed() = 0;
+
+    // Hides the window for good; the owner then discards the instance.
+    void unload();
+    bool isUnloading() const { return unloading_; }
+
+    // left = (screen width − form width) / 2, top likewise, in one move.
+    void centre();
+    // In twips, 15 to the pixel.
+    void position(int leftTwips, int topTwips);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    QString name_;
+    bool unloading_ = false;
+};

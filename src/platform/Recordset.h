@@ -1,0 +1,47 @@
+// A set of records read by a statement (client-side: all rows are held), or a table opened to add rows.
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+#include "platform/Value.h"
+
+class Connection;
+
+class Recordset {
+  public:
+    // `source` is a SELECT statement, or the bare name of a table that rows are to be added to.
+    Recordset(const QString& source, Connection& connection);
+
+    int recordCount() const { return static_cast<int>(rows_.size()); }
+    bool eof() const { return position_ >= rows_.size(); }
+    void moveNext();
+
+    // Field of the current record, by name without regard to case. Raises an error past the last record or for
+    // a name the records do not have.
+    const Value& field(const QString& name) const;
+    const Value& operator[](const QString& name) const { return field(name); }
+
+    // Adds a record to the table: addNew, setField for its columns, update.
+    void addNew();
+    void setField(const QString& name, const Value& value);
+    void update();
+
+    void close();
+
+  private:
+    void read(const QString& sql);
+    void openTable(const QString& table);
+    int column(const QString& name) const;
+
+    Connection* connection_;
+    QString table_;
+    QStringList names_;
+    QHash<QString, int> columns_; // lower-case name → position
+    std::vector<std::vector<Value>> rows_;
+    std::size_t position_ = 0;
+    std::vector<Value> added_;
+    bool adding_ = false;
+};

@@ -1,0 +1,22 @@
+// Conversion of text between full-width and half-width characters, and display widths.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+QString toHalfWidth(const QString& text);
+QString toFullWidth(const QString& text);
+
+// Length in characters and the first `count` characters; a surrogate pair is one character.
+int characterCount(const QString& text);
+QString leadingCharacters(const QString& text, int count);
+
+// One character in the code page windows-31j, nothing when the code page lacks it.
+std::optional<QByteArray> characterInCodePage(char32_t character);
+
+// The text in the code page windows-31j. Raises error 5 that names the first character which it lacks.
+QByteArray toCodePage(const QString& text);
+
+// Text file content: UTF-8 when the bytes are valid UTF-8 (a byte order mark is dropped), else windows-31j.
+QString fromFileBytes(const QByteArray& bytes);
