@@ -14,8 +14,8 @@ class Form : public QWidget {
     // Runs once, before the form is first shown.
     virtual void Form_Load() = 0;
 
-    // Called when the user closes the window by its frame: does what the form's end button does. The form stays
-    // open when the handler does not unload it.
+    // Called when the user closes the window by its frame: does what the form's end button does. The form
+    // stays open when the handler does not unload it.
     virtual void frameClosed() = 0;
 
     // Hides the window for good; the owner then discards the instance.
@@ -29,6 +29,8 @@ class Form : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    // Enter presses the button that has the focus, and goes on from a field to the next control.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QString name_;

@@ -19,8 +19,8 @@ class Recordset {
     bool eof() const { return position_ >= rows_.size(); }
     void moveNext();
 
-    // Field of the current record, by name without regard to case. Raises an error past the last record or for
-    // a name the records do not have.
+    // Field of the current record, by name without regard to case. Raises an error past the last record or
+    // for a name the records do not have.
     const Value& field(const QString& name) const;
     const Value& operator[](const QString& name) const { return field(name); }
 

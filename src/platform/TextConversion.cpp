@@ -19,8 +19,7 @@ constexpr const char* codePage = "windows-31j";
 
 Transliterator makeTransliterator(const char* id) {
     UErrorCode status = U_ZERO_ERROR;
-    Transliterator made(
-        icu::Transliterator::createInstance(icu::UnicodeString(id), UTRANS_FORWARD, status));
+    Transliterator made(icu::Transliterator::createInstance(icu::UnicodeString(id), UTRANS_FORWARD, status));
     if (U_FAILURE(status)) throw RuntimeError(ErrorCode::InvalidCall);
     return made;
 }

@@ -40,7 +40,6 @@ void writeWholeFile(const QString& path, const QByteArray& bytes) {
         throw RuntimeError(ErrorCode::PathNotFound, u"パスが見つかりません。\n%1"_s.arg(info.path()));
     QSaveFile file(info.filePath());
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw RuntimeError(
-            ErrorCode::FileAccess,
-            u"ファイルを書き込めません。\n%1\n(%2)"_s.arg(info.filePath(), file.errorString()));
+        throw RuntimeError(ErrorCode::FileAccess, u"ファイルを書き込めません。\n%1\n(%2)"_s.arg(
+                                                      info.filePath(), file.errorString()));
 }

@@ -7,13 +7,13 @@
 // "\" as the program composes paths, turned into the separator of this system.
 QString nativePath(const QString& path);
 
-// The lines of a text file, without their ends. Raises error 53 when there is no such file, 76 when its folder
-// is missing, 75 when it cannot be read.
+// The lines of a text file, without their ends. Raises error 53 when there is no such file, 76 when its
+// folder is missing, 75 when it cannot be read.
 QStringList readLines(const QString& path);
 
 // Writes the lines in windows-31j with carriage return and line feed. The old file stays as it was unless the
-// whole new one is on the disk. Raises error 76 when the folder is missing, 75 when it cannot be written, 5 for
-// a character that the code page lacks.
+// whole new one is on the disk. Raises error 76 when the folder is missing, 75 when it cannot be written, 5
+// for a character that the code page lacks.
 void writeCodePageLines(const QString& path, const QStringList& lines);
 
 // The bytes, written all or not at all; errors as above.

@@ -1,18 +1,8 @@
 #include "platform/Value.h"
 
 #include "platform/Numbers.h"
+#include "platform/Overloaded.h"
 #include "platform/RuntimeError.h"
-
-namespace {
-
-template <class... Cases>
-struct Overloaded : Cases... {
-    using Cases::operator()...;
-};
-template <class... Cases>
-Overloaded(Cases...) -> Overloaded<Cases...>;
-
-} // namespace
 
 bool Value::isEmptyText() const {
     const auto* text = std::get_if<QString>(&content_);
