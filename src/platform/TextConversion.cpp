@@ -3,6 +3,7 @@
 #include <unicode/translit.h>
 #include <unicode/ucnv.h>
 
+#include <QList>
 #include <QStringDecoder>
 #include <memory>
 

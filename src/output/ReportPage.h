@@ -1,0 +1,107 @@
+// Lays out a report: the heading of every page, tables of aligned cells, rules, page breaks.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include "output/PrintService.h"
+
+// Point: the decimal points stand below each other, with room for four places behind them, whatever places
+// the numbers have ("0.25", "1", "0.1234").
+enum class Alignment { Left, Right, Centre, Point };
+
+// Positions in mm from the left edge of the paper: 5 to 205 in portrait, 5 to 292 in landscape. A half-width
+// character takes 1.764 mm.
+struct ReportColumn {
+    QString heading;
+    double left = 0;
+    double width = 0;
+    Alignment alignment = Alignment::Left;
+    QString over = {}; // second heading, above all neighbours that have the same one
+};
+
+struct ReportHeading {
+    QString title;     // name of the screen
+    QStringList lines; // at the left, from the top: evaluator, problem, …
+    QList<ReportColumn> columns;
+};
+
+// A report on pages. Rows go down the page; when they reach its foot, the page ends and the heading is
+// printed again on the next one. A report of 13 or more columns is in landscape. What an error interrupts is
+// discarded.
+//
+//     ReportPage page(print, {u"分析出力"_s, {u"評価者 3名"_s, u"変動度:A"_s},
+//                             {{u"要因名"_s, 5, 90}, {u"最小値"_s, 95, 25, Alignment::Point}}},
+//                     {u"分析出力"_s, problemName, {}});
+//     for (const auto& factor : factors) page.row({factor.name, formatNumber(factor.least, u"0.0000"_s)});
+//     page.rule();
+//     page.spanningRow(u"総合評価値（最終レベル）"_s);
+//     for (const auto& factor : lastLevel) page.row({factor.name, …});
+//     page.finish();
+class ReportPage {
+  public:
+    // Chooses the printer, sets up the page and begins the document. Raises error 482 without a printer.
+    ReportPage(PrintService& print, const ReportHeading& heading, const DocumentName& document);
+    ~ReportPage();
+    ReportPage(const ReportPage&) = delete;
+    ReportPage& operator=(const ReportPage&) = delete;
+
+    // Prints a message file on a page of its own, as a covering letter.
+    void coveringLetter(const QString& path);
+    // Prints a message file at the top of a fresh page; the table follows below it.
+    void message(const QString& path);
+
+    // One row of the table, a text for each column (missing ones stay blank). `indent` moves the first cell
+    // to the right, in half-width columns. Left and centred texts are cut at the column and end in "…" then;
+    // numbers are never cut.
+    void row(const QStringList& cells, int indent = 0);
+    // A text across the table, never the last row of a page: `rows` rows fit below it.
+    void spanningRow(const QString& text, int rows = 1);
+    // Fine rule below the last row, between groups.
+    void rule();
+
+    // Closes the table and begins another one below a title. Title, headings and `rows` rows stay together.
+    // A table that goes over to another page repeats its title and headings.
+    void newTable(const QString& title, const QList<ReportColumn>& columns, int rows = 1);
+    // A table of up to 21 × 21 short texts ("1/9") between items: a row for each item with its mark and name,
+    // the marks above the columns. It stays on one page.
+    void matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells);
+
+    // The next row begins a new page, whose heading has these lines: the next evaluator of the document.
+    void newPart(const QStringList& lines);
+    // Whether this many rows of the table fit below LineNo.
+    bool fits(int rows) const;
+    // Begins a new page when they do not.
+    void keepTogether(int rows);
+
+    // Ends the last page and sends the document. Without it the document is discarded.
+    void finish();
+
+  private:
+    int headingRows() const;
+    int rowsUntilTable() const;
+    double boundary(int row) const;
+    void startPage();
+    void leavePage();
+    void openTable();
+    void closeTable();
+    void printRunningLine();
+    void printLines();
+    void printColumnHeadings();
+    void printSpanningHeading(qsizetype first);
+    void printCell(const ReportColumn& column, const QString& text, double y);
+    void printHeading(const ReportColumn& column, const QString& text, int row);
+    void drawRule(int row, int width);
+    QString cut(const QString& text, double width) const;
+
+    PrintService& print_;
+    ReportPrinter& printer_;
+    ReportHeading heading_;
+    QString tableTitle_;
+    bool pageStarted_ = false;
+    bool linesPrinted_ = false;
+    bool tableOpen_ = false;
+    bool rowsPrinted_ = false; // in the open table, on this page
+    bool finished_ = false;
+};
