@@ -1,0 +1,269 @@
+#include "comparison/ComparisonGrid.h"
+
+#include <QKeyEvent>
+
+#include "comparison/ComparisonScale.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "ui_ComparisonGrid.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+constexpr QStringView itemMarks = u"①②③④⑤⑥⑦⑧⑨⑩⑪⑫⑬⑭⑮⑯⑰⑱⑲⑳";
+constexpr int gridSize = 21; // the fixed row and 20 items
+constexpr int cellWidth = 64;
+constexpr QColor closedCell{0xf0, 0xf0, 0xf0};
+
+QChar itemMark(int item) {
+    if (item < 1 || item > itemMarks.size()) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
+    return itemMarks[item - 1];
+}
+
+} // namespace
+
+比較値設定::比較値設定() : Screen(u"比較値設定"_s), ui_(std::make_unique<Ui::ComparisonGrid>()) {
+    ui_->setupUi(this);
+    ui_->MSFlexGrid1->setSize(gridSize, gridSize);
+    ui_->MSFlexGrid1->horizontalHeader()->setDefaultSectionSize(cellWidth);
+    ui_->MSFlexGrid1->installEventFilter(this);
+    ui_->CmbCell->setParent(ui_->MSFlexGrid1->viewport());
+    ui_->CmbCell->installEventFilter(this);
+    onAction(ui_->Command1, u"評価開始"_s, [this] { Command1_Click(); });
+    onAction(ui_->Command2, u"評価終了"_s, [this] { Command2_Click(); });
+    onEvent(ui_->Command3, &QPushButton::clicked, [this] { Command3_Click(); });
+    onEvent(ui_->CmbCell, &QComboBox::activated, [this] { CmbCell_Click(ui_->CmbCell->currentIndex()); });
+    connect(ui_->MSFlexGrid1, &QTableWidget::cellClicked, this,
+            [this](int row, int column) { MSFlexGrid1_Click(row + 1, column + 1); });
+}
+
+比較値設定::~比較値設定() = default;
+
+void 比較値設定::Form_Load() {
+    MsgTitle = windowTitle();
+    for (int position = 0; position < scalePositions; ++position) ui_->CmbCell->addItem(scaleText(position));
+    ui_->CmbCell->hide();
+    ui_->Label2->setText(u"%1　　評価者 %2　　%3 回目　　%4"_s.arg(CmpProblemName, CmpEvaluatorName)
+                             .arg(CmpRound)
+                             .arg(CmpDate));
+    for (Recordset rows(
+             u"SELECT T1.課題番号,T1.親要因番号,T3.要因名 FROM 要因構成 T1,要因 T3 "
+             "WHERE T1.課題番号 = %1 AND T1.親要因番号 = T3.要因番号 "
+             "GROUP BY T1.課題番号,T1.親要因番号,T3.要因名 ORDER BY T1.親要因番号 "_s.arg(CmpProblemNo),
+             *DbConn);
+         !rows.eof(); rows.moveNext()) {
+        goals_.push_back(rows[u"親要因番号"_s].toLong());
+        ui_->Combo1->addItem(formatNumber(goals_.back(), u"0000"_s) + u' ' + NullToEmpty(rows[u"要因名"_s]));
+    }
+    ui_->MSFlexGrid1->showOnly(1, 1);
+    showProgress();
+    centre();
+}
+
+void 比較値設定::Command1_Click() {
+    if (!mayDiscardValues()) return;
+    clearGrid();
+    const int chosen = ui_->Combo1->currentIndex();
+    if (chosen < 0) return refuse(u"目的要因が選択されてません、目的要因を選択してください。"_s);
+    goalNo_ = goals_.at(static_cast<std::size_t>(chosen));
+    readChildren();
+    ui_->MSFlexGrid1->showOnly(itemCount_ + 1, itemCount_ + 1);
+    ui_->MSFlexGrid1->setCurrent(1, 2);
+    ui_->MSFlexGrid1->setFocus();
+    showProgress();
+}
+
+// What was typed and not saved must not vanish by a slip of the hand.
+bool 比較値設定::mayDiscardValues() {
+    return !unsaved_ || confirm(u"保存されていない比較値があります。破棄しますか ？"_s);
+}
+
+void 比較値設定::clearGrid() {
+    hideChooser();
+    values_ = {};
+    unsaved_ = false;
+    itemCount_ = 0;
+    goalNo_ = 0;
+    ui_->MSFlexGrid1->clearTexts();
+    ui_->MSFlexGrid1->setText(0, 0, u"   比較元要因／比較先要因"_s);
+    ui_->MSFlexGrid1->showOnly(1, 1);
+    showProgress();
+}
+
+void 比較値設定::readChildren() {
+    for (Recordset rows(
+             u"SELECT T1.課題番号,T1.子要因番号,T1.子要因表示順,T3.要因名 FROM 要因構成 T1,要因 T3 "
+             "WHERE T1.課題番号 = %1 AND T1.親要因番号 = %2 AND T1.子要因番号 = T3.要因番号 "
+             " ORDER BY T1.子要因表示順 "_s.arg(CmpProblemNo)
+                 .arg(goalNo_),
+             *DbConn);
+         !rows.eof(); rows.moveNext())
+        showChild(++itemCount_, rows[u"子要因番号"_s].toLong(), NullToEmpty(rows[u"要因名"_s]));
+}
+
+void 比較値設定::showChild(int item, qint32 factorNo, const QString& factorName) {
+    auto* grid = ui_->MSFlexGrid1;
+    items_[item] = factorNo;
+    grid->setText(0, item, u"   "_s + itemMark(item));
+    grid->setText(item, 0, itemMark(item) + formatNumber(factorNo, u"0000"_s) + factorName);
+    grid->setText(item, item, u"   －"_s);
+    for (int column = 1; column <= item; ++column) grid->shade(item, column, closedCell);
+}
+
+void 比較値設定::MSFlexGrid1_Click(int row, int column) {
+    hideChooser();
+    if (!isEntryCell(row, column)) return;
+    auto* chooser = ui_->CmbCell;
+    chooser->setGeometry(ui_->MSFlexGrid1->cellRect(row, column));
+    chooser->setCurrentIndex(chooser->findText(ui_->MSFlexGrid1->text(row, column)));
+    chooser->show();
+    chooser->setFocus();
+    chooser->showPopup();
+}
+
+bool 比較値設定::isEntryCell(int row, int column) const {
+    return column > row && row >= 1 && row != gridSize - 1 && column <= itemCount_;
+}
+
+void 比較値設定::CmbCell_Click(int position) {
+    auto* grid = ui_->MSFlexGrid1;
+    if (position < 0 || !isEntryCell(grid->row(), grid->column())) return;
+    setCell(grid->row(), grid->column(), position);
+    hideChooser();
+    grid->setFocus();
+}
+
+void 比較値設定::setCell(int row, int column, int position) {
+    ui_->MSFlexGrid1->setText(row, column, scaleText(position));
+    ui_->MSFlexGrid1->setText(column, row, scaleText(mirrorPosition(position)));
+    ui_->MSFlexGrid1->shade(column, row, closedCell);
+    values_[row - 1][column - 1] = scaleValue(position);
+    unsaved_ = true;
+    showProgress();
+}
+
+void 比較値設定::Command2_Click() {
+    if (goalNo_ == 0) return refuse(u"目的要因が選択されてません、目的要因を選択してください。"_s);
+    if (!allValuesSet()) return refuse(u"比較値の未設定があります、全てを設定してください"_s);
+    replaceComparisons();
+    DbConn->endUnitOfWork(); // only what is on the disk counts as saved
+    unsaved_ = false;
+    showProgress(u"登録しました。"_s);
+}
+
+bool 比較値設定::allValuesSet() const {
+    for (int row = 1; row < itemCount_; ++row)
+        for (int column = row + 1; column <= itemCount_; ++column)
+            if (values_[row - 1][column - 1] == 0) return false;
+    return true;
+}
+
+void 比較値設定::replaceComparisons() {
+    DbConn->execute(
+        u" DELETE FROM 一対比較 WHERE 課題番号 = %1AND 目的要因番号 = %2AND 比較回数 = %3AND 評価者番号 = %4"_s
+            .arg(CmpProblemNo)
+            .arg(goalNo_)
+            .arg(CmpRound)
+            .arg(CmpEvaluatorNo));
+    Recordset table(u"一対比較"_s, *DbConn);
+    int pair = 0;
+    for (int row = 1; row < itemCount_; ++row)
+        for (int column = row + 1; column <= itemCount_; ++column) {
+            table.addNew();
+            table.setField(u"課題番号"_s, CmpProblemNo);
+            table.setField(u"目的要因番号"_s, goalNo_);
+            table.setField(u"比較元要因番号"_s, items_[row]);
+            table.setField(u"比較対象要因番号"_s, items_[column]);
+            table.setField(u"評価者番号"_s, CmpEvaluatorNo);
+            table.setField(u"比較回数"_s, CmpRound);
+            table.setField(u"比較日付"_s, CmpDate);
+            table.setField(u"比較表示順"_s, ++pair);
+            table.setField(u"比較値"_s, static_cast<double>(values_[row - 1][column - 1]));
+            table.update();
+        }
+    table.close();
+}
+
+void 比較値設定::Command3_Click() {
+    if (unsaved_ && !confirm(u"保存されていない比較値があります。終了しますか ？"_s)) return;
+    leaveTo(u"メニュー"_s);
+}
+
+// "12 / 21 組" and what was done last, under the grid.
+void 比較値設定::showProgress(const QString& note) {
+    int set = 0;
+    for (int row = 1; row < itemCount_; ++row)
+        for (int column = row + 1; column <= itemCount_; ++column) set += values_[row - 1][column - 1] != 0;
+    const int pairs = itemCount_ * (itemCount_ - 1) / 2;
+    ui_->Label3->setText(itemCount_ == 0 ? note : u"入力済 %1 / %2 組　　%3"_s.arg(set).arg(pairs).arg(note));
+}
+
+void 比較値設定::hideChooser() {
+    reciprocalTyped_ = false;
+    ui_->CmbCell->hidePopup();
+    ui_->CmbCell->hide();
+}
+
+bool 比較値設定::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (watched == ui_->MSFlexGrid1) return gridKey(key);
+        if (watched == ui_->CmbCell && key->key() == Qt::Key_Escape) {
+            hideChooser();
+            ui_->MSFlexGrid1->setFocus();
+            return true;
+        }
+    }
+    return Screen::eventFilter(watched, event);
+}
+
+// The whole grid can be filled without the mouse: arrows move, Enter and F2 open the chooser, a digit
+// chooses, and
+// "/" before the digit chooses its reciprocal ("1/3" may be typed as it is read).
+bool 比較値設定::gridKey(QKeyEvent* key) {
+    const int row = ui_->MSFlexGrid1->row();
+    const int column = ui_->MSFlexGrid1->column();
+    switch (key->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_F2:
+            MSFlexGrid1_Click(row, column);
+            return true;
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            return moveOn(row, column, key->key());
+        default:
+            return typeScale(row, column, key->text());
+    }
+}
+
+bool 比較値設定::typeScale(int row, int column, const QString& typed) {
+    const bool reciprocal = std::exchange(reciprocalTyped_, typed == u"/"_s);
+    if (reciprocalTyped_) return true;
+    const auto position = ui_->CmbCell->findText(reciprocal ? u"1/"_s + typed : typed);
+    if (typed.isEmpty() || !isEntryCell(row, column)) return false;
+    if (reciprocal && typed == u"1"_s) {
+        setCell(row, column, ui_->CmbCell->findText(typed));
+    } else if (position >= 0) {
+        setCell(row, column, position);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// At the end of a row the arrow goes on to the next pair, at its beginning back to the pair before.
+bool 比較値設定::moveOn(int row, int column, int key) {
+    reciprocalTyped_ = false;
+    auto* grid = ui_->MSFlexGrid1;
+    if (key == Qt::Key_Right && column == itemCount_ && row + 1 < itemCount_) {
+        grid->setCurrent(row + 1, row + 2);
+    } else if (key == Qt::Key_Left && column == row + 1 && row > 1) {
+        grid->setCurrent(row - 1, itemCount_);
+    } else {
+        return false;
+    }
+    return true;
+}

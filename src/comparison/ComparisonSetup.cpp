@@ -1,0 +1,120 @@
+#include "comparison/ComparisonSetup.h"
+
+#include "platform/Dates.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "ui_ComparisonSetup.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+比較者設定::比較者設定() : Screen(u"比較者設定"_s), ui_(std::make_unique<Ui::ComparisonSetup>()) {
+    ui_->setupUi(this);
+    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onAction(ui_->Command1, u"開始"_s, [this] { Command1_Click(); });
+    onEvent(ui_->Command2, &QPushButton::clicked, [this] { Command2_Click(); });
+}
+
+比較者設定::~比較者設定() = default;
+
+void 比較者設定::Form_Load() {
+    MsgTitle = windowTitle();
+    for (Recordset rows(u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル FROM 課題 T1,要因 T2 "
+                        "WHERE T1.課題番号 = T2.要因番号 order by 課題番号"_s,
+                        *DbConn);
+         !rows.eof(); rows.moveNext()) {
+        const auto& problem =
+            problems_.emplace_back(rows[u"課題番号"_s].toText(), NullToEmpty(rows[u"要因名"_s]));
+        ui_->Combo1->addItem(formatNumber(problem.number.toDouble(), u"0000"_s) + u' ' + problem.name);
+    }
+    ui_->Text2->setText(formatDate(QDate::currentDate()));
+    centre();
+}
+
+void 比較者設定::Combo1_Click() {
+    const auto& problem = problems_.at(static_cast<std::size_t>(ui_->Combo1->currentIndex()));
+    const Recordset round(u"SELECT 比較回数 FROM 課題 WHERE 課題番号 = %1"_s.arg(problem.number), *DbConn);
+    ui_->Label5->setText(NullToEmpty(round[u"比較回数"_s]));
+
+    Recordset rows(
+        u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2  "
+        "WHERE 課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
+            problem.number),
+        *DbConn);
+    if (rows.eof())
+        return refuse(u" '%1' の課題評価者は登録されてません。"_s.arg(ui_->Combo1->currentText()));
+    ui_->Combo2->clear();
+    evaluators_.clear();
+    for (; !rows.eof(); rows.moveNext()) {
+        const auto& evaluator =
+            evaluators_.emplace_back(rows[u"評価者番号"_s].toText(), NullToEmpty(rows[u"評価者氏名"_s]));
+        ui_->Combo2->addItem(evaluator.number + u' ' + evaluator.name);
+    }
+}
+
+void 比較者設定::Command1_Click() {
+    if (!takeProblem()) return;
+    CmpRound = toInteger(leadingNumber(ui_->Label5->text()));
+    if (!takeEvaluator() || !takeDate()) return;
+    tellExistingRound();
+    Forms.show(u"比較値設定"_s);
+    Forms.unload(name());
+}
+
+bool 比較者設定::takeProblem() {
+    const int chosen = ui_->Combo1->currentIndex();
+    if (chosen < 0) {
+        refuse(u"評価対象課題が未選択です。"_s);
+        return false;
+    }
+    CmpProblemNo = Value(problems_.at(static_cast<std::size_t>(chosen)).number).toLong();
+    CmpProblemName = problems_.at(static_cast<std::size_t>(chosen)).name;
+    const Recordset structure(u"SELECT 課題番号 FROM 要因構成 WHERE 課題番号 = %1"_s.arg(CmpProblemNo),
+                              *DbConn);
+    if (!structure.eof()) return true;
+    refuse(u"選択された評価対象課題は要因構成に存在しません"_s);
+    return false;
+}
+
+bool 比較者設定::takeEvaluator() {
+    const int chosen = ui_->Combo2->currentIndex();
+    if (chosen < 0) {
+        refuse(u"評価者が未選択です。"_s);
+        return false;
+    }
+    CmpEvaluatorNo = Value(evaluators_.at(static_cast<std::size_t>(chosen)).number).toLong();
+    CmpEvaluatorName = evaluators_.at(static_cast<std::size_t>(chosen)).name;
+    return true;
+}
+
+bool 比較者設定::takeDate() {
+    const auto date = parseDate(ui_->Text2->text());
+    if (!date) {
+        refuse(u"評価日付が不正です。"_s);
+        ui_->Text2->setFocus();
+        return false;
+    }
+    CmpDate = formatDate(*date);
+    return true;
+}
+
+// Entering a round again is allowed; the evaluator should only know of it.
+void 比較者設定::tellExistingRound() {
+    const Recordset values(
+        u"SELECT 比較回数 FROM 一対比較 WHERE 課題番号 = %1 AND 比較回数 =%2 AND 評価者番号 =%3"_s
+            .arg(CmpProblemNo)
+            .arg(CmpRound)
+            .arg(CmpEvaluatorNo),
+        *DbConn);
+    if (values.eof()) return;
+    MsgText = u"指定された比較回数は一対比較に存在します"_s;
+    showMessage(MessageStyle::Plain);
+}
+
+void 比較者設定::Command2_Click() {
+    CmpProblemNo = 0;
+    CmpProblemName.clear();
+    CmpEvaluatorNo = 0;
+    CmpEvaluatorName.clear();
+    leaveTo(u"メニュー"_s);
+}

@@ -1,0 +1,35 @@
+// Comparison setup: problem, evaluator, round and date of a comparison session.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "core/Screen.h"
+
+namespace Ui {
+class ComparisonSetup;
+}
+
+class 比較者設定 : public Screen {
+  public:
+    比較者設定();
+    ~比較者設定() override;
+
+    void Form_Load() override;
+    void frameClosed() override { Command2_Click(); }
+
+  private:
+    void Combo1_Click();
+    void Command1_Click();
+    void Command2_Click();
+
+    bool takeProblem();
+    bool takeEvaluator();
+    bool takeDate();
+    void tellExistingRound();
+
+    std::unique_ptr<Ui::ComparisonSetup> ui_;
+    // Parallel to the entries of the two lists.
+    std::vector<Common::NumberedName> problems_;
+    std::vector<Common::NumberedName> evaluators_;
+};

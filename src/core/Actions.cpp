@@ -1,0 +1,50 @@
+#include "core/Actions.h"
+
+#include <QCoreApplication>
+
+#include "core/Common.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The description of the error, or nothing.
+std::optional<QString> errorOf(const std::function<void()>& body) {
+    try {
+        body();
+        return std::nullopt;
+    } catch (const RuntimeError& error) {
+        return error.description();
+    }
+}
+
+// Runs the body, then ends the unit of work whether the body failed or not; a first error is told before a
+// failure to make durable what was written.
+void runUnitOfWork(const std::function<void()>& body, const std::function<void(const QString&)>& report) {
+    const auto failed = errorOf(body);
+    const auto notDurable = errorOf([] {
+        if (Common::DbConn) Common::DbConn->endUnitOfWork();
+    });
+    for (const auto& error : {failed, notDurable})
+        if (error) report(*error);
+}
+
+} // namespace
+
+void runAction(const QString& caption, const std::function<void()>& body) {
+    runUnitOfWork(body, [&caption](const QString& error) {
+        Common::MsgText = error;
+        Common::Presenter(error, caption, MessageStyle::Exclamation);
+    });
+}
+
+void runEvent(const std::function<void()>& body) {
+    runUnitOfWork(body, reportUnhandled);
+}
+
+void reportUnhandled(const QString& description) {
+    Common::Presenter(
+        u"処理されていないエラーが発生したため、プログラムを終了します。\n%1"_s.arg(description), u"Hollin"_s,
+        MessageStyle::Exclamation);
+    QCoreApplication::exit(1);
+}

@@ -1,0 +1,94 @@
+// Session state that the screens hand to each other, and the small procedures they share.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+#include "platform/BoundedArray.h"
+#include "platform/Connection.h"
+#include "platform/MessageBox.h"
+#include "platform/Printer.h"
+#include "platform/Value.h"
+
+class Screens;
+
+namespace Common {
+
+// A number and a name, both as text, of one row of a list.
+struct NumberedName {
+    QString number;
+    QString name;
+};
+
+// All live for the whole run; none is stored.
+extern std::unique_ptr<Connection> DbConn;
+extern QString MsgTitle;
+extern QString MsgText;
+extern QString AppDir; // without trailing separator
+
+extern QString ProblemEntry; // "number:name"
+extern qint32 ProblemNo;
+extern QString ProblemNoText;
+extern QString EvaluatorEntry; // "number:name"
+extern BoundedArray<qint32, 101> EvaluatorNos;
+extern qint16 EvaluatorCount;
+extern QString RoundEntry;
+extern qint16 RoundCount;
+
+extern QString CmpProblemName;
+extern qint32 CmpProblemNo;
+extern qint32 CmpEvaluatorNo;
+extern QString CmpEvaluatorName;
+extern QString CmpDate; // "yyyy/mm/dd"
+extern qint16 CmpRound;
+
+extern std::vector<NumberedName> PickList;
+extern qint16 PickCount; // index into PickList, -1: none chosen
+extern qint16 EvaluatorLoadFailed;
+
+extern qint32 StructProblemNo;
+extern std::vector<NumberedName> StructList;
+
+// What the program shows with: who presents message boxes, the printer that stays selected for the whole run,
+// and the open forms.
+extern MessagePresenter Presenter;
+extern ReportPrinter Printer;
+extern Screens Forms;
+
+// Opens a fresh connection to DB/Hollin.mdb beside the program in place of the previous one. Raises a
+// database error when the file is missing, no database or locked by another password.
+void openDatabase(const QString& applicationDirectory);
+
+// Shows MsgText under MsgTitle, or under `title`. Ends the unit of work first: nobody knows how long the user
+// will look at the box. Raises an error when that fails.
+MessageAnswer showMessage(MessageStyle style);
+MessageAnswer showMessage(MessageStyle style, const QString& title);
+
+// MsgText = text, shown with the exclamation icon under MsgTitle.
+void refuse(const QString& text);
+// MsgText = text, asked with Yes and No under MsgTitle; true for Yes.
+bool confirm(const QString& text);
+
+// The value, or 0 for null and "".
+Value NullToZero(const Value& value);
+// "" for null, otherwise the value as text.
+QString NullToEmpty(const Value& value);
+
+// Each says in a message box what is missing and returns false. CheckEvaluatorChosen raises error 5 for an
+// entry without ":".
+bool CheckProblemChosen();
+bool CheckEvaluatorChosen();
+bool CheckRoundChosen();
+// Both checks, always both: when both are missing the user sees both messages, the round's first.
+bool CheckRoundAndEvaluator();
+
+// The text in full-width (flag set; `width` is halved for the caller too) or half-width characters, padded on
+// the right or cut to `width` characters. Raises error 5 for a negative width.
+QString PadWidth(const QString& text, qint16& width, const qint16& fullWidth);
+// The text padded with blanks on the left or cut to its first `width` characters. Raises error 5 for a
+// negative width.
+QString PadLeft(const QString& text, const qint16& width);
+
+} // namespace Common

@@ -1,0 +1,34 @@
+// Base of the program's screens: how their controls are tied to event procedures.
+#pragma once
+
+#include <QAbstractButton>
+
+#include "core/Actions.h"
+#include "core/Common.h"
+#include "core/Screens.h"
+#include "platform/Form.h"
+
+class Screen : public Form {
+  public:
+    using Form::Form;
+
+  protected:
+    // Ties a signal to an event procedure that has no error handler of its own.
+    template <typename Sender, typename Signal, typename Procedure>
+    void onEvent(Sender* sender, Signal signal, Procedure procedure) {
+        connect(sender, signal, this, [procedure] { runEvent(procedure); });
+    }
+
+    // Ties a button to an action procedure whose errors are shown under `caption`.
+    template <typename Procedure>
+    void onAction(QAbstractButton* button, const QString& caption, Procedure procedure) {
+        connect(button, &QAbstractButton::clicked, this,
+                [caption, procedure] { runAction(caption, procedure); });
+    }
+
+    // Leaves the screen: shows the menu, then closes the screen.
+    void leaveTo(const QString& menu) {
+        Common::Forms.show(menu);
+        Common::Forms.unload(name());
+    }
+};

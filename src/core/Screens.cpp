@@ -1,0 +1,44 @@
+#include "core/Screens.h"
+
+#include <QCoreApplication>
+
+#include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
+
+void Screens::show(const QString& name) {
+    if (!loaded_.contains(name)) {
+        const auto maker = makers_.find(name);
+        if (maker == makers_.end())
+            throw RuntimeError(ErrorCode::InvalidCall, u"画面「%1」がありません。"_s.arg(name));
+        Form* form = (loaded_[name] = decltype(loaded_)::mapped_type(maker->second().release())).get();
+        try {
+            form->Form_Load();
+        } catch (...) {
+            loaded_.erase(name);
+            throw;
+        }
+    }
+    // A load handler may have unloaded its own form.
+    if (Form* form = find(name)) {
+        form->show();
+        form->raise();
+        form->activateWindow();
+    }
+}
+
+void Screens::unload(const QString& name) {
+    auto node = loaded_.extract(name);
+    if (node.empty()) return;
+    node.mapped()->unload();
+    if (loaded_.empty()) QCoreApplication::quit();
+}
+
+Form* Screens::find(const QString& name) const {
+    const auto found = loaded_.find(name);
+    return found == loaded_.end() ? nullptr : found->second.get();
+}
+
+void Screens::unloadAll() {
+    while (!loaded_.empty()) unload(loaded_.begin()->first);
+}

@@ -1,0 +1,56 @@
+#include "evaluation/PowerMethod.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/Common.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Vector = BoundedArray<double, comparisonItems>;
+
+constexpr double tolerance = 1e-6;
+constexpr int iterationLimit = 200;
+constexpr int itemLimit = 20;
+
+Vector product(const ComparisonMatrix& comparison, int n) {
+    Vector y;
+    for (int i = 0; i < n; ++i) {
+        const auto& row = comparison.value[i];
+        for (int j = 0; j < n; ++j) y[i] += row[j] * comparison.weight[j];
+    }
+    return y;
+}
+
+double largestComponent(const Vector& y, int n) {
+    double largest = std::abs(y[0]);
+    for (int i = 1; i < n; ++i) largest = std::max(largest, std::abs(y[i]));
+    return largest;
+}
+
+} // namespace
+
+bool power(ComparisonMatrix& comparison, qint16 n) {
+    if (n > itemLimit) {
+        Common::refuse(u"項目数は20までです"_s);
+        return false;
+    }
+    auto& w = comparison.weight;
+    for (int i = 0; i < n; ++i) w[i] = i == 0 ? 1 : 0;
+
+    for (int iteration = 1; iteration <= iterationLimit; ++iteration) {
+        const Vector y = product(comparison, n);
+        comparison.eigenvalue = largestComponent(y, n);
+        if (comparison.eigenvalue <= tolerance) return true;
+        double difference = 0;
+        for (int i = 0; i < n; ++i) {
+            const double scaled = y[i] / comparison.eigenvalue;
+            difference = std::max(difference, std::abs(w[i] - scaled));
+            w[i] = scaled;
+        }
+        if (difference <= tolerance) return true;
+    }
+    return false;
+}

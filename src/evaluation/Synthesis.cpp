@@ -1,0 +1,110 @@
+#include "evaluation/Synthesis.h"
+
+#include <QString>
+
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
+#include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Round {
+    Connection& connection;
+    qint32 problemNo;
+    qint32 evaluatorNo;
+    qint16 round;
+
+    void execute(const QString& sql) const { connection.execute(filled(sql)); }
+    // %1 problem, %2 evaluator, %3 round.
+    QString filled(const QString& sql) const { return sql.arg(problemNo).arg(evaluatorNo).arg(round); }
+};
+
+qint32 countOf(Connection& connection, const QString& sql, const QString& field) {
+    return Recordset(sql, connection)[field].toLong();
+}
+
+// A path that visits no factor twice has at most as many edges as there are parents.
+int deepestLevel(const Round& of) {
+    return countOf(of.connection,
+                   of.filled(u"select count(distinct 親要因番号) as ncount from 評価結果"
+                             " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s),
+                   u"ncount"_s);
+}
+
+// Fills tempfac with one row for each occurrence of an edge reached from the problem.
+void walkHierarchy(const Round& of) {
+    of.execute(u"delete from tempfac"_s);
+    of.connection.execute(
+        u"insert into tempfac (parent,child,lev,score) values(%1,%1,0,1)"_s.arg(of.problemNo));
+    const int deepest = deepestLevel(of);
+    qint32 previous = 1;
+    for (int level = 1;; ++level) {
+        of.connection.execute(
+            u"insert into tempfac (parent,child,lev,score2,score)"
+            " select 親要因番号,子要因番号,%1,評価値,score*評価値 from 評価結果,tempfac"
+            " where 課題番号=%2 and lev =%3 and child = 親要因番号 and 評価者番号 = %4 and 比較回数=%5"_s
+                .arg(level)
+                .arg(of.problemNo)
+                .arg(level - 1)
+                .arg(of.evaluatorNo)
+                .arg(of.round));
+        const auto count = countOf(of.connection, u"select count(*) as ncount from tempfac"_s, u"ncount"_s);
+        if (count == previous) break;
+        if (level > deepest)
+            throw RuntimeError(
+                ErrorCode::InvalidCall,
+                u"課題 %1 の要因構成が循環しています。要因構成登録で確かめてください。"_s.arg(of.problemNo));
+        previous = count;
+    }
+    of.connection.execute(u"delete from tempfac where child = %1"_s.arg(of.problemNo));
+}
+
+void writeGlobalWeights(const Round& of) {
+    of.execute(u"delete from 評価結果 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s);
+    of.execute(
+        u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値)"
+        " select %1,parent,child,%2,%3,score2,0,sum(score) from tempfac group by parent,child,score2"_s);
+}
+
+void markLeaf(const Round& of, qint32 parentNo, qint32 childNo) {
+    of.connection.execute(
+        u"update 評価結果 set レベル = 1 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"
+        " and 親要因番号=%4 and 子要因番号=%5"_s.arg(of.problemNo)
+            .arg(of.evaluatorNo)
+            .arg(of.round)
+            .arg(parentNo)
+            .arg(childNo));
+}
+
+void markLeaves(const Round& of) {
+    for (Recordset edges(u"select parent,child from tempfac"_s, of.connection); !edges.eof();
+         edges.moveNext()) {
+        const auto childNo = edges[u"Child"_s].toLong();
+        const auto children =
+            countOf(of.connection,
+                    u"select count(*) as cnt from 要因構成 where 課題番号 = %1 and 親要因番号 = %2"_s
+                        .arg(of.problemNo)
+                        .arg(childNo),
+                    u"cnt"_s);
+        if (children == 0) markLeaf(of, edges[u"Parent"_s].toLong(), childNo);
+    }
+}
+
+void totalLeaves(const Round& of) {
+    of.execute(
+        u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値)"
+        " select %1,%1,子要因番号,%2,%3,count(*),2,sum(総合評価値) from 評価結果"
+        " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3 and レベル=1 group by 子要因番号"_s);
+}
+
+} // namespace
+
+void synthesise(Connection& connection, qint32 problemNo, qint32 evaluatorNo, qint16 round) {
+    const Round of{connection, problemNo, evaluatorNo, round};
+    walkHierarchy(of);
+    writeGlobalWeights(of);
+    markLeaves(of);
+    totalLeaves(of);
+}

@@ -1,0 +1,53 @@
+// Starts the program: fonts, translator, the table of screens, メニュー.
+#include <QApplication>
+#include <QDesktopServices>
+#include <QLibraryInfo>
+#include <QTranslator>
+#include <QUrl>
+
+#include "comparison/ComparisonGrid.h"
+#include "comparison/ComparisonSetup.h"
+#include "core/Actions.h"
+#include "core/Common.h"
+#include "core/Menus.h"
+#include "core/Screens.h"
+#include "platform/Fonts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void registerScreens(Screens& screens) {
+    screens.add<メニュー>(u"メニュー"_s);
+    screens.add<登録メニュー>(u"登録メニュー"_s);
+    screens.add<比較者設定>(u"比較者設定"_s);
+    screens.add<比較値設定>(u"比較値設定"_s);
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"Hollin"_s);
+    QApplication::setQuitOnLastWindowClosed(false); // the last form that unloads ends the program
+    installFontSubstitutions();
+    QApplication::setFont(QFont(u"ＭＳ Ｐゴシック"_s, 11));
+
+    QTranslator standardTexts;
+    if (standardTexts.load(u"qtbase_ja"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&standardTexts);
+
+    Common::Presenter = desktopPresenter();
+    Common::Printer.onDocument(
+        [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+    registerScreens(Common::Forms);
+    int code = 1;
+    try {
+        Common::Forms.show(u"メニュー"_s);
+        code = QApplication::exec();
+    } catch (const RuntimeError& error) {
+        reportUnhandled(error.description());
+    }
+    Common::Forms.unloadAll();
+    return code;
+}
