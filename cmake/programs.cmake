@@ -8,4 +8,4 @@ function(hollin_program name)
   install(TARGETS ${name} RUNTIME DESTINATION .)
 endfunction()
 
-hollin_program(hollin SOURCES src/main.cpp LIBRARIES hollin_registration hollin_analysis)
+hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp LIBRARIES hollin_registration hollin_analysis)

@@ -5,26 +5,13 @@
 #include <QTranslator>
 #include <QUrl>
 
-#include "comparison/ComparisonGrid.h"
-#include "comparison/ComparisonSetup.h"
+#include "ScreenTable.h"
 #include "core/Actions.h"
 #include "core/Common.h"
-#include "core/Menus.h"
 #include "core/Screens.h"
 #include "platform/Fonts.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-void registerScreens(Screens& screens) {
-    screens.add<メニュー>(u"メニュー"_s);
-    screens.add<登録メニュー>(u"登録メニュー"_s);
-    screens.add<比較者設定>(u"比較者設定"_s);
-    screens.add<比較値設定>(u"比較値設定"_s);
-}
-
-} // namespace
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
@@ -40,7 +27,7 @@ int main(int argc, char* argv[]) {
     Common::Presenter = desktopPresenter();
     Common::Printer.onDocument(
         [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
-    registerScreens(Common::Forms);
+    fillScreenTable(Common::Forms);
     int code = 1;
     try {
         Common::Forms.show(u"メニュー"_s);

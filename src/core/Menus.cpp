@@ -1,9 +1,10 @@
 #include "core/Menus.h"
 
-#include <QCoreApplication>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
+
+#include "platform/ApplicationDirectory.h"
 
 using namespace Qt::StringLiterals;
 
@@ -70,7 +71,7 @@ bool Menu::open(const QString& screen) {
 メニュー::メニュー() : Menu(u"メニュー"_s, mainEntries) {}
 
 void メニュー::Form_Load() {
-    Common::openDatabase(QCoreApplication::applicationDirPath());
+    Common::openDatabase(applicationDirectory());
 }
 
 void メニュー::end() {

@@ -24,6 +24,9 @@ class Recordset {
     const Value& field(const QString& name) const;
     const Value& operator[](const QString& name) const { return field(name); }
 
+    // Names of the fields in the order of the statement.
+    const QStringList& fieldNames() const { return names_; }
+
     // Adds a record to the table: addNew, setField for its columns, update.
     void addNew();
     void setField(const QString& name, const Value& value);

@@ -1,0 +1,6 @@
+// The table of screens: what a menu or a screen asks for by name.
+#pragma once
+
+class Screens;
+
+void fillScreenTable(Screens& screens);
