@@ -9,3 +9,23 @@ function(hollin_program name)
 endfunction()
 
 hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp LIBRARIES hollin_registration hollin_analysis)
+hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp src/tools/tools.qrc
+               LIBRARIES hollin_comparison)
+
+# Users edit the message files and fill the database: what stands in the program directory is never replaced.
+add_custom_target(
+  hollin_directory ALL
+  COMMAND ${CMAKE_COMMAND} -DDIRECTORY=${HOLLIN_DIRECTORY} -DSHARE=${CMAKE_SOURCE_DIR}/share -P
+          ${CMAKE_SOURCE_DIR}/cmake/program_directory.cmake
+  VERBATIM)
+install(CODE "set(DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")\nset(SHARE \"${CMAKE_SOURCE_DIR}/share\")")
+install(SCRIPT cmake/program_directory.cmake)
+install(SCRIPT cmake/delivered_database.cmake)
+install(FILES share/hollin.desktop share/hollin.svg README.md DESTINATION .)
+
+# An archive that is unpacked anywhere and run.
+set(CPACK_GENERATOR TGZ)
+set(CPACK_PACKAGE_NAME hollin)
+set(CPACK_PACKAGE_FILE_NAME hollin-${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_VERBATIM_VARIABLES ON)
+include(CPack)

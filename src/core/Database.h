@@ -4,3 +4,10 @@
 #include <QString>
 
 inline const QString databasePassword = QStringLiteral("tobul");
+
+// The connection string of a database file ("\" or "/" between folders).
+inline QString databaseConnectionString(const QString& file) {
+    return QStringLiteral("Data Provider=Microsoft.Jet.OLEDB.4.0; ") + QStringLiteral("Data Source=") + file +
+           QStringLiteral(";Persist Security Info=False;") + QStringLiteral("Jet OLEDB:Database Password=") +
+           databasePassword;
+}

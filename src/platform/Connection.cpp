@@ -4,7 +4,7 @@
 
 #include <QFileInfo>
 
-#include "platform/RuntimeError.h"
+#include "platform/DatabaseError.h"
 #include "platform/SqlText.h"
 #include "platform/TextFile.h"
 
@@ -21,29 +21,6 @@ QString part(const QString& connectionString, const QString& name) {
     const auto from = start + name.size() + 1;
     const auto end = connectionString.indexOf(u';', from);
     return connectionString.mid(from, end < 0 ? -1 : end - from);
-}
-
-QString explanation(int code) {
-    switch (code & 0xff) {
-        case SQLITE_NOTADB:
-            return u"データベースのファイルではないか、パスワードが違います。"_s;
-        case SQLITE_CORRUPT:
-            return u"データベースのファイルが壊れています。"_s;
-        case SQLITE_FULL:
-            return u"ディスクの空き容量が足りません。"_s;
-        case SQLITE_READONLY:
-        case SQLITE_PERM:
-            return u"データベースに書き込めません。フォルダーとファイルの権限を確かめてください。"_s;
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return u"データベースをほかのプログラムが使用しています。"_s;
-        case SQLITE_CANTOPEN:
-            return u"データベースのファイルを開けません。"_s;
-        case SQLITE_IOERR:
-            return u"データベースのファイルの読み書きに失敗しました。"_s;
-        default:
-            return {};
-    }
 }
 
 } // namespace
@@ -152,8 +129,5 @@ void Connection::run(const char* sql) {
 }
 
 void Connection::fail(const QString& what) const {
-    const QString reason = explanation(sqlite3_extended_errcode(database_));
-    const QString words = QString::fromUtf8(sqlite3_errmsg(database_));
-    throw RuntimeError(ErrorCode::Database,
-                       (reason.isEmpty() ? what : what + u'\n' + reason) + u"\n(%1)"_s.arg(words));
+    throw databaseError(database_, what);
 }

@@ -1,0 +1,132 @@
+#include "platform/DatabaseFile.h"
+
+#include <fcntl.h>
+#include <sqlcipher/sqlite3.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+
+#include "platform/DatabaseError.h"
+#include "platform/TextFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int busyMilliseconds = 5000; // the program may be writing for a moment
+
+struct DatabaseCloser {
+    void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+};
+using Database = std::unique_ptr<sqlite3, DatabaseCloser>;
+
+void run(const Database& database, const char* sql, const QString& what) {
+    if (sqlite3_exec(database.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw databaseError(database.get(), what);
+}
+
+// An existing file, unlocked. The key of a file with contents proves right or wrong at the first read.
+Database openUnlocked(const QString& path, const QString& password) {
+    const QString failure = u"データベースを開けません。\n%1"_s.arg(path);
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+    Database database(opened);
+    const QByteArray key = password.toUtf8();
+    if (code != SQLITE_OK || sqlite3_key(opened, key.constData(), static_cast<int>(key.size())) != SQLITE_OK)
+        throw databaseError(opened, failure);
+    sqlite3_extended_result_codes(opened, 1);
+    sqlite3_busy_timeout(opened, busyMilliseconds);
+    run(database, "PRAGMA temp_store = MEMORY; PRAGMA synchronous = FULL", failure);
+    run(database, "SELECT count(*) FROM sqlite_master", failure);
+    return database;
+}
+
+QString existingFile(const QString& path) {
+    const QString native = nativePath(path);
+    if (!QFileInfo(native).isFile())
+        throw RuntimeError(ErrorCode::FileNotFound, u"ファイルが見つかりません。\n%1"_s.arg(native));
+    return native;
+}
+
+[[noreturn]] void refuse(const QString& what, const QString& path) {
+    throw RuntimeError(ErrorCode::FileAccess, what + u'\n' + path);
+}
+
+// False, with errno, when the name is taken: a rename would replace what stands there. File systems that know
+// no such rename know hard links.
+bool renameWithoutReplacing(const QByteArray& from, const QByteArray& to) {
+    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) return true;
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    return ::link(from.constData(), to.constData()) == 0 && ::unlink(from.constData()) == 0;
+}
+
+// A power cut must not take back the name of a finished file.
+void syncFolder(const QString& folder) {
+    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) return;
+    ::fsync(handle);
+    ::close(handle);
+}
+
+} // namespace
+
+NewFile::NewFile(const QString& target) : target_(nativePath(target)) {
+    const QFileInfo info(target_);
+    if (!info.dir().exists())
+        throw RuntimeError(ErrorCode::PathNotFound, u"パスが見つかりません。\n%1"_s.arg(info.path()));
+    if (info.exists() || info.isSymLink()) refuse(u"ファイルは既に存在します。"_s, target_);
+    QTemporaryFile reserved(target_ + u".XXXXXX"_s);
+    reserved.setAutoRemove(false);
+    if (!reserved.open()) refuse(u"ファイルを作成できません。(%1)"_s.arg(reserved.errorString()), target_);
+    temporaryPath_ = reserved.fileName();
+}
+
+NewFile::~NewFile() {
+    if (published_) return;
+    QFile::remove(temporaryPath_);
+    QFile::remove(temporaryPath_ + u"-journal"_s);
+}
+
+void NewFile::publish() {
+    if (!renameWithoutReplacing(QFile::encodeName(temporaryPath_), QFile::encodeName(target_)))
+        refuse(errno == EEXIST ? u"ファイルは既に存在します。"_s
+                               : u"ファイルに名前を付けられません。(%1)"_s.arg(qt_error_string(errno)),
+               target_);
+    published_ = true;
+    syncFolder(QFileInfo(target_).path());
+}
+
+void createEncryptedDatabase(const QString& path, const QString& password) {
+    const auto database = openUnlocked(existingFile(path), password);
+    // Writes the first page, so that the file is a database that opens with this password only.
+    run(database, "PRAGMA user_version = 1", u"データベースを作成できません。\n%1"_s.arg(path));
+}
+
+QStringList databaseFaults(const QString& path, const QString& password) {
+    const auto database = openUnlocked(existingFile(path), password);
+    QStringList faults;
+    const auto collect = [](void* list, int, char** columns, char**) {
+        static_cast<QStringList*>(list)->append(QString::fromUtf8(columns[0]));
+        return 0;
+    };
+    if (sqlite3_exec(database.get(), "PRAGMA integrity_check", collect, &faults, nullptr) != SQLITE_OK)
+        faults << databaseError(database.get(), u"データベースを最後まで読めません。"_s).description();
+    faults.removeAll(u"ok"_s);
+    return faults;
+}
+
+void copyDatabase(const QString& path, const QString& copy, const QString& password) {
+    const auto source = openUnlocked(existingFile(path), password);
+    const auto target = openUnlocked(existingFile(copy), password);
+    const QString failure = u"データベースを写せません。\n%1"_s.arg(copy);
+    sqlite3_backup* backup = sqlite3_backup_init(target.get(), "main", source.get(), "main");
+    if (backup == nullptr) throw databaseError(target.get(), failure);
+    sqlite3_backup_step(backup, -1);
+    if (sqlite3_backup_finish(backup) != SQLITE_OK) throw databaseError(target.get(), failure);
+}

@@ -1,0 +1,162 @@
+// hollin-database: makes, verifies and copies the database file. Exit code 0, 1 when it failed or found
+// faults, 2 for wrong usage.
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QTextStream>
+#include <array>
+#include <string_view>
+
+#include "core/Database.h"
+#include "core/Schema.h"
+#include "platform/Connection.h"
+#include "platform/DatabaseFile.h"
+#include "platform/Recordset.h"
+#include "platform/RuntimeError.h"
+#include "tools/SampleProblem.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum ExitCode { success = 0, failure = 1, wrongUsage = 2 };
+
+constexpr std::u16string_view usage =
+    u"使い方:\n"
+    u"  hollin-database create FILE [--sample]  データベースを作成します。--sample "
+    u"を付けると例題を入れます。\n"
+    u"  hollin-database check FILE              データベースに誤りがないか調べます。\n"
+    u"  hollin-database backup FILE COPY        データベースの写しを作ります。使用中でも作れます。\n"
+    u"既にあるファイルには上書きしません。";
+
+void say(const QString& text) {
+    QTextStream(stdout) << text << Qt::endl;
+}
+
+void complain(const QString& text) {
+    QTextStream(stderr) << u"hollin-database: "_s << text << Qt::endl;
+}
+
+void open(Connection& connection, const QString& file) {
+    connection.setConnectionString(databaseConnectionString(file));
+    connection.open({}, {}, -1);
+}
+
+// The evaluator screen proposes the number after the greatest one, so there has to be one.
+void addFirstEvaluator(Connection& connection) {
+    connection.execute(u"INSERT INTO 評価者 (評価者番号,評価者氏名,所属部門) VALUES (1,'評価者１','')"_s);
+}
+
+int create(const QStringList& files, bool withSample) {
+    NewFile file(files[0]);
+    createEncryptedDatabase(file.temporaryPath(), databasePassword);
+    Connection connection;
+    open(connection, file.temporaryPath());
+    createSchema(connection);
+    if (withSample) {
+        addProblem(connection, sampleProblem());
+    } else {
+        addFirstEvaluator(connection);
+    }
+    connection.close();
+    file.publish();
+    say(u"データベースを作成しました: %1"_s.arg(files[0]));
+    return success;
+}
+
+QStringList faultsOf(const QString& file) {
+    const QStringList faults = databaseFaults(file, databasePassword);
+    if (!faults.isEmpty()) return faults;
+    Connection connection;
+    open(connection, file);
+    return missingFromSchema(connection);
+}
+
+void sayRowCounts(const QString& file) {
+    Connection connection;
+    open(connection, file);
+    for (const auto& table : schemaTables()) {
+        const Recordset count(u"SELECT count(*) AS 行数 FROM %1"_s.arg(table.name), connection);
+        say(u"  %1: %2 行"_s.arg(table.name, count[u"行数"_s].toText()));
+    }
+}
+
+int check(const QStringList& files, bool) {
+    const QStringList faults = faultsOf(files[0]);
+    for (const auto& fault : faults) complain(fault);
+    if (!faults.isEmpty()) return failure;
+    say(u"データベースに誤りはありません: %1"_s.arg(files[0]));
+    sayRowCounts(files[0]);
+    return success;
+}
+
+int backup(const QStringList& files, bool) {
+    NewFile copy(files[1]);
+    copyDatabase(files[0], copy.temporaryPath(), databasePassword);
+    const QStringList faults = faultsOf(copy.temporaryPath());
+    for (const auto& fault : faults) complain(fault);
+    if (!faults.isEmpty()) return failure;
+    copy.publish();
+    say(u"写しを作成しました: %1"_s.arg(files[1]));
+    return success;
+}
+
+struct Command {
+    std::u16string_view name;
+    int files;
+    bool takesSample;
+    int (*run)(const QStringList& files, bool withSample);
+};
+constexpr std::array commands{
+    Command{u"create", 1, true, create},
+    Command{u"check", 1, false, check},
+    Command{u"backup", 2, false, backup},
+};
+
+QString text(std::u16string_view view) {
+    return QStringView(view).toString();
+}
+
+int refuseUsage(const QString& reason) {
+    complain(reason);
+    complain(text(usage));
+    return wrongUsage;
+}
+
+int runCommand(QStringList files, bool withSample) {
+    if (files.isEmpty()) return refuseUsage(u"コマンドを指定してください。"_s);
+    const QString name = files.takeFirst();
+    for (const auto& command : commands) {
+        if (name != text(command.name)) continue;
+        if (files.size() != command.files) return refuseUsage(u"ファイルの数が違います。"_s);
+        if (withSample && !command.takesSample) return refuseUsage(u"--sample は create だけで使えます。"_s);
+        return command.run(files, withSample);
+    }
+    return refuseUsage(u"不明なコマンドです: %1"_s.arg(name));
+}
+
+int run(const QStringList& arguments) {
+    QCommandLineParser parser;
+    const QCommandLineOption sample(u"sample"_s);
+    const QCommandLineOption help(QStringList{u"h"_s, u"help"_s});
+    parser.addOptions({sample, help});
+    if (!parser.parse(arguments)) {
+        const auto unknown = parser.unknownOptionNames();
+        return refuseUsage(unknown.isEmpty() ? u"オプションの書き方が違います。"_s
+                                             : u"不明なオプションです: %1"_s.arg(unknown.join(u", "_s)));
+    }
+    if (!parser.isSet(help)) return runCommand(parser.positionalArguments(), parser.isSet(sample));
+    say(text(usage));
+    return success;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const QCoreApplication application(argc, argv);
+    try {
+        return run(QCoreApplication::arguments());
+    } catch (const RuntimeError& error) {
+        complain(error.description());
+        return failure;
+    }
+}
