@@ -103,6 +103,11 @@ void NewFile::publish() {
 }
 
 void createEncryptedDatabase(const QString& path, const QString& password) {
+    QFile file(nativePath(path));
+    if (file.size() > 0) refuse(u"ファイルは既に存在します。"_s, path);
+    if (!file.open(QIODevice::ReadWrite, QFile::ReadOwner | QFile::WriteOwner))
+        refuse(u"ファイルを作成できません。(%1)"_s.arg(file.errorString()), path);
+    file.close();
     const auto database = openUnlocked(existingFile(path), password);
     // Writes the first page, so that the file is a database that opens with this password only.
     run(database, "PRAGMA user_version = 1", u"データベースを作成できません。\n%1"_s.arg(path));

@@ -25,7 +25,8 @@ class NewFile {
     bool published_ = false;
 };
 
-// Makes an encrypted database without tables in the empty file `path`.
+// Makes an encrypted database without tables: a new file of mode 0600, or in a file that is still empty.
+// Raises error 75 for a file with contents.
 void createEncryptedDatabase(const QString& path, const QString& password);
 
 // What the engine finds wrong with the file, page by page: empty when it is sound. Raises a database error
