@@ -1,6 +1,7 @@
 # The three programs and what stands beside them, laid out alike in the build and in an installation.
 function(hollin_program name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;RESOURCES;LIBRARIES")
+  qt_add_resources(arg_SOURCES ${arg_RESOURCES})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
   hollin_precompile(${name})
@@ -9,8 +10,8 @@ function(hollin_program name)
 endfunction()
 
 hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp LIBRARIES hollin_registration hollin_analysis)
-hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp src/tools/tools.qrc
-               LIBRARIES hollin_comparison)
+hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
+               RESOURCES src/tools/tools.qrc LIBRARIES hollin_comparison)
 
 # Users edit the message files and fill the database: what stands in the program directory is never replaced.
 add_custom_target(

@@ -1,10 +1,21 @@
 # One static library for each folder of src/. Includes are written from src/ ("core/Common.h"), and the
 # link dependencies say who may include whom.
 function(hollin_room name)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${name}/*.cpp ${CMAKE_SOURCE_DIR}/src/${name}/*.qrc)
+  set(room ${CMAKE_SOURCE_DIR}/src/${name})
+  file(GLOB sources CONFIGURE_DEPENDS ${room}/*.cpp)
+  file(GLOB forms CONFIGURE_DEPENDS ${room}/*.ui)
+  file(GLOB resources CONFIGURE_DEPENDS ${room}/*.qrc)
+  qt_wrap_ui(sources ${forms})
+  qt_add_resources(sources ${resources})
+  if(NOT sources)
+    set(sources ${CMAKE_BINARY_DIR}/precompiled.cpp)
+  endif()
   set(target hollin_${name})
   add_library(${target} STATIC ${sources})
-  target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_include_directories(
+    ${target}
+    PUBLIC ${CMAKE_SOURCE_DIR}/src
+    PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
   target_link_libraries(${target} PUBLIC ${ARGN})
   hollin_precompile(${target})
 endfunction()

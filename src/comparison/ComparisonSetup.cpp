@@ -106,9 +106,7 @@ void 比較者設定::tellExistingRound() {
             .arg(CmpRound)
             .arg(CmpEvaluatorNo),
         *DbConn);
-    if (values.eof()) return;
-    MsgText = u"指定された比較回数は一対比較に存在します"_s;
-    showMessage(MessageStyle::Plain);
+    if (!values.eof()) inform(u"指定された比較回数は一対比較に存在します"_s);
 }
 
 void 比較者設定::Command2_Click() {

@@ -69,6 +69,11 @@ void refuse(const QString& text) {
     showMessage(MessageStyle::Exclamation);
 }
 
+void inform(const QString& text) {
+    MsgText = text;
+    showMessage(MessageStyle::Plain);
+}
+
 bool confirm(const QString& text) {
     MsgText = text;
     return showMessage(MessageStyle::Question) == MessageAnswer::Yes;

@@ -68,6 +68,8 @@ MessageAnswer showMessage(MessageStyle style, const QString& title);
 
 // MsgText = text, shown with the exclamation icon under MsgTitle.
 void refuse(const QString& text);
+// MsgText = text, shown without an icon under MsgTitle.
+void inform(const QString& text);
 // MsgText = text, asked with Yes and No under MsgTitle; true for Yes.
 bool confirm(const QString& text);
 

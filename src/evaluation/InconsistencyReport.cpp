@@ -1,0 +1,60 @@
+#include "evaluation/InconsistencyReport.h"
+
+#include "core/Common.h"
+#include "evaluation/LocalWeights.h"
+#include "output/ReportPage.h"
+#include "output/ReportSelection.h"
+#include "platform/Dates.h"
+
+using namespace Qt::StringLiterals;
+using Common::DbConn;
+
+namespace {
+
+const QList<ReportColumn> columns{
+    {u"目的要因"_s, 5, 66}, {u"比較元要因"_s, 72, 66}, {u"比較対象要因"_s, 139, 66}};
+
+int runEnd(const InconsistencyList& findings, int begin) {
+    int end = begin;
+    while (end < findings.count() && findings[end].evaluatorNo == findings[begin].evaluatorNo) ++end;
+    return end;
+}
+
+void fillSlots(PrintService& print, const QString& evaluator, const QString& problem, qint16 round) {
+    print.MsgSlots[0] = formatDate(QDate::currentDate());
+    print.MsgSlots[1] = evaluator;
+    print.MsgSlots[2] = problem;
+    print.MsgSlots[3] = QString::number(round);
+}
+
+QStringList cells(const Inconsistency& finding) {
+    const QString goal = factorName(*DbConn, finding.goalNo);
+    if (finding.sourceNo < 0) return {goal, u"全体的に不整合"_s};
+    return {goal, factorName(*DbConn, finding.sourceNo), factorName(*DbConn, finding.targetNo)};
+}
+
+QStringList partLines(const QString& evaluator, const QString& problem, qint16 round) {
+    return {evaluator, u"%1（%2回）"_s.arg(problem).arg(round)};
+}
+
+} // namespace
+
+void printInconsistencyReport(PrintService& print, const InconsistencyList& findings, qint32 problemNo,
+                              qint16 round) {
+    if (findings.count() == 0) return;
+    const QString problem = factorName(*DbConn, problemNo);
+    const auto evaluatorAt = [&](int index) { return evaluatorName(*DbConn, findings[index].evaluatorNo); };
+    const bool single = runEnd(findings, 0) == findings.count();
+
+    ReportPage page(print, {u"評価計算"_s, {}, columns},
+                    {u"評価計算"_s, problem, single ? evaluatorAt(0) : u"全評価者"_s});
+    for (int begin = 0; begin < findings.count();) {
+        const int end = runEnd(findings, begin);
+        const QString evaluator = evaluatorAt(begin) + u"様"_s;
+        fillSlots(print, evaluator, problem, round);
+        page.newPart(partLines(evaluator, problem, round));
+        page.message(print.FileDir + u"\\errmsg.txt"_s);
+        for (; begin < end; ++begin) page.row(cells(findings[begin]));
+    }
+    page.finish();
+}

@@ -1,0 +1,82 @@
+#include "output/ReportForm.h"
+
+#include <QCoreApplication>
+
+#include "ui_ReportForm.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+ReportForm::ReportForm(const ReportFormOptions& options)
+    : Screen(options.name), print_(Printer), options_(options), ui_(std::make_unique<Ui::ReportForm>()) {
+    ui_->setupUi(this);
+    setWindowTitle(options.name);
+    ui_->CommandAction->setObjectName(options.actionControl);
+    ui_->CommandAction->setText(options.actionCaption);
+    for (QWidget* widget : {static_cast<QWidget*>(ui_->Label2), static_cast<QWidget*>(ui_->List1),
+                            static_cast<QWidget*>(ui_->Command1)})
+        widget->setVisible(options.hasEvaluators);
+    for (QWidget* widget : {static_cast<QWidget*>(ui_->Label4), static_cast<QWidget*>(ui_->Command17)})
+        widget->setVisible(options.printsReport);
+    ui_->progress->hide();
+
+    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
+    onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
+    onAction(ui_->CommandAction, options.name, [this] { CommandAction_Click(); });
+    onEvent(ui_->Command2, &QPushButton::clicked, [this] { frameClosed(); });
+}
+
+ReportForm::~ReportForm() = default;
+
+void ReportForm::Form_Load() {
+    MsgTitle = windowTitle();
+    print_.load(AppDir);
+    const QStringList problems = problemEntries(*DbConn);
+    ui_->Combo1->addItems(problems);
+    if (problems.isEmpty()) refuse(u"課題が存在しません。"_s);
+    ui_->Command17->setText(print_.OutputTarget);
+    centre();
+}
+
+void ReportForm::Combo1_Click() {
+    const QString problemNo = entryNumber(ui_->Combo1->currentText());
+    ui_->List1->clear();
+    ui_->List1->addItems(evaluatorEntries(*DbConn, problemNo));
+    ui_->Label5->setText(currentRound(*DbConn, problemNo));
+}
+
+void ReportForm::Command17_Click() {
+    print_.ToggleOutputTarget();
+    ui_->Command17->setText(print_.OutputTarget);
+}
+
+ReportSelection ReportForm::selection() const {
+    ReportSelection chosen{ui_->Combo1->currentText(), {}, ui_->Label5->text()};
+    for (int row = 0; row < ui_->List1->count(); ++row)
+        if (ui_->List1->item(row)->isSelected()) chosen.evaluatorEntries << ui_->List1->item(row)->text();
+    return chosen;
+}
+
+void ReportForm::CommandAction_Click() {
+    // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
+    const auto hideProgress = qScopeGuard([this] { ui_->progress->hide(); });
+    run(selection());
+}
+
+QVBoxLayout* ReportForm::optionsLayout() {
+    return ui_->options;
+}
+
+Progress ReportForm::progress() {
+    return [this](int done, int total, const QString& at) { showProgress(done, total, at); };
+}
+
+void ReportForm::showProgress(int done, int total, const QString& at) {
+    ui_->progress->setMaximum(total);
+    ui_->progress->setValue(done);
+    ui_->progress->setFormat(at);
+    ui_->progress->show();
+    // The work runs on this thread: let the bar be painted, and take no clicks meanwhile.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}

@@ -1,0 +1,93 @@
+#include "output/ReportSelection.h"
+
+#include "core/Common.h"
+#include "platform/Recordset.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+QStringList entries(Recordset rows, const QString& number, const QString& name) {
+    QStringList texts;
+    for (; !rows.eof(); rows.moveNext()) texts << rows[number].toText() + u':' + NullToEmpty(rows[name]);
+    return texts;
+}
+
+QString nameFrom(const Recordset& row, const QString& field) {
+    return row.eof() ? QString() : NullToEmpty(row[field]);
+}
+
+void handOver(const ReportSelection& selection) {
+    ProblemEntry = selection.problemEntry;
+    RoundEntry = selection.roundEntry;
+    EvaluatorEntry = selection.evaluatorEntries.value(0);
+}
+
+void takeEvaluators(const QStringList& evaluatorEntries) {
+    EvaluatorCount = 0;
+    for (const auto& entry : evaluatorEntries) {
+        EvaluatorNos[EvaluatorCount] = Value(entryNumber(entry)).toLong();
+        ++EvaluatorCount;
+    }
+}
+
+} // namespace
+
+QStringList problemEntries(Connection& connection) {
+    return entries(
+        Recordset(
+            u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル,T1.最大分岐数 FROM 課題 T1,要因 T2 "
+            "WHERE T1.課題番号 = T2.要因番号 "_s,
+            connection),
+        u"課題番号"_s, u"要因名"_s);
+}
+
+QStringList evaluatorEntries(Connection& connection, const QString& problemNo) {
+    return entries(
+        Recordset(
+            u"select t1.評価者番号,t1.評価者氏名 from 評価者 t1,課題評価者 t2"
+            " where 課題番号=%1 and t2.評価者番号=t1.評価者番号 order by t1.評価者番号"_s.arg(problemNo),
+            connection),
+        u"評価者番号"_s, u"評価者氏名"_s);
+}
+
+QString currentRound(Connection& connection, const QString& problemNo) {
+    const Recordset rows(u"select max(比較回数) as round from 課題 where 課題番号=%1"_s.arg(problemNo),
+                         connection);
+    const Value& round = rows[u"Round"_s];
+    return round.isNull() ? u"1"_s : round.toText();
+}
+
+QString entryNumber(const QString& entry) {
+    return entry.left(entry.indexOf(u':')).trimmed();
+}
+
+QString factorName(Connection& connection, qint32 factorNo) {
+    return nameFrom(Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(factorNo), connection),
+                    u"要因名"_s);
+}
+
+QString evaluatorName(Connection& connection, qint32 evaluatorNo) {
+    return nameFrom(
+        Recordset(u"select 評価者氏名 from 評価者 where 評価者番号=%1"_s.arg(evaluatorNo), connection),
+        u"評価者氏名"_s);
+}
+
+bool takeSelection(const ReportSelection& selection) {
+    handOver(selection);
+    if (!CheckProblemChosen() || !CheckRoundAndEvaluator()) return false;
+    takeEvaluators(selection.evaluatorEntries);
+    return true;
+}
+
+bool takeProblemAndRound(const ReportSelection& selection) {
+    handOver(selection);
+    return CheckProblemChosen() && CheckRoundChosen();
+}
+
+void refuseMissing(const ReportSelection& selection, const QString& evaluatorEntry, const QString& roundWord,
+                   const QString& tableName) {
+    refuse(u"設定された条件、課題：%1 %2:%3 評価者:%4は%5に存在しません"_s.arg(
+        selection.problemEntry, roundWord, selection.roundEntry, evaluatorEntry, tableName));
+}
