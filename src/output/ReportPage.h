@@ -90,8 +90,8 @@ class ReportPage {
     void printLines();
     void printColumnHeadings();
     void printSpanningHeading(qsizetype first);
-    void printCell(const ReportColumn& column, const QString& text, double y);
-    void printHeading(const ReportColumn& column, const QString& text, int row);
+    void printCell(const ReportColumn& column, const QString& text, int row);
+    void printAcross(const QString& text);
     void drawRule(int row, int width);
     QString cut(const QString& text, double width) const;
 

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int dotsPerInch = 1200;
+constexpr int dotsPerInch = 1440; // fonts are whole dots high: 10 pt are 200
 constexpr double dotsPerMillimetre = dotsPerInch / 25.4;
 constexpr double fontPoints = 10;
 
@@ -41,7 +41,7 @@ PrintDocument::PrintDocument(const QString& title) : buffer_(&bytes_), writer_(&
 }
 
 PrintDocument::~PrintDocument() {
-    painter_.end(); // before the writer that it draws on
+    if (painter_.isActive()) painter_.end(); // before the writer that it draws on
 }
 
 void PrintDocument::setFont(const QString& family) {

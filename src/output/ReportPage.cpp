@@ -1,0 +1,265 @@
+#include "output/ReportPage.h"
+
+#include <QDate>
+#include <algorithm>
+
+#include "platform/TextConversion.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double leftMargin = 5;                 // mm
+constexpr double portraitRight = 205;            // mm
+constexpr double landscapeRight = 292;           // mm
+constexpr double halfWidth = 10 * 25.4 / 72 / 2; // mm, at 10 pt
+constexpr double ruleRise = 1.2; // mm above the row below it: in the middle of the gap that the text leaves
+constexpr int fineRule = 1;
+constexpr int heavyRule = 5;
+constexpr qint16 titleRow = 1;
+constexpr qint16 firstRow = 2;
+constexpr qint16 messageIndent = 6;
+constexpr qsizetype decimalPlaces = 4;
+constexpr double matrixCell = 4 * halfWidth; // "1/9" and a gap
+constexpr double widestMatrixName = 80;      // mm
+
+double rightMargin(const PrintService& print) {
+    return print.LandscapeFlag == 1 ? landscapeRight : portraitRight;
+}
+
+// Columns that stay free behind a number, so that its decimal point stands where four places put it.
+qsizetype columnsBehind(const QString& number) {
+    const auto point = number.indexOf(u'.');
+    const auto places = point < 0 ? -1 : number.size() - point - 1;
+    return std::max<qsizetype>(0, decimalPlaces - places);
+}
+
+// ① to ⑳, then plain numbers.
+QString mark(int item) {
+    return item <= 20 ? QString(QChar(0x2460 + item - 1)) : QString::number(item);
+}
+
+} // namespace
+
+ReportPage::ReportPage(PrintService& print, const ReportHeading& heading, const DocumentName& document)
+    : print_(print), printer_(print.printer()), heading_(heading) {
+    print_.ChooseReportPrinter();
+    printer_.beginDocument(document);
+    print_.SetUpPage(static_cast<qint16>(heading_.columns.size()));
+}
+
+ReportPage::~ReportPage() {
+    if (!finished_) printer_.KillDoc();
+}
+
+void ReportPage::coveringLetter(const QString& path) {
+    leavePage();
+    print_.PrintMessageFile(path, messageIndent, false);
+}
+
+void ReportPage::message(const QString& path) {
+    leavePage();
+    printRunningLine();
+    const auto page = print_.PageNo;
+    print_.PrintMessageFile(path, messageIndent, true);
+    if (print_.PageNo != page) printRunningLine(); // a long message: on the page where the table follows, too
+    pageStarted_ = true;
+    linesPrinted_ = false;
+}
+
+void ReportPage::row(const QStringList& cells, int indent) {
+    keepTogether(1);
+    openTable();
+    for (qsizetype i = 0; i < std::min(cells.size(), heading_.columns.size()); ++i) {
+        auto column = heading_.columns[i];
+        if (i == 0) {
+            column.left += indent * halfWidth;
+            column.width -= indent * halfWidth;
+        }
+        printCell(column, cells[i], print_.LineNo);
+    }
+    ++print_.LineNo;
+    rowsPrinted_ = true;
+}
+
+void ReportPage::spanningRow(const QString& text, int rows) {
+    keepTogether(1 + rows);
+    openTable();
+    printAcross(text);
+    rowsPrinted_ = true;
+}
+
+void ReportPage::rule() {
+    if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
+}
+
+void ReportPage::newTable(const QString& title, const QList<ReportColumn>& columns, int rows) {
+    closeTable();
+    heading_.columns = columns;
+    tableTitle_ = title;
+    keepTogether(rows);
+    openTable();
+    if (!title.isEmpty()) tableTitle_ = title + u"（続き）"_s; // on the pages that follow
+}
+
+void ReportPage::matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells) {
+    const auto count = static_cast<int>(names.size());
+    const double nameWidth =
+        std::min(widestMatrixName, rightMargin(print_) - leftMargin - count * matrixCell);
+    QList<ReportColumn> columns{{QString(), leftMargin, nameWidth}};
+    for (int i = 0; i < count; ++i)
+        columns.append({mark(i + 1), leftMargin + nameWidth + i * matrixCell, matrixCell, Alignment::Right});
+    newTable(title, columns, count);
+    for (int i = 0; i < count; ++i) row(QStringList{mark(i + 1) + u' ' + names[i]} + cells[i]);
+}
+
+void ReportPage::newPart(const QStringList& lines) {
+    leavePage();
+    heading_.lines = lines;
+}
+
+bool ReportPage::fits(int rows) const {
+    return print_.LineNo + rowsUntilTable() + rows <= print_.MaxLines;
+}
+
+void ReportPage::keepTogether(int rows) {
+    if (pageStarted_ && !fits(rows)) leavePage();
+    if (!pageStarted_) startPage();
+}
+
+void ReportPage::finish() {
+    leavePage();
+    finished_ = true; // when sending fails there is no document either
+    printer_.EndDoc();
+}
+
+int ReportPage::headingRows() const {
+    const auto& columns = heading_.columns;
+    if (std::any_of(columns.begin(), columns.end(),
+                    [](const auto& column) { return !column.over.isEmpty(); }))
+        return 2;
+    return std::any_of(columns.begin(), columns.end(),
+                       [](const auto& column) { return !column.heading.isEmpty(); });
+}
+
+// What is printed between LineNo and the next row of the table.
+int ReportPage::rowsUntilTable() const {
+    if (tableOpen_) return 0;
+    const int lines =
+        linesPrinted_ || heading_.lines.size() < 2 ? 0 : static_cast<int>(heading_.lines.size());
+    return lines + 1 + (tableTitle_.isEmpty() ? 0 : 1) + headingRows();
+}
+
+void ReportPage::startPage() {
+    printRunningLine();
+    print_.LineNo = firstRow;
+    printLines();
+    pageStarted_ = true;
+}
+
+void ReportPage::leavePage() {
+    closeTable();
+    if (print_.LineNo > 0) print_.EndPage();
+    print_.LineNo = 0;
+    pageStarted_ = false;
+    linesPrinted_ = false;
+}
+
+void ReportPage::openTable() {
+    if (tableOpen_) return;
+    if (!linesPrinted_ && heading_.lines.size() > 1) {
+        ++print_.LineNo;
+        printLines();
+    }
+    ++print_.LineNo;
+    if (!tableTitle_.isEmpty()) printAcross(tableTitle_);
+    drawRule(print_.LineNo, heavyRule);
+    printColumnHeadings();
+    if (headingRows() > 0) drawRule(print_.LineNo, heavyRule);
+    tableOpen_ = true;
+    rowsPrinted_ = false;
+}
+
+void ReportPage::closeTable() {
+    if (tableOpen_) drawRule(print_.LineNo, heavyRule);
+    tableOpen_ = false;
+    rowsPrinted_ = false;
+}
+
+void ReportPage::printRunningLine() {
+    const double width = rightMargin(print_) - leftMargin;
+    const double beside = (width - printer_.TextWidth(heading_.title)) / 2 - 2 * halfWidth;
+    const auto dateAndPage =
+        u"%1   − %2 −"_s.arg(QDate::currentDate().toString(u"yyyy/MM/dd"_s)).arg(print_.PageNo + 1);
+    printCell({{}, leftMargin, beside}, heading_.lines.value(0), titleRow);
+    printCell({{}, leftMargin, width, Alignment::Centre}, heading_.title, titleRow);
+    printCell({{}, leftMargin, width, Alignment::Right}, dateAndPage, titleRow);
+}
+
+void ReportPage::printLines() {
+    for (const auto& line : heading_.lines.mid(1)) printAcross(line);
+    linesPrinted_ = true;
+}
+
+void ReportPage::printColumnHeadings() {
+    const auto& columns = heading_.columns;
+    const int rows = headingRows();
+    for (qsizetype i = 0; i < columns.size(); ++i) {
+        if (!columns[i].over.isEmpty() && (i == 0 || columns[i - 1].over != columns[i].over))
+            printSpanningHeading(i);
+        auto column = columns[i];
+        if (column.alignment == Alignment::Point) column.alignment = Alignment::Right;
+        printCell(column, column.heading, print_.LineNo + rows - 1);
+    }
+    print_.LineNo = static_cast<qint16>(print_.LineNo + rows);
+}
+
+// The upper heading of the column and its neighbours, with a fine rule between it and theirs.
+void ReportPage::printSpanningHeading(qsizetype first) {
+    const auto& columns = heading_.columns;
+    auto last = first;
+    while (last + 1 < columns.size() && columns[last + 1].over == columns[first].over) ++last;
+    const double left = columns[first].left;
+    const double right = columns[last].left + columns[last].width;
+    printCell({{}, left, right - left, Alignment::Centre}, columns[first].over, print_.LineNo);
+    printer_.Line(left + halfWidth, boundary(print_.LineNo + 1), right, boundary(print_.LineNo + 1));
+}
+
+void ReportPage::printCell(const ReportColumn& column, const QString& text, int row) {
+    const bool number = column.alignment == Alignment::Right || column.alignment == Alignment::Point;
+    const auto shown = number ? text : cut(text, column.width);
+    const double spare = column.width - printer_.TextWidth(shown);
+    const double offset = column.alignment == Alignment::Left     ? 0
+                          : column.alignment == Alignment::Centre ? spare / 2
+                          : column.alignment == Alignment::Right
+                              ? spare
+                              : spare - static_cast<double>(columnsBehind(text)) * halfWidth;
+    printer_.CurrentX = column.left + offset;
+    printer_.CurrentY = print_.LineHeight * row;
+    printer_.Print(shown);
+}
+
+QString ReportPage::cut(const QString& text, double width) const {
+    const auto columns = static_cast<qint16>(width / halfWidth + 0.01); // so that 10 × 1.764 are ten columns
+    if (PrintService::FitChars(text, columns) == characterCount(text)) return text;
+    return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
+}
+
+// A text over the whole width, in a row of its own.
+void ReportPage::printAcross(const QString& text) {
+    printCell({{}, leftMargin, rightMargin(print_) - leftMargin}, text, print_.LineNo++);
+}
+
+double ReportPage::boundary(int row) const {
+    return print_.LineHeight * row - ruleRise;
+}
+
+void ReportPage::drawRule(int row, int width) {
+    const auto& columns = heading_.columns;
+    if (columns.isEmpty()) return;
+    const auto left = columns.first().left;
+    const auto right = columns.last().left + columns.last().width;
+    printer_.DrawWidth = width;
+    printer_.Line(left, boundary(row), right, boundary(row));
+    printer_.DrawWidth = fineRule;
+}

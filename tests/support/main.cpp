@@ -1,0 +1,14 @@
+// Runs the tests of a room in an application without a display.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "platform/Fonts.h"
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    installFontSubstitutions();
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
