@@ -12,6 +12,7 @@ endfunction()
 hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp LIBRARIES hollin_registration hollin_analysis)
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
                RESOURCES src/tools/tools.qrc LIBRARIES hollin_comparison)
+hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis)
 
 # Users edit the message files and fill the database: what stands in the program directory is never replaced.
 add_custom_target(

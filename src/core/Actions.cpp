@@ -20,26 +20,27 @@ std::optional<QString> errorOf(const std::function<void()>& body) {
 
 // Runs the body, then ends the unit of work whether the body failed or not; a first error is told before a
 // failure to make durable what was written.
-void runUnitOfWork(const std::function<void()>& body, const std::function<void(const QString&)>& report) {
+bool runUnitOfWork(const std::function<void()>& body, const std::function<void(const QString&)>& report) {
     const auto failed = errorOf(body);
     const auto notDurable = errorOf([] {
         if (Common::DbConn) Common::DbConn->endUnitOfWork();
     });
     for (const auto& error : {failed, notDurable})
         if (error) report(*error);
+    return !failed && !notDurable;
 }
 
 } // namespace
 
-void runAction(const QString& caption, const std::function<void()>& body) {
-    runUnitOfWork(body, [&caption](const QString& error) {
+bool runAction(const QString& caption, const std::function<void()>& body) {
+    return runUnitOfWork(body, [&caption](const QString& error) {
         Common::MsgText = error;
         Common::Presenter(error, caption, MessageStyle::Exclamation);
     });
 }
 
-void runEvent(const std::function<void()>& body) {
-    runUnitOfWork(body, reportUnhandled);
+bool runEvent(const std::function<void()>& body) {
+    return runUnitOfWork(body, reportUnhandled);
 }
 
 void reportUnhandled(const QString& description) {

@@ -35,7 +35,7 @@ int deepestLevel(const Round& of) {
 
 // Fills tempfac with one row for each occurrence of an edge reached from the problem.
 void walkHierarchy(const Round& of) {
-    of.execute(u"delete from tempfac"_s);
+    of.connection.execute(u"delete from tempfac"_s);
     of.connection.execute(
         u"insert into tempfac (parent,child,lev,score) values(%1,%1,0,1)"_s.arg(of.problemNo));
     const int deepest = deepestLevel(of);

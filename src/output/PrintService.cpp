@@ -42,6 +42,7 @@ void PrintService::load(const QString& appDir) {
     OfficePrinterName = u"SHARP AR-266FP SPDL2_T1"_s;
     printer_.setScaleMode(ReportPrinter::Millimetres);
     printer_.setFont(reportFont);
+    printer_.setOutputFolder(FileDir);
     OutputTarget = officeTarget;
 }
 
