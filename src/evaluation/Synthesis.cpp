@@ -2,9 +2,9 @@
 
 #include <QString>
 
+#include "hierarchy/DepthGuard.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,8 +25,7 @@ qint32 countOf(Connection& connection, const QString& sql, const QString& field)
     return Recordset(sql, connection)[field].toLong();
 }
 
-// A path that visits no factor twice has at most as many edges as there are parents.
-int deepestLevel(const Round& of) {
+int parentCount(const Round& of) {
     return countOf(of.connection,
                    of.filled(u"select count(distinct 親要因番号) as ncount from 評価結果"
                              " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s),
@@ -38,7 +37,7 @@ void walkHierarchy(const Round& of) {
     of.connection.execute(u"delete from tempfac"_s);
     of.connection.execute(
         u"insert into tempfac (parent,child,lev,score) values(%1,%1,0,1)"_s.arg(of.problemNo));
-    const int deepest = deepestLevel(of);
+    const int parents = parentCount(of);
     qint32 previous = 1;
     for (int level = 1;; ++level) {
         of.connection.execute(
@@ -52,10 +51,7 @@ void walkHierarchy(const Round& of) {
                 .arg(of.round));
         const auto count = countOf(of.connection, u"select count(*) as ncount from tempfac"_s, u"ncount"_s);
         if (count == previous) break;
-        if (level > deepest)
-            throw RuntimeError(
-                ErrorCode::InvalidCall,
-                u"課題 %1 の要因構成が循環しています。要因構成登録で確かめてください。"_s.arg(of.problemNo));
+        requireDepth(QString::number(of.problemNo), level, parents);
         previous = count;
     }
     of.connection.execute(u"delete from tempfac where child = %1"_s.arg(of.problemNo));
