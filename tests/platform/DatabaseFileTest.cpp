@@ -1,0 +1,120 @@
+#include "platform/DatabaseFile.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
+#include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString password = u"合言葉 secret"_s;
+
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
+void open(Connection& connection, const QString& path) {
+    connection.setConnectionString(u"Data Source=%1;Jet OLEDB:Database Password=%2"_s.arg(path, password));
+    connection.open({}, {}, -1);
+}
+
+bool isReportedDamaged(const QString& path) {
+    try {
+        return !databaseFaults(path, password).isEmpty();
+    } catch (const RuntimeError&) {
+        return true;
+    }
+}
+
+class DatabaseFileTest : public testing::Test {
+  protected:
+    QString path(const QString& name) const { return folder_.filePath(name); }
+    QStringList files() const { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    // A database of some pages, with a text that would be found in a file that is not encrypted.
+    QString filledDatabase() {
+        createEncryptedDatabase(path(u"a.mdb"_s), password);
+        Connection connection;
+        open(connection, path(u"a.mdb"_s));
+        connection.execute(u"CREATE TABLE 要因 (要因名 TEXT)"_s);
+        for (int row = 0; row < 300; ++row)
+            connection.execute(u"INSERT INTO 要因 VALUES ('耐震補強 SECRET')"_s);
+        connection.close();
+        return path(u"a.mdb"_s);
+    }
+
+    QTemporaryDir folder_;
+};
+
+TEST_F(DatabaseFileTest, IsUnreadableWithoutThePasswordAndBelongsToItsOwnerAlone) {
+    const QString file = filledDatabase();
+    const QByteArray bytes = bytesOf(file);
+    for (const auto& plain : {"SQLite format 3"_ba, "SECRET"_ba, u"要因"_s.toUtf8(), password.toUtf8()})
+        EXPECT_FALSE(bytes.contains(plain)) << plain.constData();
+    EXPECT_EQ(QFile::permissions(file) & ~QFile::Permissions(QFile::ReadUser | QFile::WriteUser),
+              QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_TRUE(databaseFaults(file, password).isEmpty());
+    EXPECT_THROW(databaseFaults(file, u"合言葉"_s), RuntimeError);
+    EXPECT_THROW(createEncryptedDatabase(file, password), RuntimeError);
+    EXPECT_EQ(bytesOf(file), bytes);
+}
+
+TEST_F(DatabaseFileTest, OneChangedBitInAnyPageIsFound) {
+    const QByteArray sound = bytesOf(filledDatabase());
+    constexpr qsizetype page = 1024;
+    ASSERT_GT(sound.size(), 8 * page);
+    const QString damaged = path(u"damaged.mdb"_s);
+    for (qsizetype at = page / 2; at < sound.size(); at += page) {
+        QByteArray bytes = sound;
+        bytes[at] = static_cast<char>(bytes[at] ^ 1);
+        write(damaged, bytes);
+        EXPECT_TRUE(isReportedDamaged(damaged)) << "byte " << at;
+    }
+    write(damaged, sound.left(sound.size() - 3 * page));
+    EXPECT_TRUE(isReportedDamaged(damaged)) << "cut off";
+}
+
+TEST_F(DatabaseFileTest, ACopyHoldsWhatIsDurableWhileTheProgramWrites) {
+    const QString file = filledDatabase();
+    Connection program;
+    open(program, file);
+    program.execute(u"DELETE FROM 要因"_s); // not yet the end of the unit of work
+    NewFile copy(path(u"copy.mdb"_s));
+    copyDatabase(file, copy.temporaryPath(), password);
+    copy.publish();
+    EXPECT_FALSE(bytesOf(path(u"copy.mdb"_s)).contains("SECRET"));
+    Connection connection;
+    open(connection, path(u"copy.mdb"_s));
+    EXPECT_EQ(Recordset(u"SELECT * FROM 要因"_s, connection).recordCount(), 300);
+}
+
+TEST_F(DatabaseFileTest, ANewFileNeverReplacesAnotherAndLeavesNothingBehind) {
+    {
+        NewFile late(path(u"b.mdb"_s));
+        write(late.temporaryPath(), "mine");
+        write(path(u"b.mdb"_s), "theirs");
+        EXPECT_THROW(late.publish(), RuntimeError);
+    }
+    EXPECT_EQ(bytesOf(path(u"b.mdb"_s)), "theirs");
+    EXPECT_THROW(NewFile(path(u"b.mdb"_s)), RuntimeError);
+    EXPECT_THROW(NewFile(path(u"missing/b.mdb"_s)), RuntimeError);
+    ASSERT_TRUE(QFile::link(path(u"nowhere"_s), path(u"link.mdb"_s)));
+    EXPECT_THROW(NewFile(path(u"link.mdb"_s)), RuntimeError);
+    EXPECT_EQ(files(), QStringList{u"b.mdb"_s});
+}
+
+} // namespace
