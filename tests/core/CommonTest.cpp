@@ -1,0 +1,108 @@
+// The session's checks and formatters, and the menus.
+#include <QPushButton>
+#include <QTest>
+
+#include "support/ScreenTest.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+class CommonTest : public ScreenTest {};
+
+TEST_F(CommonTest, EntriesAreTakenByTheirLeadingNumber) {
+    MsgTitle = u"個人結果"_s;
+    ProblemEntry = u"  "_s;
+    EXPECT_FALSE(CheckProblemChosen());
+    EXPECT_EQ(takeMessages(), warning(u"個人結果"_s, u"課題が未設定です"_s));
+    ProblemEntry = u" 12:名:前"_s;
+    EXPECT_TRUE(CheckProblemChosen());
+    EXPECT_EQ(ProblemNo, 12);
+    EXPECT_EQ(ProblemNoText, u"12"_s);
+
+    EvaluatorEntry = u"5:山田 太郎"_s;
+    EXPECT_TRUE(CheckEvaluatorChosen());
+    EXPECT_EQ(EvaluatorNos[0], 5);
+    EXPECT_EQ(EvaluatorCount, 1);
+    EvaluatorEntry = u"5"_s;
+    EXPECT_THROW(CheckEvaluatorChosen(), RuntimeError);
+    RoundEntry = u"40000"_s;
+    EXPECT_THROW(CheckRoundChosen(), RuntimeError);
+    EXPECT_THROW(EvaluatorNos[101], RuntimeError);
+}
+
+TEST_F(CommonTest, WhatIsMissingIsToldRoundFirst) {
+    MsgTitle = u"評価計算"_s;
+    EvaluatorEntry.clear();
+    RoundEntry = u" "_s;
+    EXPECT_FALSE(CheckRoundAndEvaluator());
+    EXPECT_EQ(takeMessages(), (std::vector<ShownMessage>{{u"評価計算"_s, u"比較回数設定"_s},
+                                                         {u"評価計算"_s, u"評価者が未選択です"_s}}));
+    RoundEntry = u"2"_s;
+    EXPECT_FALSE(CheckRoundAndEvaluator());
+    EXPECT_EQ(takeMessages().size(), 1U);
+    EXPECT_EQ(RoundCount, 2);
+}
+
+TEST_F(CommonTest, TextsAreFittedToTheirWidth) {
+    qint16 width = 10;
+    EXPECT_EQ(PadWidth(u"山A1"_s, width, 1), u"山Ａ１　　"_s);
+    EXPECT_EQ(width, 5); // the caller's variable is halved too
+    width = 4;
+    EXPECT_EQ(PadWidth(u"アイウエオ"_s, width, 1), u"アイ"_s);
+    width = 4;
+    EXPECT_EQ(PadWidth(u"Ａ１"_s, width, 0), u"A1  "_s);
+    EXPECT_EQ(PadLeft(u"12"_s, 4), u"  12"_s);
+    EXPECT_EQ(PadLeft(u"12345"_s, 4), u"1234"_s);
+    EXPECT_THROW(PadLeft(u"1"_s, -1), RuntimeError);
+    EXPECT_EQ(NullToZero(Value()), Value(0));
+    EXPECT_EQ(NullToZero(Value(u""_s)), Value(0));
+    EXPECT_EQ(NullToZero(Value(u"x"_s)), Value(u"x"_s));
+    EXPECT_EQ(NullToEmpty(Value()), u""_s);
+}
+
+TEST_F(CommonTest, MenusLeadToTheirScreensAndBack) {
+    Forms.show(u"メニュー"_s);
+    const Connection* first = DbConn.get();
+    EXPECT_EQ(text(u"メニュー"_s, u"Command2"_s), u"終   了"_s);
+    EXPECT_EQ(text(u"メニュー"_s, u"Command4"_s), u"比      較"_s);
+    click(u"メニュー"_s, u"Command1"_s);
+    EXPECT_TRUE(isOpen(u"登録メニュー"_s));
+    EXPECT_FALSE(isOpen(u"メニュー"_s));
+    click(u"登録メニュー"_s, u"Command2"_s);
+    EXPECT_TRUE(isOpen(u"メニュー"_s));
+    EXPECT_FALSE(isOpen(u"登録メニュー"_s));
+    EXPECT_NE(DbConn.get(), first); // opened anew on every return
+
+    // By keyboard: the arrow goes to the next button, Enter presses it.
+    control(u"メニュー"_s, u"Command1"_s)->setFocus();
+    QTest::keyClick(control(u"メニュー"_s, u"Command1"_s), Qt::Key_Down);
+    QTest::keyClick(control(u"メニュー"_s, u"Command4"_s), Qt::Key_Return);
+    EXPECT_TRUE(isOpen(u"比較者設定"_s));
+    Forms.find(u"比較者設定"_s)->close(); // by its frame
+    click(u"メニュー"_s, u"Command2"_s);
+    EXPECT_FALSE(isOpen(u"メニュー"_s));
+    EXPECT_FALSE(DbConn->isOpen());
+}
+
+TEST_F(CommonTest, AnUnreadableEvaluatorTableLeavesTheUserInTheMenu) {
+    if (!Forms.exists(u"評価者登録"_s)) GTEST_SKIP();
+    Forms.show(u"登録メニュー"_s);
+    run(u"drop table 評価者"_s);
+    click(u"登録メニュー"_s, u"Command6"_s);
+    EXPECT_TRUE(isOpen(u"登録メニュー"_s));
+    EXPECT_FALSE(isOpen(u"評価者登録"_s));
+    const auto messages = takeMessages();
+    ASSERT_FALSE(messages.empty());
+    EXPECT_TRUE(messages[0].title.endsWith(u"評価者テーブルエラー"));
+}
+
+TEST_F(CommonTest, AMissingDatabaseEndsTheProgram) {
+    Forms.show(u"登録メニュー"_s);
+    DbConn->close();
+    QFile::remove(directory() + u"/DB/Hollin.mdb"_s);
+    click(u"登録メニュー"_s, u"Command2"_s);
+    const auto messages = takeMessages();
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains(u"データベースのファイルが見つかりません。"));
+    EXPECT_FALSE(isOpen(u"メニュー"_s));
+}
