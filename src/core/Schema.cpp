@@ -38,7 +38,7 @@ bool exists(Connection& connection, const QString& table) {
 
 bool hasColumn(Connection& connection, const SchemaTable& table, const QString& column) {
     try {
-        Recordset(u"SELECT %1 FROM %2 WHERE 0 = 1"_s.arg(column, table.name), connection);
+        static_cast<void>(Recordset(u"SELECT %1 FROM %2 WHERE 0 = 1"_s.arg(column, table.name), connection));
         return true;
     } catch (const RuntimeError&) {
         return false;

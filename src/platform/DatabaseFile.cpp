@@ -48,7 +48,7 @@ Database openUnlocked(const QString& path, const QString& password) {
 }
 
 QString existingFile(const QString& path) {
-    const QString native = nativePath(path);
+    QString native = nativePath(path);
     if (!QFileInfo(native).isFile())
         throw RuntimeError(ErrorCode::FileNotFound, u"ファイルが見つかりません。\n%1"_s.arg(native));
     return native;

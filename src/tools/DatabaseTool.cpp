@@ -64,7 +64,7 @@ int create(const QStringList& files, bool withSample) {
 }
 
 QStringList faultsOf(const QString& file) {
-    const QStringList faults = databaseFaults(file, databasePassword);
+    QStringList faults = databaseFaults(file, databasePassword);
     if (!faults.isEmpty()) return faults;
     Connection connection;
     open(connection, file);
