@@ -91,6 +91,7 @@ TEST_F(ConnectionTest, AUnitOfWorkIsSeenAtOnceAndBecomesDurableTogether) {
 
 TEST_F(ConnectionTest, AKillInTheMiddleLeavesTheStateBefore) {
     run(u"insert into workfac (factor) values(1)"_s);
+    DbConn->endUnitOfWork();
     DbConn->execute(u"delete from workfac"_s);
     for (int row = 0; row < 5000; ++row)
         DbConn->execute(u"insert into tempfac (parent) values(%1)"_s.arg(row));

@@ -32,7 +32,7 @@ class ScreenTest : public ::testing::Test {
     // The application directory, with DB/Hollin.mdb and file/.
     QString directory() const { return directory_.path(); }
 
-    // One statement, made durable.
+    // One statement.
     void run(const QString& sql);
     // Fields joined by "|", null as "NULL", one text for each record.
     QStringList rows(const QString& sql);
