@@ -40,7 +40,10 @@ void writeWholeFile(const QString& path, const QByteArray& bytes) {
     if (!info.dir().exists())
         throw RuntimeError(ErrorCode::PathNotFound, u"パスが見つかりません。\n%1"_s.arg(info.path()));
     QSaveFile file(info.filePath());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    // The last bytes leave the buffer when it is flushed, and commit() alone does not notice a full disk
+    // then.
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+        !file.commit())
         throw RuntimeError(ErrorCode::FileAccess, u"ファイルを書き込めません。\n%1\n(%2)"_s.arg(
                                                       info.filePath(), file.errorString()));
 }

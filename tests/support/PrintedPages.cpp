@@ -41,7 +41,8 @@ QStringList PrintedPage::row(double y) const {
 }
 
 QList<PrintedPage> printedPages(const QString& pdfPath) {
-    QXmlStreamReader xml(outputOf(u"pdftotext"_s, {u"-bbox"_s, pdfPath, u"-"_s}));
+    const auto text = outputOf(u"pdftotext"_s, {u"-bbox"_s, pdfPath, u"-"_s});
+    QXmlStreamReader xml(text.mid(text.indexOf("<body>"))); // titles are not always well-formed
     QList<PrintedPage> pages;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement) continue;

@@ -7,6 +7,7 @@
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("CUPS_SERVER", "/nonexistent"); // no test prints on the printers of this computer
     const QApplication application(argc, argv);
     installFontSubstitutions();
     testing::InitGoogleTest(&argc, argv);

@@ -1,0 +1,211 @@
+#include "platform/Printer.h"
+
+#include <cups/cups.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+
+#include "platform/RuntimeError.h"
+#include "platform/TextFile.h"
+#include "support/PrintedPages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PrinterTest : public ::testing::Test {
+  protected:
+    PrinterTest() {
+        cupsSetServer("/nonexistent/cups.sock");
+        printer.setFont(u"ＭＳ ゴシック"_s);
+        printer.setOutputFolder(folder.path());
+        printer.onDocument([this](const QString& path) { documents.append(path); });
+    }
+
+    void selectPdf() { printer.select(printer.Printers().last()); }
+    void print(double x, double y, const QString& text) {
+        printer.CurrentX = x;
+        printer.CurrentY = y;
+        printer.Print(text);
+    }
+    QString printOne(const DocumentName& name) {
+        printer.beginDocument(name);
+        print(5, 12, u"一対比較"_s);
+        printer.EndDoc();
+        return documents.last();
+    }
+    QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    QTemporaryDir folder;
+    ReportPrinter printer;
+    QStringList documents;
+};
+
+int errorOf(const std::function<void()>& action, QString* description = nullptr) {
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        if (description != nullptr) *description = error.description();
+        return error.number();
+    }
+    return 0;
+}
+
+TEST_F(PrinterTest, TextsStandAtTheirMillimetresOnPagesOfEitherOrientation) {
+    selectPdf();
+    printer.beginDocument({u"個人結果"_s, u"課題"_s, u"鈴木"_s});
+    print(5, 234, u"0123456789"_s.repeated(10));
+    print(5, 12, u"評価"_s.repeated(25));
+    printer.EndPage();
+    printer.setOrientation(Orientation::Landscape);
+    print(250, 156, u"α①"_s);
+    printer.EndPage();
+    printer.EndPage();
+    printer.EndDoc();
+
+    const auto pages = printedPages(documents.last());
+    ASSERT_EQ(pages.size(), 2);
+    EXPECT_NEAR(pages[0].size.height(), 297, 0.3);
+    EXPECT_NEAR(pages[1].size.height(), 210, 0.3);
+    for (const auto& word : pages[0].words) {
+        EXPECT_NEAR(word.box.x(), 5, 0.1);
+        EXPECT_NEAR(word.box.width(), 176.39, 0.1) << qPrintable(word.text); // 100 half-width columns
+    }
+    EXPECT_EQ(pages[0].row(234), QStringList{u"0123456789"_s.repeated(10)});
+    EXPECT_NEAR(pages[0].word(u"評価"_s.repeated(25)).box.y(), 12, 0.1);
+    EXPECT_NEAR(pages[1].word(u"α①"_s).box.x(), 250, 0.1);
+    EXPECT_NEAR(pages[1].word(u"α①"_s).box.y(), 156, 0.1);
+    EXPECT_NEAR(printer.TextWidth(u"ｱｲあ"_s), 7.06, 0.01);
+    EXPECT_TRUE(printedFonts(documents.last()).join(u',').endsWith(u"Gothic"_s));
+}
+
+TEST_F(PrinterTest, FilesBearTheNameOfTheDocumentAndReplaceNone) {
+    selectPdf();
+    const struct {
+        DocumentName name;
+        QString file;
+    } cases[] = {
+        {{u"分析出力"_s, u"課題"_s, {}}, u"分析出力_課題"_s},
+        {{u"個人結果"_s, u"A/B\\C:*?\n"_s, u"\"<>|.様"_s}, u"個人結果_A／B￥C：＊？＿_”＜＞｜.様"_s},
+        {{u"個人結果"_s, u"長"_s.repeated(80), u"𠮷"_s.repeated(80)},
+         u"個人結果_%1_%2"_s.arg(u"長"_s.repeated(30), u"𠮷"_s.repeated(22))},
+    };
+    for (const auto& [name, file] : cases) {
+        for (int i = 0; i < 3; ++i) { // within one second
+            const auto written = QFileInfo(printOne(name)).fileName();
+            const QRegularExpression pattern(
+                uR"(^%1_\d{8}-\d{6}(_\d)?\.pdf$)"_s.arg(QRegularExpression::escape(file)));
+            EXPECT_TRUE(pattern.match(written).hasMatch()) << qPrintable(written);
+        }
+    }
+    EXPECT_EQ(files().size(), 9);
+    for (const auto& document : documents) EXPECT_EQ(printedPages(document).size(), 1);
+}
+
+TEST_F(PrinterTest, ADiskThatIsFullLeavesNoFile) {
+    selectPdf();
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    rlimit full = before;
+    full.rlim_cur = 1000; // a file takes no more bytes, as on a full disk
+    auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    const auto error = errorOf([&] { printOne({u"個人結果"_s, u"課題"_s, {}}); });
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+
+    EXPECT_EQ(error, 75);
+    EXPECT_EQ(files(), QStringList());
+    printOne({u"個人結果"_s, u"課題"_s, {}});
+    EXPECT_EQ(files().size(), 1);
+    printer.setOutputFolder(folder.filePath(u"missing"_s));
+    EXPECT_EQ(errorOf([&] { printOne({u"個人結果"_s, u"課題"_s, {}}); }), 76);
+}
+
+TEST_F(PrinterTest, NothingComesOfADocumentThatIsEmptyOrDiscarded) {
+    selectPdf();
+    printer.TextWidth(u"評価"_s);
+    printer.EndPage();
+    printer.EndDoc();
+    print(5, 6, u"中断"_s);
+    printer.KillDoc();
+    printer.EndDoc();
+    EXPECT_EQ(files(), QStringList());
+    print(5, 6, u"中断"_s);
+    EXPECT_EQ(printedPages(printOne({u"個人結果"_s, {}, {}}))[0].words.size(), 1);
+}
+
+TEST_F(PrinterTest, WithoutAPrinterTheUserIsToldOfPdf) {
+    QString description;
+    EXPECT_EQ(printer.DeviceName(), QString());
+    EXPECT_EQ(errorOf([&] { printer.beginDocument({u"個人結果"_s, {}, {}}); }, &description), 482);
+    EXPECT_TRUE(description.contains(u"PDF"_s));
+    EXPECT_EQ(errorOf([&] { printer.setScaleMode(1); }), 5);
+}
+
+// A print system of the test's own with two queues: "office" keeps what it was given, "closed"
+// takes no jobs.
+class QueueTest : public PrinterTest {
+  protected:
+    void SetUp() override {
+        for (const auto* name : {"etc", "spool", "cache", "run", "tmp"})
+            QDir(system.path()).mkdir(QLatin1String(name));
+        write(u"etc/cups-files.conf"_s,
+              u"ServerRoot %1/etc\nRequestRoot %1/spool\nCacheDir %1/cache\nStateDir %1/run\nTempDir %1/tmp\n"
+              "AccessLog /dev/null\nErrorLog /dev/null\nPageLog /dev/null\nFileDevice Yes\n"_s);
+        write(u"etc/cupsd.conf"_s,
+              u"Listen %1/socket\nBrowsing No\nDefaultAuthType None\nPreserveJobFiles Yes\n"_s);
+        write(u"etc/printers.conf"_s,
+              u"<Printer closed>\nDeviceURI file:/dev/null\nState Idle\nAccepting No\n</Printer>\n"
+              "<DefaultPrinter office>\nInfo SHARP AR-266FP SPDL2_T1\nDeviceURI file:/dev/null\nState "
+              "Idle\n"
+              "Accepting Yes\n</DefaultPrinter>\n"_s);
+        daemon.setProcessChannelMode(QProcess::ForwardedChannels);
+        daemon.start(u"/usr/sbin/cupsd"_s,
+                     {u"-f"_s, u"-c"_s, path(u"etc/cupsd.conf"_s), u"-s"_s, path(u"etc/cups-files.conf"_s)});
+        ASSERT_TRUE(daemon.waitForStarted()) << "package cups-daemon is missing";
+        cupsSetServer(QFile::encodeName(path(u"socket"_s)).constData());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return printer.Printers().size() == 3; }, 20000));
+    }
+    void TearDown() override {
+        daemon.terminate();
+        daemon.waitForFinished();
+    }
+
+    QString path(const QString& name) const { return system.filePath(name); }
+    void write(const QString& name, const QString& text) {
+        QString filled = text;
+        writeWholeFile(path(name), filled.replace(u"%1"_s, system.path()).toUtf8());
+    }
+
+    QTemporaryDir system;
+    QProcess daemon;
+};
+
+TEST_F(QueueTest, DocumentsGoToTheCurrentPrinterAndRefusalsAreErrors) {
+    QStringList names;
+    for (const auto& device : printer.Printers()) names.append(device.DeviceName);
+    EXPECT_EQ(names, (QStringList{u"closed"_s, u"SHARP AR-266FP SPDL2_T1"_s, u"いきなりPDF 2"_s}));
+    EXPECT_EQ(printer.DeviceName(), u"SHARP AR-266FP SPDL2_T1"_s); // the system's default
+
+    printer.beginDocument({u"報告作成"_s, u"課題"_s, u"鈴木"_s});
+    print(5, 12, u"一対比較"_s);
+    printer.EndDoc();
+    EXPECT_NEAR(printedPages(path(u"spool/d00001-001"_s)).at(0).word(u"一対比較"_s).box.y(), 12, 0.3);
+    EXPECT_EQ(files(), QStringList());
+
+    QString description;
+    printer.select(printer.Printers().first());
+    EXPECT_EQ(errorOf([&] { printOne({u"報告作成"_s, {}, {}}); }, &description), 482);
+    EXPECT_TRUE(description.contains(u"closed"_s) && description.contains(u'(')) << qPrintable(description);
+    TearDown();
+    EXPECT_EQ(errorOf([&] { printOne({u"報告作成"_s, {}, {}}); }, &description), 482);
+}
+
+} // namespace
