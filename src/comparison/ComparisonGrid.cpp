@@ -28,6 +28,7 @@ QChar itemMark(int item) {
     ui_->setupUi(this);
     ui_->MSFlexGrid1->setSize(gridSize, gridSize);
     ui_->MSFlexGrid1->horizontalHeader()->setDefaultSectionSize(cellWidth);
+    ui_->MSFlexGrid1->setCellAlignment(Qt::AlignCenter);
     ui_->MSFlexGrid1->installEventFilter(this);
     ui_->CmbCell->setParent(ui_->MSFlexGrid1->viewport());
     ui_->CmbCell->installEventFilter(this);

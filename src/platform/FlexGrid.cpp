@@ -3,6 +3,12 @@
 #include <QHeaderView>
 #include <QLabel>
 
+namespace {
+
+constexpr int cornerMargin = 16; // pixels beside the text of cell (0, 0)
+
+} // namespace
+
 FlexGrid::FlexGrid(QWidget* parent) : QTableWidget(parent), corner_(new QLabel(this)) {
     corner_->setAlignment(Qt::AlignCenter);
     setEditTriggers(NoEditTriggers);
@@ -32,6 +38,7 @@ QString FlexGrid::text(int row, int column) const {
 void FlexGrid::setText(int row, int column, const QString& text) {
     if (row == 0 && column == 0) {
         corner_->setText(text);
+        verticalHeader()->setMinimumWidth(corner_->sizeHint().width() + cornerMargin);
         placeCorner();
         return;
     }
@@ -42,6 +49,7 @@ void FlexGrid::setText(int row, int column, const QString& text) {
     } else if (column == 0) {
         setVerticalHeaderItem(row - 1, cell);
     } else {
+        cell->setTextAlignment(cellAlignment_);
         setItem(row - 1, column - 1, cell);
     }
 }

@@ -14,6 +14,8 @@ class FlexGrid : public QTableWidget {
     // Text of a cell; row 0 and column 0 are the fixed cells.
     QString text(int row, int column) const;
     void setText(int row, int column, const QString& text);
+    // Alignment of the texts that are set from now on, outside the fixed cells.
+    void setCellAlignment(Qt::Alignment alignment) { cellAlignment_ = alignment; }
     // Background of a cell.
     void shade(int row, int column, const QColor& colour);
     // Empties every cell, the fixed ones too.
@@ -36,4 +38,5 @@ class FlexGrid : public QTableWidget {
     void placeCorner();
 
     QLabel* corner_;
+    Qt::Alignment cellAlignment_ = Qt::AlignLeft | Qt::AlignVCenter;
 };
