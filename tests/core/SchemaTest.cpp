@@ -36,20 +36,7 @@ TEST_F(SchemaTest, NamesTheTablesAndColumnsThatAreMissing) {
                                                            u"表「workfac」に列「work1」がありません。"_s}));
 }
 
-TEST_F(SchemaTest, KeepsKeysTooLargeForWholeNumbersAndSinglePrecisionValues) {
-    connection_.execute(u"INSERT INTO tempfac (dno) VALUES (9000000000000000000)"_s);
-    connection_.execute(u"INSERT INTO tempfac (dno) SELECT max(dno) * 21 + 1 FROM tempfac"_s);
-    EXPECT_EQ(Recordset(u"SELECT max(dno) AS largest FROM tempfac"_s, connection_)[u"largest"_s].toDouble(),
-              9e18 * 21 + 1);
-    Recordset table(u"一対比較"_s, connection_);
-    table.addNew();
-    table.setField(u"比較値"_s, double{1.0F / 3});
-    table.update();
-    EXPECT_EQ(Recordset(u"SELECT 比較値 FROM 一対比較"_s, connection_)[u"比較値"_s].toDouble(),
-              double{1.0F / 3});
-}
-
-// A statement may walk through at most one table from end to end, and that one must be a work table or short.
+// Each lookup that the program makes, with the conditions it makes it with.
 TEST_F(SchemaTest, StatementsFindTheirRowsByAnIndex) {
     const QStringList statements{
         u"SELECT * FROM 要因 WHERE 要因番号 = 1"_s,

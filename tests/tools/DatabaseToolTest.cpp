@@ -96,20 +96,14 @@ TEST_F(DatabaseToolTest, TheDeliveredFileHasOneEvaluatorAndIsNeverOverwritten) {
 }
 
 TEST_F(DatabaseToolTest, WhatIsNoSoundDatabaseIsNeitherPassedNorCopied) {
-    ASSERT_EQ(run({u"create"_s, path(u"whole.mdb"_s)}).exitCode, 0);
-    QByteArray bytes = bytesOf(path(u"whole.mdb"_s));
-    bytes[bytes.size() / 2] = static_cast<char>(~bytes[bytes.size() / 2]);
-    const std::array<std::pair<QString, QByteArray>, 3> files{
-        {{u"damaged.mdb"_s, bytes}, {u"text.mdb"_s, "no database"}, {u"empty.mdb"_s, ""}}};
-    for (const auto& [name, contents] : files) {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
-        file.close();
-        EXPECT_EQ(run({u"check"_s, path(name)}).exitCode, 1) << name.toStdString();
-        EXPECT_EQ(run({u"backup"_s, path(name), path(u"copy.mdb"_s)}).exitCode, 1) << name.toStdString();
-        EXPECT_FALSE(QFile::exists(path(u"copy.mdb"_s))) << name.toStdString();
-    }
+    ASSERT_EQ(run({u"create"_s, path(u"a.mdb"_s)}).exitCode, 0);
+    QFile file(path(u"a.mdb"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2) && file.write("?") == 1);
+    file.close();
+    EXPECT_EQ(run({u"check"_s, path(u"a.mdb"_s)}).exitCode, 1);
     EXPECT_EQ(run({u"check"_s, path(u"missing.mdb"_s)}).exitCode, 1);
+    EXPECT_EQ(run({u"backup"_s, path(u"a.mdb"_s), path(u"copy.mdb"_s)}).exitCode, 1);
+    EXPECT_FALSE(QFile::exists(path(u"copy.mdb"_s)));
 }
 
 TEST_F(DatabaseToolTest, AFullDiskOrAReadOnlyFolderLeavesNoFile) {
