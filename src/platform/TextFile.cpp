@@ -44,6 +44,8 @@ void writeWholeFile(const QString& path, const QByteArray& bytes) {
     // then.
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
         !file.commit())
-        throw RuntimeError(ErrorCode::FileAccess, u"ファイルを書き込めません。\n%1\n(%2)"_s.arg(
-                                                      info.filePath(), file.errorString()));
+        throw RuntimeError(
+            ErrorCode::FileAccess,
+            u"ファイルを書き込めません。ディスクの空き容量とフォルダーの権限を確かめてください。\n%1"_s.arg(
+                info.filePath()));
 }
