@@ -98,7 +98,7 @@ TEST_F(DatabaseToolTest, TheDeliveredFileHasOneEvaluatorAndIsNeverOverwritten) {
 TEST_F(DatabaseToolTest, WhatIsNoSoundDatabaseIsNeitherPassedNorCopied) {
     ASSERT_EQ(run({u"create"_s, path(u"a.mdb"_s)}).exitCode, 0);
     QFile file(path(u"a.mdb"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2) && file.write("?") == 1);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2) && file.write("damaged!") == 8);
     file.close();
     EXPECT_EQ(run({u"check"_s, path(u"a.mdb"_s)}).exitCode, 1);
     EXPECT_EQ(run({u"check"_s, path(u"missing.mdb"_s)}).exitCode, 1);
