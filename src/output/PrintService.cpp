@@ -110,7 +110,7 @@ QString PrintService::filled(QString line, const QString& place) const {
             throw RuntimeError(ErrorCode::InvalidCall,
                                u"メッセージファイルの「~」が対になっていません。\n%1"_s.arg(place));
         const int slot = slotNumber(QStringView(line).sliced(from + 1, to - from - 1));
-        if (slot >= static_cast<int>(MsgSlots.size()))
+        if (slot >= static_cast<int>(decltype(MsgSlots)::size()))
             throw RuntimeError(ErrorCode::SubscriptOutOfRange,
                                u"メッセージファイルの差込番号は 0 から 20 までです。\n%1"_s.arg(place));
         const auto& value = MsgSlots[slot];

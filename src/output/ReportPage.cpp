@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <algorithm>
+#include <utility>
 
 #include "platform/TextConversion.h"
 
@@ -41,8 +42,8 @@ QString mark(int item) {
 
 } // namespace
 
-ReportPage::ReportPage(PrintService& print, const ReportHeading& heading, const DocumentName& document)
-    : print_(print), printer_(print.printer()), heading_(heading) {
+ReportPage::ReportPage(PrintService& print, ReportHeading heading, const DocumentName& document)
+    : print_(print), printer_(print.printer()), heading_(std::move(heading)) {
     print_.ChooseReportPrinter();
     printer_.beginDocument(document);
     print_.SetUpPage(static_cast<qint16>(heading_.columns.size()));

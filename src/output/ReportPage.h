@@ -42,7 +42,7 @@ struct ReportHeading {
 class ReportPage {
   public:
     // Chooses the printer, sets up the page and begins the document. Raises error 482 without a printer.
-    ReportPage(PrintService& print, const ReportHeading& heading, const DocumentName& document);
+    ReportPage(PrintService& print, ReportHeading heading, const DocumentName& document);
     ~ReportPage();
     ReportPage(const ReportPage&) = delete;
     ReportPage& operator=(const ReportPage&) = delete;

@@ -38,9 +38,8 @@ class JobOptions {
     cups_option_t* options_ = nullptr;
 };
 
-RuntimeError failure(const QString& queue) {
-    return {ErrorCode::Printer,
-            u"プリンタ「%1」に印刷できません。\n(%2)"_s.arg(queue, QString::fromUtf8(cupsLastErrorString()))};
+RuntimeError failure(const QString& queue, const QString& words = QString::fromUtf8(cupsLastErrorString())) {
+    return {ErrorCode::Printer, u"プリンタ「%1」に印刷できません。\n(%2)"_s.arg(queue, words)};
 }
 
 bool writeDocument(cups_dest_t* destination, cups_dinfo_t* info, int job, const QByteArray& title,
@@ -84,8 +83,7 @@ void sendToCupsQueue(const QString& queue, const QString& title, const QByteArra
                           options.count(), options.data()) > IPP_STATUS_OK_EVENTS_COMPLETE)
         throw failure(queue);
     if (writeDocument(destination.get(), info.get(), job, jobTitle, pdf)) return;
-
-    const auto error = failure(queue); // before the cancelling puts its own words in their place
+    const QString words = QString::fromUtf8(cupsLastErrorString()); // before the cancelling says its own
     cupsCancelDestJob(CUPS_HTTP_DEFAULT, destination.get(), job);
-    throw error;
+    throw failure(queue, words);
 }

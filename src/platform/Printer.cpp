@@ -78,7 +78,7 @@ PrinterDevice ReportPrinter::current() const {
 }
 
 PrinterDevice ReportPrinter::installedPrinter() const {
-    const auto device = current();
+    auto device = current();
     if (device.DeviceName.isEmpty())
         throw RuntimeError(ErrorCode::Printer,
                            u"プリンタがインストールされていません。\n"
@@ -156,7 +156,7 @@ void ReportPrinter::EndDoc() {
 
 QString ReportPrinter::writeFile(const QByteArray& pdf) const {
     const auto time = QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
-    const auto path = reserveFile(nativePath(outputFolder_), joined(name_, time));
+    auto path = reserveFile(nativePath(outputFolder_), joined(name_, time));
     try {
         writeWholeFile(path, pdf);
     } catch (const RuntimeError&) {

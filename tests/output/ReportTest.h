@@ -22,7 +22,7 @@ class ReportTest : public ::testing::Test {
     }
 
     QString messageFile(const QByteArray& content) {
-        const QString path = print.FileDir + QStringLiteral("\\message.txt");
+        QString path = print.FileDir + QStringLiteral("\\message.txt");
         writeWholeFile(path, content);
         return path;
     }
