@@ -1,10 +1,14 @@
 #include "ScreenTable.h"
 
+#include "analysis/AnalysisScreen.h"
+#include "analysis/FinalResultScreen.h"
+#include "analysis/GroupReportScreen.h"
 #include "comparison/ComparisonGrid.h"
 #include "comparison/ComparisonSetup.h"
 #include "core/Menus.h"
 #include "core/Screens.h"
 #include "evaluation/EvaluationScreen.h"
+#include "evaluation/IndividualResultScreen.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,4 +18,8 @@ void fillScreenTable(Screens& screens) {
     screens.add<比較者設定>(u"比較者設定"_s);
     screens.add<比較値設定>(u"比較値設定"_s);
     screens.add<評価計算>(u"評価計算"_s);
+    screens.add<個人結果>(u"個人結果"_s);
+    screens.add<報告作成>(u"報告作成"_s);
+    screens.add<分析出力>(u"分析出力"_s);
+    screens.add<最終結果>(u"最終結果"_s);
 }

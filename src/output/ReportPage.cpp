@@ -21,8 +21,9 @@ constexpr qint16 titleRow = 1;
 constexpr qint16 firstRow = 2;
 constexpr qint16 messageIndent = 6;
 constexpr qsizetype decimalPlaces = 4;
-constexpr double matrixCell = 4 * halfWidth; // "1/9" and a gap
-constexpr double widestMatrixName = 80;      // mm
+constexpr double leastMatrixCell = 4 * halfWidth; // "1/9" and a gap
+constexpr double widestMatrixCell = 6 * halfWidth;
+constexpr double widestMatrixName = 80; // mm
 
 double rightMargin(const PrintService& print) {
     return print.LandscapeFlag == 1 ? landscapeRight : portraitRight;
@@ -69,7 +70,8 @@ void ReportPage::message(const QString& path) {
 }
 
 void ReportPage::row(const QStringList& cells, int indent) {
-    keepTogether(1);
+    keepTogether(groupRows_ == 2 ? 2 : 1);
+    groupRows_ = std::max(0, groupRows_ - 1);
     openTable();
     for (qsizetype i = 0; i < std::min(cells.size(), heading_.columns.size()); ++i) {
         auto column = heading_.columns[i];
@@ -90,6 +92,15 @@ void ReportPage::spanningRow(const QString& text, int rows) {
     rowsPrinted_ = true;
 }
 
+void ReportPage::group(int rows, const QString& title, int indent) {
+    if (title.isEmpty())
+        beginRows(rows, 2);
+    else
+        beginRows(rows + 1, 3);
+    rule();
+    if (!title.isEmpty()) row({title}, indent);
+}
+
 void ReportPage::rule() {
     if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
 }
@@ -98,18 +109,19 @@ void ReportPage::newTable(const QString& title, const QList<ReportColumn>& colum
     closeTable();
     heading_.columns = columns;
     tableTitle_ = title;
-    keepTogether(rows);
+    beginRows(rows, 2);
     openTable();
     if (!title.isEmpty()) tableTitle_ = title + u"（続き）"_s; // on the pages that follow
 }
 
 void ReportPage::matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells) {
     const auto count = static_cast<int>(names.size());
-    const double nameWidth =
-        std::min(widestMatrixName, rightMargin(print_) - leftMargin - count * matrixCell);
-    QList<ReportColumn> columns{{QString(), leftMargin, nameWidth}};
+    const double width = rightMargin(print_) - leftMargin;
+    const double cell = std::clamp((width - widestMatrixName) / count, leastMatrixCell, widestMatrixCell);
+    const double name = std::min(widestMatrixName, width - count * cell);
+    QList<ReportColumn> columns{{QString(), leftMargin, name}};
     for (int i = 0; i < count; ++i)
-        columns.append({mark(i + 1), leftMargin + nameWidth + i * matrixCell, matrixCell, Alignment::Right});
+        columns.append({mark(i + 1), leftMargin + name + i * cell, cell, Alignment::Right});
     newTable(title, columns, count);
     for (int i = 0; i < count; ++i) row(QStringList{mark(i + 1) + u' ' + names[i]} + cells[i]);
 }
@@ -149,6 +161,18 @@ int ReportPage::rowsUntilTable() const {
     const int lines =
         linesPrinted_ || heading_.lines.size() < 2 ? 0 : static_cast<int>(heading_.lines.size());
     return lines + 1 + (tableTitle_.isEmpty() ? 0 : 1) + headingRows();
+}
+
+// Makes room for rows that belong together, or for the first ones where a page does not take them all.
+void ReportPage::beginRows(int rows, int inseparable) {
+    keepTogether(rows <= rowsOfPage() ? rows : inseparable);
+    groupRows_ = rows;
+}
+
+// Rows of the table that a fresh page takes.
+int ReportPage::rowsOfPage() const {
+    const int lines = std::max(0, static_cast<int>(heading_.lines.size()) - 1);
+    return print_.MaxLines - firstRow - lines - 1 - (tableTitle_.isEmpty() ? 0 : 1) - headingRows();
 }
 
 void ReportPage::startPage() {

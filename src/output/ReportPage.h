@@ -58,12 +58,16 @@ class ReportPage {
     void row(const QStringList& cells, int indent = 0);
     // A text across the table, never the last row of a page: `rows` rows fit below it.
     void spanningRow(const QString& text, int rows = 1);
+    // Begins a group of `rows` rows, below a fine rule and the group's title, if any, in a row of its own
+    // (`indent` in half-width columns). The group stays on one page where it fits on one; where it does not,
+    // neither its first row nor its last one stands alone.
+    void group(int rows, const QString& title = {}, int indent = 0);
     // Fine rule below the last row, between groups.
     void rule();
 
-    // Closes the table and begins another one below a title. Title, headings and `rows` rows stay together.
-    // A table that goes over to another page repeats its title and headings.
-    void newTable(const QString& title, const QList<ReportColumn>& columns, int rows = 1);
+    // Closes the table and begins another one of `rows` rows below a title. It stays on one page where it
+    // fits on one; where it does not, it repeats its title and headings on the next, and no row stands alone.
+    void newTable(const QString& title, const QList<ReportColumn>& columns, int rows);
     // A table of up to 21 × 21 short texts ("1/9") between items: a row for each item with its mark and name,
     // the marks above the columns. It stays on one page.
     void matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells);
@@ -81,6 +85,8 @@ class ReportPage {
   private:
     int headingRows() const;
     int rowsUntilTable() const;
+    int rowsOfPage() const;
+    void beginRows(int rows, int inseparable);
     double boundary(int row) const;
     void startPage();
     void leavePage();
@@ -103,5 +109,6 @@ class ReportPage {
     bool linesPrinted_ = false;
     bool tableOpen_ = false;
     bool rowsPrinted_ = false; // in the open table, on this page
+    int groupRows_ = 0;        // rows that the group still has
     bool finished_ = false;
 };

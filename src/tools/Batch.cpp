@@ -4,9 +4,13 @@
 #include <QTextStream>
 #include <array>
 
+#include "analysis/AnalysisOutput.h"
+#include "analysis/FinalResult.h"
+#include "analysis/GroupReport.h"
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "evaluation/Evaluation.h"
+#include "evaluation/IndividualResult.h"
 #include "output/PrintService.h"
 #include "platform/ApplicationDirectory.h"
 #include "platform/Fonts.h"
@@ -28,6 +32,13 @@ struct Action {
 
 const std::array actions{
     Action{u"calculate"_s, u"評価計算"_s, evaluate},
+    Action{u"print"_s, u"個人結果"_s,
+           [](PrintService& print, const ReportSelection& selection, const Progress& progress) {
+               return PrintIndividualResult(print, selection, true, progress);
+           }},
+    Action{u"print"_s, u"報告作成"_s, MakeGroupReport},
+    Action{u"print"_s, u"分析出力"_s, PrintAnalysis},
+    Action{u"coefficients"_s, u"最終結果"_s, SetCoefficients},
 };
 
 struct Request {

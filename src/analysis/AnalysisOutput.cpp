@@ -1,0 +1,145 @@
+#include "analysis/AnalysisOutput.h"
+
+#include "analysis/FactorValues.h"
+#include "analysis/Variation.h"
+#include "core/Common.h"
+#include "hierarchy/NumberHierarchy.h"
+#include "output/FactorNames.h"
+#include "output/ReportPage.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+constexpr double negligibleVariance = 1e-8;
+
+const QList<ReportColumn> figureColumns{
+    {u"要因名"_s, 5, 102},
+    {u"最小値"_s, 109, 19, Alignment::Point},
+    {u"最大値"_s, 130, 19, Alignment::Point},
+    {u"平均値"_s, 151, 19, Alignment::Point},
+    {u"偏差値"_s, 172, 19, Alignment::Point},
+    {u"幾平均"_s, 193, 19, Alignment::Point},
+};
+
+// The figures, then the numbers of evaluators in the seven classes.
+QList<ReportColumn> allColumns() {
+    constexpr double left = 218;
+    constexpr double width = 10.5;
+    QList<ReportColumn> columns = figureColumns;
+    for (int number = 0; number < valueClasses; ++number)
+        columns.append({QString::number(number), left + number * width, width, Alignment::Right,
+                        u"分布（最小 0 ～ 6 最大）"_s});
+    return columns;
+}
+
+bool hasTotals() {
+    return !Recordset(
+                u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
+                " order by 子要因番号"_s.arg(ProblemNo)
+                    .arg(RoundCount),
+                *DbConn)
+                .eof();
+}
+
+// The weights of all edges with the keys of the tree, then the totals of the leaves: evaluator in long3.
+void fillTable() {
+    DbConn->execute(u"DELETE from tempfac"_s);
+    const QString head = u"insert into tempfac (parent,child,long2,score,score2,long3,dno)"_s;
+    DbConn->execute(
+        head +
+        u"select 親要因番号,子要因番号,レベル,評価値,総合評価値,評価者番号,work2 from 評価結果,workfac"
+        " where 課題番号=%1 and 比較回数=%2 and 親要因番号=factor and 子要因番号=work1"
+        " and レベル <> 2"_s.arg(ProblemNo)
+            .arg(RoundCount));
+    DbConn->execute(head +
+                    u"select 親要因番号,子要因番号,レベル,総合評価値,総合評価値,評価者番号,%3 from 評価結果"
+                    " where 課題番号=%1 and 比較回数=%2 and レベル = 2"_s.arg(ProblemNo)
+                        .arg(RoundCount)
+                        .arg(totalsKey));
+}
+
+struct Analysis {
+    QString grade;
+    QStringList evaluators;
+    std::vector<FactorValues> tree;
+    std::vector<FactorValues> totals;
+};
+
+QStringList readEvaluators() {
+    QStringList names;
+    for (Recordset rows(u"select distinct long3 from tempfac"_s, *DbConn); !rows.eof(); rows.moveNext())
+        names << evaluatorName(*DbConn, rows[u"long3"_s].toLong());
+    return names;
+}
+
+Analysis analyse() {
+    NumberHierarchy(*DbConn, ProblemNoText, 1);
+    const auto levels = levelsByKey(*DbConn);
+    copyToWorkfac(*DbConn);
+    fillTable();
+    Analysis analysis{VariationGrade(*DbConn, ProblemNo, RoundCount), readEvaluators(), {}, {}};
+    for (auto& factor :
+         readFactorValues(*DbConn, u"select * from tempfac order by dno,child"_s, u"long3"_s, levels))
+        (factor.isTotal ? analysis.totals : analysis.tree).push_back(std::move(factor));
+    return analysis;
+}
+
+QStringList cells(const QString& name, const FactorValues& factor) {
+    const Statistics& group = factor.statistics;
+    QStringList cells{name};
+    for (const double figure : {group.minimum(), group.maximum(), group.mean(),
+                                group.deviation(negligibleVariance), group.geometricMean()})
+        cells << formatNumber(figure, u"0.0000"_s);
+    std::vector<double> values;
+    for (const auto& [evaluatorNo, value] : factor.values) values.push_back(value);
+    for (const int count : classCounts(values, group.minimum(), group.maximum()))
+        cells << formatNumber(count, u"##0"_s);
+    return cells;
+}
+
+void printTree(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& tree) {
+    for (std::size_t begin = 0; begin < tree.size();) {
+        const auto end = familyEnd(tree, begin);
+        const int level = tree[begin].place.level;
+        page.group(static_cast<int>(end - begin), names[tree[begin].place.parentNo], 2 * (level - 1));
+        for (; begin < end; ++begin)
+            page.row(cells(names[tree[begin].place.factorNo], tree[begin]), 2 * level);
+    }
+}
+
+void printTotals(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& totals) {
+    page.newTable(u"総合評価値（最終レベル）"_s, allColumns(), static_cast<int>(totals.size()));
+    for (const auto& factor : totals) page.row(cells(names[factor.place.factorNo], factor));
+}
+
+void printAnalysis(PrintService& print, const Analysis& analysis) {
+    FactorNames names(*DbConn);
+    const QString problem = names[ProblemNo];
+    const QStringList lines{
+        u"%1（%2回）"_s.arg(problem).arg(RoundCount),
+        u"評価者 %1名：%2"_s.arg(analysis.evaluators.size()).arg(analysis.evaluators.join(u"、"_s)),
+        u"変動度:"_s + analysis.grade};
+    ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
+    printTree(page, names, analysis.tree);
+    printTotals(page, names, analysis.totals);
+    page.finish();
+}
+
+} // namespace
+
+bool PrintAnalysis(PrintService& print, const ReportSelection& selection, const Progress& progress) {
+    if (!takeProblemAndRound(selection)) return false;
+    if (!hasTotals()) {
+        refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
+        return false;
+    }
+    progress(0, 1, selection.problemEntry);
+    printAnalysis(print, analyse());
+    progress(1, 1, selection.problemEntry);
+    inform(u" 評価一覧終了"_s);
+    return true;
+}

@@ -1,0 +1,73 @@
+#include "analysis/FinalResult.h"
+
+#include "analysis/Statistics.h"
+#include "core/Common.h"
+#include "output/PrintService.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "platform/TextFile.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+// The coefficient of the factor whose rows come next, as text. Leaves the record set at the next factor.
+QString nextCoefficient(Recordset& rows) {
+    const auto factorNo = rows[u"子要因番号"_s].toLong();
+    Statistics weights;
+    for (; !rows.eof() && rows[u"子要因番号"_s].toLong() == factorNo; rows.moveNext())
+        weights.add(rows[u"総合評価値"_s].toDouble());
+    return formatNumber(weights.geometricMean(), u"#0.0000"_s);
+}
+
+// A separator in the name would put the file into some other folder.
+QString filePath(const QString& folder, const QString& problem) {
+    if (problem.contains(u'/') || problem.contains(u'\\'))
+        throw RuntimeError(ErrorCode::InvalidCall,
+                           u"課題名に「/」や「\\」があるため、ファイルを作成できません。\n%1"_s.arg(problem));
+    return folder + u'\\' + problem + u".csv"_s;
+}
+
+} // namespace
+
+bool SetCoefficients(PrintService& print, const ReportSelection& selection, const Progress& progress) {
+    if (!takeProblemAndRound(selection)) return false;
+    progress(0, 1, selection.problemEntry);
+    if (!ComputeCoefficients(*DbConn, print.FileDir, ProblemNo, RoundCount)) return false;
+    progress(1, 1, selection.problemEntry);
+    inform(u" 係数設定終了"_s);
+    return true;
+}
+
+bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 problemNo, qint16 round) {
+    const QString problem = factorName(connection, problemNo);
+    connection.execute(u"delete from 総合係数 where 課題番号=%1"_s.arg(problemNo));
+    Recordset rows(
+        u"select 子要因番号,総合評価値 from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2 order by 子要因番号"_s
+            .arg(problemNo)
+            .arg(round),
+        connection);
+    if (rows.eof()) {
+        refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
+        return false;
+    }
+    QString names = Quote(u"要因名"_s);
+    QString coefficients = Quote(u"係数"_s);
+    while (!rows.eof()) {
+        const auto factorNo = rows[u"子要因番号"_s].toLong();
+        const QString coefficient = nextCoefficient(rows);
+        names += u',' + Quote(factorName(connection, factorNo));
+        coefficients += u',' + coefficient;
+        connection.execute(
+            u"insert into 総合係数 (課題番号,要因番号,係数値) values(%1,%2,%3)"_s.arg(problemNo)
+                .arg(factorNo)
+                .arg(coefficient));
+    }
+    writeCodePageLines(filePath(folder, problem), {names, coefficients});
+    return true;
+}
+
+QString Quote(const QString& text) {
+    return u'"' + text + u'"';
+}

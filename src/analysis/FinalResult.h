@@ -1,0 +1,27 @@
+// The final result: one coefficient for each bottom-level factor, stored and written for other programs.
+#pragma once
+
+#include <QString>
+
+#include "output/Progress.h"
+#include "output/ReportSelection.h"
+
+class Connection;
+class PrintService;
+
+// Computes, stores and writes the coefficients of the chosen problem and round. False when there was nothing
+// to do it with; the user has been told why.
+bool SetCoefficients(PrintService& print, const ReportSelection& selection, const Progress& progress);
+
+// Replaces the rows of the problem in 総合係数 by the geometric mean of the evaluators' overall weights of
+// each bottom-level factor, to four decimals, and writes them by factor number into `folder`\〈problem〉.csv:
+// a line of names, a line of figures. Every statement stands at once: without results of the round the
+// earlier rows are gone all the same (a message, and false), and an error leaves the rows inserted so far and
+// the earlier file.
+//
+// Raises error 5 for a weight of 0 or below, for a problem name with a folder separator in it and for a name
+// that the code page lacks, 75 or 76 when the file cannot be written.
+bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 problemNo, qint16 round);
+
+// The text between double quotes; those inside it stay as they are.
+QString Quote(const QString& text);

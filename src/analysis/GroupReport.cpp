@@ -1,0 +1,138 @@
+#include "analysis/GroupReport.h"
+
+#include <algorithm>
+
+#include "analysis/FactorValues.h"
+#include "core/Common.h"
+#include "hierarchy/NumberHierarchy.h"
+#include "output/FactorNames.h"
+#include "output/ReportPage.h"
+#include "platform/Dates.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+const QString own = u"あなた"_s;
+const QString whole = u"全体"_s;
+const QList<ReportColumn> columns{
+    {u"目的要因"_s, 5, 48},
+    {u"要因"_s, 55, 50},
+    {u"評価値"_s, 106, 15, Alignment::Point, own},
+    {u"順位"_s, 122, 10, Alignment::Right, own},
+    {u"最小値"_s, 136, 15, Alignment::Point, whole},
+    {u"最大値"_s, 154, 15, Alignment::Point, whole},
+    {u"算術平均"_s, 172, 15, Alignment::Point, whole},
+    {u"幾何平均"_s, 190, 15, Alignment::Point, whole},
+};
+const QString totalsLabel = u"総合評価値（最終レベル）"_s;
+const QString labelBlank(14, u' ');
+
+bool hasTotals(qint32 evaluatorNo) {
+    return !Recordset(
+                u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
+                " and 評価者番号=%3 order by 子要因番号"_s.arg(ProblemNo)
+                    .arg(RoundCount)
+                    .arg(evaluatorNo),
+                *DbConn)
+                .eof();
+}
+
+// The first chosen evaluator without overall weights is told.
+bool allHaveTotals(const ReportSelection& selection) {
+    for (int index = 0; index < EvaluatorCount; ++index) {
+        if (hasTotals(EvaluatorNos[index])) continue;
+        refuseMissing(selection, selection.evaluatorEntries[index], u"評価回数"_s, u"評価結果"_s);
+        return false;
+    }
+    return true;
+}
+
+// Value and rank of the evaluator: the values come in descending order. Blank where there is no value.
+QStringList ownCells(const FactorValues& factor, qint32 evaluatorNo) {
+    const auto found = std::ranges::find(factor.values, evaluatorNo, &EvaluatorValue::evaluatorNo);
+    if (found == factor.values.end()) return {QString(), QString()};
+    const auto rank = std::distance(factor.values.begin(), found) + 1;
+    return {formatNumber(found->value, u"0.0000"_s), formatNumber(static_cast<double>(rank), u"##0"_s)};
+}
+
+QStringList groupCells(const Statistics& group) {
+    QStringList cells;
+    for (const double figure : {group.minimum(), group.maximum(), group.mean(), group.geometricMean()})
+        cells << formatNumber(figure, u"0.0000"_s);
+    return cells;
+}
+
+void printFactors(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& factors,
+                  qint32 evaluatorNo) {
+    bool labelled = false;
+    for (std::size_t begin = 0; begin < factors.size();) {
+        const auto end = familyEnd(factors, begin);
+        page.group(static_cast<int>(end - begin));
+        for (; begin < end; ++begin) {
+            const auto& factor = factors[begin];
+            const QString label = !factor.isTotal ? names[factor.place.parentNo]
+                                  : labelled      ? labelBlank
+                                                  : totalsLabel;
+            labelled = factor.isTotal;
+            page.row(QStringList{label, names[factor.place.factorNo]} + ownCells(factor, evaluatorNo) +
+                     groupCells(factor.statistics));
+        }
+    }
+}
+
+} // namespace
+
+bool MakeGroupReport(PrintService& print, const ReportSelection& selection, const Progress& progress) {
+    if (!takeSelection(selection) || !allHaveTotals(selection)) return false;
+    progress(0, EvaluatorCount, {});
+    FillGroupTable(*DbConn, ProblemNo, RoundCount);
+    for (int index = 0; index < EvaluatorCount; ++index) {
+        progress(index, EvaluatorCount, selection.evaluatorEntries[index]);
+        PrintGroupReport(print, ProblemNo, RoundCount, EvaluatorNos[index]);
+    }
+    progress(EvaluatorCount, EvaluatorCount, {});
+    inform(u" 印刷終了"_s);
+    return true;
+}
+
+void FillGroupTable(Connection& connection, qint32 problemNo, qint16 round) {
+    NumberHierarchy(connection, QString::number(problemNo), 1);
+    copyToWorkfac(connection);
+    connection.execute(u"delete from tempfac"_s);
+    // A leaf right below the problem has a row of level 2 with the same parent: its value counts paths.
+    connection.execute(
+        u"insert into tempfac(parent,child,dno,score,long2)"
+        " select t1.factor,t1.work1,t1.work2,t2.評価値,t2.評価者番号"
+        " from workfac t1,評価結果 t2 where t2.課題番号 = %1 and t2.比較回数=%2"
+        " and t1.work1 = t2.子要因番号 and t1.factor = t2.親要因番号 and t2.レベル <> 2"_s.arg(problemNo)
+            .arg(round));
+    connection.execute(
+        u"insert into tempfac(parent,child,dno,score,long2)"
+        " select 親要因番号,子要因番号,%3,総合評価値,評価者番号"
+        " from 評価結果 where 課題番号 = %1 and 比較回数=%2 and レベル=2"_s.arg(problemNo)
+            .arg(round)
+            .arg(totalsKey));
+}
+
+void PrintGroupReport(PrintService& print, qint32 problemNo, qint16 round, qint32 evaluatorNo) {
+    FactorNames names(*DbConn);
+    const QString problem = names[problemNo];
+    const QString evaluator = evaluatorName(*DbConn, evaluatorNo);
+    print.MsgSlots[0] = formatDate(QDate::currentDate());
+    print.MsgSlots[1] = evaluator + u"様"_s;
+    print.MsgSlots[2] = problem;
+    print.MsgSlots[3] = QString::number(round);
+    const auto factors =
+        readFactorValues(*DbConn, u"select * from tempfac order by dno,child,score desc"_s, u"long2"_s, {});
+
+    ReportPage page(print,
+                    {u"報告作成"_s, {evaluator + u"様"_s, u"%1（%2回）"_s.arg(problem).arg(round)}, columns},
+                    {u"報告作成"_s, problem, evaluator});
+    page.coveringLetter(print.FileDir + u"\\message.txt"_s);
+    printFactors(page, names, factors, evaluatorNo);
+    page.finish();
+}

@@ -1,0 +1,89 @@
+#include "analysis/Variation.h"
+
+#include <cmath>
+
+#include "analysis/Statistics.h"
+#include "platform/BoundedArray.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int familySize = 21;
+constexpr double negligibleVariance = 1e-7;
+constexpr double negligibleWidth = 1e-8;
+
+// By the number of children: weights of a large family differ less.
+constexpr std::array divisors{1.0,   1.0,   0.394, 0.364, 0.333, 0.305, 0.28,  0.261, 0.246, 0.239, 0.226,
+                              0.216, 0.209, 0.204, 0.196, 0.19,  0.187, 0.183, 0.176, 0.173, 0.171};
+
+constexpr std::array bounds{0.1, 0.2, 0.3, 0.4, 999999.0};
+constexpr std::array labels{u'A', u'B', u'C', u'D', u'E', u'F'}; // no variation is as great as F
+
+double divisorOf(int children) {
+    if (children >= static_cast<int>(divisors.size())) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
+    return divisors[static_cast<std::size_t>(children)];
+}
+
+// The standard deviation of the child whose rows come next.
+double nextDeviation(Recordset& rows) {
+    const auto parentNo = rows[u"親要因番号"_s].toLong();
+    const auto childNo = rows[u"子要因番号"_s].toLong();
+    Statistics weights;
+    for (; !rows.eof() && rows[u"親要因番号"_s].toLong() == parentNo &&
+           rows[u"子要因番号"_s].toLong() == childNo;
+         rows.moveNext())
+        weights.add(rows[u"評価値"_s].toDouble());
+    return weights.deviation(negligibleVariance);
+}
+
+struct Variation {
+    double total = 0;
+    int children = 0;
+};
+
+void addNextFamily(Variation& round, Recordset& rows) {
+    const auto parentNo = rows[u"親要因番号"_s].toLong();
+    BoundedArray<double, familySize> deviations;
+    int children = 0;
+    while (!rows.eof() && rows[u"親要因番号"_s].toLong() == parentNo)
+        deviations[children++] = nextDeviation(rows);
+    const double divisor = divisorOf(children);
+    for (int child = 0; child < children; ++child) round.total += deviations[child] / divisor;
+    round.children += children;
+}
+
+} // namespace
+
+QString gradeLetter(double variation) {
+    std::size_t position = 0;
+    while (position + 1 < bounds.size() && !(bounds[position] > variation)) ++position;
+    return QString(QChar(labels[position]));
+}
+
+QString VariationGrade(Connection& connection, qint32 problemNo, qint16 round) {
+    Recordset rows(
+        u"select 親要因番号,子要因番号,評価値 from 評価結果 where 課題番号=%1 and 比較回数=%2 and レベル<>2"
+        " order by 親要因番号,子要因番号"_s.arg(problemNo)
+            .arg(round),
+        connection);
+    Variation variation;
+    while (!rows.eof()) addNextFamily(variation, rows);
+    return gradeLetter(variation.children == 0 ? 0 : variation.total / variation.children);
+}
+
+std::array<int, valueClasses> classCounts(const std::vector<double>& values, double minimum, double maximum) {
+    double width = (maximum - minimum) / valueClasses;
+    if (std::abs(width) < negligibleWidth) width = 0;
+    std::array<int, valueClasses> counts{};
+    for (const double value : values) {
+        const double position = width == 0 ? valueClasses / 2 : (value - minimum) / width;
+        const int number = position > valueClasses - 1 ? valueClasses - 1
+                           : position < 0              ? 0
+                                                       : toLong(position);
+        ++counts[static_cast<std::size_t>(number)];
+    }
+    return counts;
+}

@@ -1,0 +1,27 @@
+// The comparisons that one evaluator made under one goal factor, as a table of texts.
+#pragma once
+
+#include <QString>
+#include <utility>
+#include <vector>
+
+#include "platform/BoundedArray.h"
+
+class Connection;
+
+struct ComparisonTable {
+    static constexpr int size = 21;
+
+    qint32 goalNo = 0;
+    std::vector<qint32> items; // factors in the order of the comparisons
+    BoundedArray<BoundedArray<QString, size>, size> cells;
+};
+
+// The comparisons of a problem, round and evaluator under a goal factor; without items when there are none.
+// Raises error 9 for more than 21 children.
+ComparisonTable readComparisonTable(Connection& connection, qint32 problemNo, qint16 round,
+                                    qint32 evaluatorNo, qint32 goalNo);
+
+// A comparison value as a whole number or the reciprocal of one ("3", "1/3"), and its mirror image. Raises
+// error 11 for 0.
+std::pair<QString, QString> comparisonTexts(double value);

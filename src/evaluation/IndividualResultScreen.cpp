@@ -1,0 +1,22 @@
+#include "evaluation/IndividualResultScreen.h"
+
+#include <QCheckBox>
+#include <QVBoxLayout>
+
+#include "evaluation/IndividualResult.h"
+
+using namespace Qt::StringLiterals;
+
+個人結果::個人結果()
+    : ReportForm({.name = u"個人結果"_s, .actionControl = u"Command7"_s, .actionCaption = u"印刷開始"_s}),
+      Check1(new QCheckBox(u"評価値を印刷する"_s)) {
+    Check1->setObjectName(u"Check1"_s);
+    Check1->setShortcut(u"Alt+V"_s);
+    Check1->setToolTip(u"オフにすると、要因の木を評価値 0 で印刷します (Alt+V)"_s);
+    Check1->setChecked(true);
+    optionsLayout()->addWidget(Check1);
+}
+
+void 個人結果::run(const ReportSelection& selection) {
+    PrintIndividualResult(print_, selection, Check1->isChecked(), progress());
+}
