@@ -98,7 +98,11 @@ void ReportPage::group(int rows, const QString& title, int indent) {
     else
         beginRows(rows + 1, 3);
     rule();
-    if (!title.isEmpty()) row({title}, indent);
+    if (title.isEmpty()) return;
+    openTable();
+    printAcross(title, indent);
+    --groupRows_;
+    rowsPrinted_ = true;
 }
 
 void ReportPage::rule() {
@@ -271,8 +275,9 @@ QString ReportPage::cut(const QString& text, double width) const {
 }
 
 // A text over the whole width, in a row of its own.
-void ReportPage::printAcross(const QString& text) {
-    printCell({{}, leftMargin, rightMargin(print_) - leftMargin}, text, print_.LineNo++);
+void ReportPage::printAcross(const QString& text, int indent) {
+    const double left = leftMargin + indent * halfWidth;
+    printCell({{}, left, rightMargin(print_) - left}, text, print_.LineNo++);
 }
 
 double ReportPage::boundary(int row) const {

@@ -97,7 +97,7 @@ class ReportPage {
     void printColumnHeadings();
     void printSpanningHeading(qsizetype first);
     void printCell(const ReportColumn& column, const QString& text, int row);
-    void printAcross(const QString& text);
+    void printAcross(const QString& text, int indent = 0);
     void drawRule(int row, int width);
     QString cut(const QString& text, double width) const;
 
