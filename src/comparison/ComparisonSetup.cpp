@@ -23,8 +23,8 @@ void 比較者設定::Form_Load() {
                         "WHERE T1.課題番号 = T2.要因番号 order by 課題番号"_s,
                         *DbConn);
          !rows.eof(); rows.moveNext()) {
-        const auto& problem =
-            problems_.emplace_back(rows[u"課題番号"_s].toText(), NullToEmpty(rows[u"要因名"_s]));
+        const auto& problem = problems_.emplace_back(
+            NumberedName{rows[u"課題番号"_s].toText(), NullToEmpty(rows[u"要因名"_s])});
         ui_->Combo1->addItem(formatNumber(problem.number.toDouble(), u"0000"_s) + u' ' + problem.name);
     }
     ui_->Text2->setText(formatDate(QDate::currentDate()));
@@ -46,8 +46,8 @@ void 比較者設定::Combo1_Click() {
     ui_->Combo2->clear();
     evaluators_.clear();
     for (; !rows.eof(); rows.moveNext()) {
-        const auto& evaluator =
-            evaluators_.emplace_back(rows[u"評価者番号"_s].toText(), NullToEmpty(rows[u"評価者氏名"_s]));
+        const auto& evaluator = evaluators_.emplace_back(
+            NumberedName{rows[u"評価者番号"_s].toText(), NullToEmpty(rows[u"評価者氏名"_s])});
         ui_->Combo2->addItem(evaluator.number + u' ' + evaluator.name);
     }
 }

@@ -49,9 +49,7 @@ void openDatabase(const QString& applicationDirectory) {
     DbConn = std::make_unique<Connection>();
     DbConn->setCursorLocation(Connection::clientSideCursors);
     DbConn->setProvider(u"MSDataShape"_s);
-    DbConn->setConnectionString(u"Data Provider=Microsoft.Jet.OLEDB.4.0; "_s + u"Data Source="_s + AppDir +
-                                u"\\DB\\Hollin.mdb;"_s + u"Persist Security Info=False;"_s +
-                                u"Jet OLEDB:Database Password="_s + databasePassword);
+    DbConn->setConnectionString(databaseConnectionString(AppDir + u"\\DB\\Hollin.mdb"_s));
     DbConn->open({}, {}, -1);
 }
 
