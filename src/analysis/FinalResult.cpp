@@ -36,6 +36,7 @@ bool SetCoefficients(PrintService& print, const ReportSelection& selection, cons
     progress(0, 1, selection.problemEntry);
     if (!ComputeCoefficients(*DbConn, print.FileDir, ProblemNo, RoundCount)) return false;
     progress(1, 1, selection.problemEntry);
+    if (print.FileExported) print.FileExported(filePath(print.FileDir, factorName(*DbConn, ProblemNo)));
     inform(u" 係数設定終了"_s);
     return true;
 }

@@ -14,6 +14,7 @@
 #include "output/PrintService.h"
 #include "platform/ApplicationDirectory.h"
 #include "platform/Fonts.h"
+#include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,6 +51,10 @@ struct Request {
 
 void print(FILE* stream, const QString& line) {
     QTextStream(stream) << line << Qt::endl;
+}
+
+void tellFile(const QString& path) {
+    print(stdout, nativePath(path));
 }
 
 void addOptions(QCommandLineParser& parser) {
@@ -125,6 +130,7 @@ bool perform(const Action& action, const ReportSelection& selection) {
     PrintService service(Common::Printer);
     service.load(Common::AppDir);
     service.ToggleOutputTarget(); // documents are PDF
+    service.FileExported = tellFile;
     Common::MsgTitle = action.screen;
     bool accepted = false;
     const bool completed = runAction(
@@ -164,7 +170,7 @@ int main(int argc, char* argv[]) {
     }
     if (parser.isSet(u"directory"_s)) setApplicationDirectory(parser.value(u"directory"_s));
     Common::Presenter = consolePresenter();
-    Common::Printer.onDocument([](const QString& path) { print(stdout, path); });
+    Common::Printer.onDocument(tellFile);
     const ExitCode code = perform(requestOf(parser));
     Common::DbConn.reset();
     return code;

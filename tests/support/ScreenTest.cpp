@@ -52,8 +52,8 @@ ScreenTest::~ScreenTest() {
     Common::DbConn.reset();
 }
 
-// Left to the next action of a screen to make durable: waiting for the disk at each row would make up most of the time
-// that the tests take.
+// Left to the next action of a screen to make durable: waiting for the disk at each row would make up most of
+// the time that the tests take.
 void ScreenTest::run(const QString& sql) {
     Common::DbConn->execute(sql);
 }

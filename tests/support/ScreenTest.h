@@ -43,7 +43,8 @@ class ScreenTest : public ::testing::Test {
         auto* form = Common::Forms.find(screen);
         auto* found = form == nullptr ? nullptr : form->findChild<Control*>(name);
         if (found == nullptr)
-            throw std::runtime_error((screen + QChar(u'.') + name + QStringLiteral(" is missing")).toStdString());
+            throw std::runtime_error(
+                (screen + QChar(u'.') + name + QStringLiteral(" is missing")).toStdString());
         return found;
     }
     bool isOpen(const QString& screen) { return Common::Forms.find(screen) != nullptr; }

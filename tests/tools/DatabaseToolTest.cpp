@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <array>
 
@@ -11,25 +10,11 @@
 #include "evaluation/Synthesis.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
+#include "support/RunProgram.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Outcome {
-    int exitCode;
-    QString output;
-    QString errors;
-};
-
-Outcome runProgram(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
 
 QByteArray bytesOf(const QString& path) {
     QFile file(path);
