@@ -1,0 +1,362 @@
+#include "hierarchy/StructureEditor.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "platform/TextConversion.h"
+#include "ui_StructureEditor.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+constexpr int factorColumn = 1;
+constexpr int treePage = 1;
+constexpr int lastShiftedRow = 10;
+constexpr int searchTextRole = Qt::UserRole;
+
+// What a user may type to find a text: width and case do not matter.
+QString searchText(const QString& text) {
+    return toHalfWidth(text).toLower();
+}
+
+// The controls, laid out on the screen.
+std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
+    auto controls = std::make_unique<Ui::StructureEditor>();
+    controls->setupUi(screen);
+    return controls;
+}
+
+} // namespace
+
+要因構成登録::要因構成登録()
+    : Screen(u"要因構成登録"_s), ui_(layOut(this)), tree_(ui_->TreeView1, ui_->TreeView2) {
+    setUpGrid();
+    for (QObject* watched : std::initializer_list<QObject*>{ui_->MSFlexGrid1, ui_->List1, ui_->Text1,
+                                                            ui_->TreeView1, ui_->TreeView2})
+        watched->installEventFilter(this);
+    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onEvent(ui_->Combo2, &QComboBox::activated, [this] { Combo2_Click(); });
+    onEvent(ui_->List1, &QListWidget::itemDoubleClicked, [this] { List1_DblClick(); });
+    onEvent(ui_->Text1, &QLineEdit::textChanged, [this] { Text1_Change(); });
+    onEvent(ui_->SSTab1, &QTabWidget::currentChanged, [this] { SSTab1_Click(); });
+    for (QTreeView* view : std::initializer_list<QTreeView*>{ui_->TreeView1, ui_->TreeView2})
+        onEvent(view, &QTreeView::doubleClicked, [this] { TreeView1_DblClick(); });
+    onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
+    onEvent(ui_->Command2, &QPushButton::clicked, [this] { Command2_Click(); });
+    onAction(ui_->Command3, u"行削除"_s, [this] { Command3_Click(); });
+    onEvent(ui_->Command4, &QPushButton::clicked, [this] { Command4_Click(); });
+}
+
+要因構成登録::~要因構成登録() = default;
+
+void 要因構成登録::setUpGrid() {
+    auto* grid = ui_->MSFlexGrid1;
+    grid->setSize(mostChildren + 1, factorColumn + 1);
+    grid->setText(0, 0, u"No."_s);
+    grid->setText(0, factorColumn, u"要因"_s);
+    for (int row = 1; row <= mostChildren; ++row) grid->setText(row, 0, u"%1"_s.arg(row, 3));
+    grid->horizontalHeader()->setStretchLastSection(true);
+    grid->verticalHeader()->setDefaultSectionSize(grid->verticalHeader()->minimumSectionSize());
+}
+
+void 要因構成登録::Form_Load() {
+    MsgTitle = windowTitle();
+    for (int row = 1; row <= mostChildren; ++row) childOf(row).displayOrder = row;
+    fillProblems();
+    loadFactors();
+    showPosition();
+    centre();
+}
+
+void 要因構成登録::fillProblems() {
+    Recordset rows(
+        u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル FROM 課題 T1,要因 T2 "
+        "WHERE T1.課題番号 = T2.要因番号 order by 課題番号"_s,
+        *DbConn);
+    if (rows.eof()) refuse(u"課題が未登録です。 課題登録を行ってください。"_s);
+    for (; !rows.eof(); rows.moveNext()) {
+        const Problem problem{rows[u"課題番号"_s].toLong(), NullToZero(rows[u"課題区分"_s]).toLong(),
+                              NullToEmpty(rows[u"要因名"_s]), NullToZero(rows[u"構成レベル"_s]).toLong()};
+        problems_.push_back(problem);
+        ui_->Combo1->addItem(factorText(problem.number, problem.name, u" "_s));
+    }
+}
+
+void 要因構成登録::loadFactors() {
+    ui_->List1->clear();
+    StructList.clear();
+    for (Recordset rows(u"SELECT * FROM 要因 ORDER BY 要因番号 "_s, *DbConn); !rows.eof(); rows.moveNext()) {
+        StructList.push_back({rows[u"要因番号"_s].toText(), NullToEmpty(rows[u"要因名"_s])});
+        auto* item =
+            new QListWidgetItem(factorText(rows[u"要因番号"_s].toLong(), StructList.back().name), ui_->List1);
+        item->setToolTip(item->text()); // long names may be cut
+    }
+    Text1_Change();
+}
+
+// Narrows the list to what is searched for. Entries are only hidden, so that their positions stay.
+void 要因構成登録::Text1_Change() {
+    const QString wanted = searchText(ui_->Text1->text().trimmed());
+    int first = -1;
+    for (int row = 0; row < ui_->List1->count(); ++row) {
+        auto* item = ui_->List1->item(row);
+        if (!wanted.isEmpty() && item->data(searchTextRole).isNull())
+            item->setData(searchTextRole, searchText(item->text()));
+        const bool found = wanted.isEmpty() || item->data(searchTextRole).toString().contains(wanted);
+        item->setHidden(!found);
+        if (found && first < 0) first = row;
+    }
+    ui_->List1->setCurrentRow(first);
+}
+
+void 要因構成登録::Combo1_Click() {
+    if (!mayDiscardChildren(u"破棄しますか ？"_s)) return ui_->Combo1->setCurrentIndex(problem_);
+    problem_ = ui_->Combo1->currentIndex();
+    StructProblemNo = problem().number;
+    rebuildStructureDisplay(*DbConn, StructProblemNo, problem().levels);
+    fillParents();
+    chooseParent(-1);
+    showTree();
+}
+
+void 要因構成登録::fillParents() {
+    parents_ = readParents(*DbConn, StructProblemNo, problem().name, problem().levels);
+    ui_->Combo2->clear();
+    for (const auto& parent : parents_.parents)
+        ui_->Combo2->addItem(factorText(parent.place.factorNo, parent.name, u" "_s));
+    ui_->Combo2->setCurrentIndex(-1);
+}
+
+void 要因構成登録::showTree() {
+    tree_.clear();
+    if (problem_ < 0) return;
+    tree_.show(readTree(*DbConn, StructProblemNo), parents_);
+    showPosition();
+}
+
+void 要因構成登録::SSTab1_Click() {
+    if (ui_->SSTab1->currentIndex() == treePage) {
+        showTree();
+    } else {
+        loadFactors();
+    }
+}
+
+void 要因構成登録::Combo2_Click() {
+    if (!mayDiscardChildren(u"破棄しますか ？"_s)) return ui_->Combo2->setCurrentIndex(parent_);
+    chooseParent(ui_->Combo2->currentIndex());
+}
+
+// Shows a parent of the list with its saved children; −1 for none.
+void 要因構成登録::chooseParent(int index) {
+    parent_ = index;
+    ui_->Combo2->setCurrentIndex(index);
+    if (index >= 0) {
+        readChildren(*DbConn, StructProblemNo, chosenParent().factorNo, children_);
+    } else {
+        for (auto& child : children_) child = {child.displayOrder, 0, {}};
+    }
+    unsaved_ = false;
+    showChildren();
+    showPosition();
+    say({});
+}
+
+void 要因構成登録::showChildren() {
+    for (int row = 1; row <= mostChildren; ++row) showChild(row);
+    ui_->MSFlexGrid1->setCurrent(firstFreeRow(), factorColumn);
+}
+
+void 要因構成登録::showChild(int row) {
+    const auto& child = childOf(row);
+    ui_->MSFlexGrid1->setText(row, factorColumn,
+                              child.isFree() ? QString() : factorText(child.factorNo, child.name));
+}
+
+int 要因構成登録::firstFreeRow() const {
+    const auto rows = static_cast<int>(savedChildren(children_).size());
+    return rows < mostChildren ? rows + 1 : 0;
+}
+
+// Where the chosen parent stands, and where work goes on.
+void 要因構成登録::showPosition() {
+    if (parent_ >= 0) {
+        const QString path = tree_.pathTo(chosenParent());
+        ui_->Label6->setText(path.isEmpty() ? ui_->Combo2->currentText() : path);
+        ui_->Label6->setToolTip(ui_->Label6->text());
+        tree_.select(chosenParent());
+    } else {
+        ui_->Label6->clear();
+    }
+    ui_->Command4->setEnabled(parents_.next.has_value());
+    const QString next = parents_.next ? ui_->Combo2->itemText(parentIndex(*parents_.next)) : QString();
+    ui_->Label7->setText(problem_ < 0     ? QString()
+                         : next.isEmpty() ? u"すべての親要因が設定されています。"_s
+                                          : u"次に設定する親要因： %1"_s.arg(next));
+}
+
+// The parent at the place, or another node of the same factor: its children are the same. −1 when there is
+// none.
+int 要因構成登録::parentIndex(const NodePlace& place) const {
+    const auto& parents = parents_.parents;
+    auto found = std::ranges::find(parents, place, &TreeNode::place);
+    if (found == parents.end())
+        found = std::ranges::find(parents, place.factorNo,
+                                  [](const TreeNode& node) { return node.place.factorNo; });
+    return found == parents.end() ? -1 : static_cast<int>(found - parents.begin());
+}
+
+void 要因構成登録::List1_DblClick() {
+    const int chosen = ui_->List1->currentRow();
+    if (ui_->Combo1->currentIndex() < 0 || ui_->Combo2->currentIndex() < 0 || chosen < 0) return;
+    const int row = ui_->MSFlexGrid1->row();
+    if (row < 1) return refuseAt(ui_->MSFlexGrid1, u"設定する行を選択して下さい"_s);
+    auto& child = childOf(row);
+    const bool wasFree = child.isFree();
+    const auto& factor = StructList.at(static_cast<std::size_t>(chosen));
+    child.factorNo = Value(factor.number).toLong();
+    child.name = factor.name;
+    showChild(row);
+    unsaved_ = true;
+    say({});
+    // Whoever fills free rows goes on to the next one; a row that was filled already is being corrected.
+    if (wasFree && row < mostChildren && childOf(row + 1).isFree())
+        ui_->MSFlexGrid1->setCurrent(row + 1, factorColumn);
+}
+
+void 要因構成登録::Command1_Click() {
+    if (ui_->Combo1->currentIndex() < 0) return refuseAt(ui_->Combo1, u"課題を選択して下さい"_s);
+    if (ui_->Combo2->currentIndex() < 0) return refuseAt(ui_->Combo2, u"要因（親）を選択して下さい"_s);
+    const auto children = savedChildren(children_);
+    if (children.empty()) return refuseAt(ui_->MSFlexGrid1, u"要因（子）が設定されてません"_s);
+    const auto parentNo = chosenParent().factorNo;
+    if (const auto refused = refusedChild(*DbConn, StructProblemNo, parentNo, children))
+        return refuseChild(*refused);
+    saveChildren(*DbConn, StructProblemNo, parentNo, children);
+    removeOrphans(*DbConn, StructProblemNo);
+    rebuildStructureDisplay(*DbConn, StructProblemNo, problem().levels);
+    finishSave(children.size());
+}
+
+// The saved parent stays chosen, and the children as they are: those behind a free row have not been saved.
+void 要因構成登録::finishSave(std::size_t saved) {
+    DbConn->endUnitOfWork(); // only what is on the disk counts as saved
+    const auto notSaved =
+        std::ranges::count(children_, false, &ChildEntry::isFree) - static_cast<std::ptrdiff_t>(saved);
+    unsaved_ = notSaved > 0;
+    const NodePlace place = chosenParent();
+    fillParents();
+    parent_ = parentIndex(place);
+    ui_->Combo2->setCurrentIndex(parent_);
+    showTree();
+    tree_.revealNext();
+    if (unsaved_) return say(u"空いた行より下の要因（子） %1 件は登録されていません。"_s.arg(notSaved), true);
+    say(u"%1 件の要因（子）を登録しました。"_s.arg(saved));
+    if (parents_.next) ui_->Command4->setFocus();
+}
+
+void 要因構成登録::Command3_Click() {
+    auto* grid = ui_->MSFlexGrid1;
+    const int current = grid->row();
+    if (current < 1) return refuseAt(grid, u"削除行を選択して下さい"_s);
+    if (grid->text(current, factorColumn).isEmpty()) return refuseAt(grid, u"要因（子）が設定されてません"_s);
+    // Rows below the tenth do not take part: the shift always frees row 10.
+    const QString removed = grid->text(std::min(current, lastShiftedRow), factorColumn);
+    if (removed.isEmpty()) return say(u"11 行目から下の行は削除できません。"_s, true);
+    for (int row = std::min(current, lastShiftedRow); row <= lastShiftedRow; ++row) {
+        auto& child = childOf(row);
+        const ChildEntry next = row < lastShiftedRow ? childOf(row + 1) : ChildEntry{};
+        child = {child.displayOrder, next.factorNo, next.name};
+        showChild(row);
+    }
+    unsaved_ = true;
+    say(u"'%1' を一覧から外しました。登録するまで構成は変わりません。"_s.arg(removed));
+}
+
+void 要因構成登録::Command4_Click() {
+    if (!parents_.next || !mayDiscardChildren(u"破棄しますか ？"_s)) return;
+    ui_->SSTab1->setCurrentIndex(0);
+    chooseParent(parentIndex(*parents_.next));
+    ui_->Text1->setFocus();
+    ui_->Text1->selectAll();
+}
+
+// A node that is on offer as parent can be chosen in the tree.
+void 要因構成登録::TreeView1_DblClick() {
+    const auto* node = ui_->TreeView1->currentItem();
+    const auto place = tree_.placeOf(node);
+    if (!place) return;
+    const int offered = parentIndex(*place);
+    if (offered < 0) return say(u"'%1' は今は要因（親）に選べません。"_s.arg(node->text(0)), true);
+    if (!mayDiscardChildren(u"破棄しますか ？"_s)) return;
+    ui_->SSTab1->setCurrentIndex(0);
+    chooseParent(offered);
+    ui_->Text1->setFocus();
+}
+
+void 要因構成登録::Command2_Click() {
+    if (mayDiscardChildren(u"終了しますか ？"_s)) leaveTo(u"登録メニュー"_s);
+}
+
+// What was chosen and not saved must not vanish by a slip of the hand.
+bool 要因構成登録::mayDiscardChildren(const QString& question) {
+    return !unsaved_ || confirm(u"登録されていない要因（子）があります。"_s + question);
+}
+
+void 要因構成登録::refuseAt(QWidget* field, const QString& text) {
+    refuse(text);
+    field->setFocus();
+}
+
+void 要因構成登録::refuseChild(const RefusedChild& refused) {
+    refuseAt(ui_->MSFlexGrid1, refused.reason);
+    ui_->MSFlexGrid1->setCurrent(refused.row, factorColumn);
+}
+
+// What was done last, under the pages.
+void 要因構成登録::say(const QString& note, bool warns) {
+    ui_->Label8->setText(note);
+    ui_->Label8->setStyleSheet(warns ? u"color: #b00020;"_s : QString());
+}
+
+bool 要因構成登録::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return Screen::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool done = watched == ui_->MSFlexGrid1                      ? gridKey(key)
+                      : watched == ui_->List1 || watched == ui_->Text1 ? searchKey(key)
+                                                                       : treeKey(key);
+    return done || Screen::eventFilter(watched, event);
+}
+
+bool 要因構成登録::treeKey(int key) {
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    runEvent([this] { TreeView1_DblClick(); });
+    return true;
+}
+
+bool 要因構成登録::gridKey(int key) {
+    if (key != Qt::Key_Delete) return false;
+    ui_->Command3->click();
+    return true;
+}
+
+// In the search field and the list: Enter takes the marked factor, Down goes from the field into the list.
+bool 要因構成登録::searchKey(int key) {
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            runEvent([this] { List1_DblClick(); });
+            ui_->Text1->selectAll();
+            return true;
+        case Qt::Key_Down:
+            if (ui_->List1->hasFocus()) return false;
+            ui_->List1->setFocus();
+            return true;
+        default:
+            return false;
+    }
+}

@@ -1,0 +1,78 @@
+// Factor structure editor: the factor tree of one problem, the children of one parent at a time.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "core/Screen.h"
+#include "hierarchy/StructureTables.h"
+#include "hierarchy/StructureTree.h"
+
+namespace Ui {
+class StructureEditor;
+}
+
+class 要因構成登録 : public Screen {
+  public:
+    要因構成登録();
+    ~要因構成登録() override;
+
+    void Form_Load() override;
+    void frameClosed() override { Command2_Click(); }
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Combo1_Click();
+    void Combo2_Click();
+    void List1_DblClick();
+    void Command1_Click(); // save
+    void Command2_Click(); // back to the menu
+    void Command3_Click(); // delete a row
+    void Command4_Click(); // go on to the next parent to fill
+    void SSTab1_Click();
+    void Text1_Change();
+    void TreeView1_DblClick();
+
+    struct Problem {
+        qint32 number;
+        qint32 kind;
+        QString name;
+        int levels;
+    };
+
+    const Problem& problem() const { return problems_.at(static_cast<std::size_t>(problem_)); }
+    const NodePlace& chosenParent() const {
+        return parents_.parents.at(static_cast<std::size_t>(parent_)).place;
+    }
+    ChildEntry& childOf(int row) { return children_.at(static_cast<std::size_t>(row - 1)); } // 1 to 20
+
+    void setUpGrid();
+    void fillProblems();
+    void loadFactors();
+    void showTree();
+    void fillParents();
+    void chooseParent(int index);
+    void showChildren();
+    void showChild(int row);
+    void showPosition();
+    void say(const QString& note, bool warns = false);
+    void refuseAt(QWidget* field, const QString& text);
+    void refuseChild(const RefusedChild& refused);
+    void finishSave(std::size_t saved);
+    bool mayDiscardChildren(const QString& question);
+    int parentIndex(const NodePlace& place) const;
+    int firstFreeRow() const; // 1 to 20, 0 when there is none
+    bool gridKey(int key);
+    bool searchKey(int key);
+    bool treeKey(int key);
+
+    std::unique_ptr<Ui::StructureEditor> ui_;
+    StructureTree tree_;
+    std::vector<Problem> problems_; // parallel to the entries of Combo1
+    ParentList parents_;            // parallel to the entries of Combo2
+    ChildList children_;            // by row, 0 to 19
+    // What is shown: the boxes go back to it when the user keeps unsaved children.
+    int problem_ = -1;
+    int parent_ = -1;
+    bool unsaved_ = false;
+};

@@ -1,0 +1,202 @@
+#include "hierarchy/StructureTables.h"
+
+#include <QSet>
+#include <algorithm>
+
+#include "core/Common.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double largestSequence = 9007199254740992; // 2 to the power of 53
+
+qint64 sequenceOf(const Value& field) {
+    return static_cast<qint64>(field.toDouble());
+}
+
+// The place of the child that the current row of 構成表示 describes.
+NodePlace childPlace(const Recordset& row) {
+    return {row[u"子要因番号"_s].toLong(), row[u"子レベル"_s].toLong(), sequenceOf(row[u"子シーケンス"_s])};
+}
+
+NodePlace parentPlace(const Recordset& row) {
+    return {row[u"親要因番号"_s].toLong(), row[u"親レベル"_s].toLong(), sequenceOf(row[u"親シーケンス"_s])};
+}
+
+// The factors above `factorNo`, itself included.
+QSet<qint32> factorsAbove(Connection& connection, qint32 problemNo, qint32 factorNo) {
+    QSet<qint32> above;
+    for (Recordset rows(u"WITH RECURSIVE 上位(番号) AS (SELECT %2 UNION SELECT 親要因番号 FROM 要因構成,上位 "
+                        "WHERE 課題番号 = %1 AND 子要因番号 = 番号) SELECT 番号 FROM 上位"_s.arg(problemNo)
+                            .arg(factorNo),
+                        connection);
+         !rows.eof(); rows.moveNext())
+        above.insert(rows[u"番号"_s].toLong());
+    return above;
+}
+
+Recordset edgesOf(Connection& connection, qint32 problemNo, qint32 parentNo) {
+    return {
+        u"SELECT 課題番号,親要因番号,子要因番号,子要因表示順,子作成済 FROM 要因構成  "
+        "WHERE 課題番号 = %1 AND 親要因番号 = %2"_s.arg(problemNo)
+            .arg(parentNo),
+        connection};
+}
+
+void addNode(Recordset& table, const NodePlace& parent, const Recordset& edge) {
+    const double sequence = parent.level == 0 ? edge[u"子要因表示順"_s].toDouble()
+                                              : (static_cast<double>(parent.sequence) - 1) * mostChildren +
+                                                    edge[u"子要因表示順"_s].toDouble();
+    if (sequence > largestSequence) throw RuntimeError(ErrorCode::Overflow);
+    table.addNew();
+    table.setField(u"親レベル"_s, parent.level);
+    table.setField(u"親シーケンス"_s, parent.sequence);
+    table.setField(u"親要因番号"_s, parent.factorNo);
+    table.setField(u"子レベル"_s, parent.level + 1);
+    table.setField(u"子シーケンス"_s, static_cast<qint64>(sequence));
+    for (const auto& copied : {u"課題番号"_s, u"子要因番号"_s, u"子要因表示順"_s, u"子作成済"_s})
+        table.setField(copied, edge[copied]);
+    table.update();
+}
+
+void addChildNodes(Connection& connection, Recordset& table, qint32 problemNo, const NodePlace& parent) {
+    for (auto edges = edgesOf(connection, problemNo, parent.factorNo); !edges.eof(); edges.moveNext())
+        addNode(table, parent, edges);
+}
+
+} // namespace
+
+QString factorText(qint32 factorNo, const QString& name, const QString& separator) {
+    return formatNumber(factorNo, u"0000"_s) + separator + name;
+}
+
+QString TreeNode::key() const {
+    return u"R%1%2%3"_s.arg(place.factorNo).arg(place.level).arg(place.sequence);
+}
+
+std::span<const ChildEntry> savedChildren(const ChildList& children) {
+    const auto firstFree = std::ranges::find_if(children, &ChildEntry::isFree);
+    return {children.begin(), firstFree};
+}
+
+std::optional<RefusedChild> refusedChild(Connection& connection, qint32 problemNo, qint32 parentNo,
+                                         std::span<const ChildEntry> children) {
+    const auto above = factorsAbove(connection, problemNo, parentNo);
+    QSet<qint32> seen;
+    for (const auto& child : children) {
+        const QString reason = child.factorNo == problemNo      ? u"課題そのもの"_s
+                               : child.factorNo == parentNo     ? u"要因（親）自身"_s
+                               : above.contains(child.factorNo) ? u"要因（親）より上位の要因"_s
+                               : seen.contains(child.factorNo)  ? u"二重に設定されている要因"_s
+                                                                : QString();
+        if (!reason.isEmpty())
+            return RefusedChild{child.displayOrder, u"要因（子） '%1' は%2なので登録できません。"_s.arg(
+                                                        factorText(child.factorNo, child.name), reason)};
+        seen.insert(child.factorNo);
+    }
+    return std::nullopt;
+}
+
+void saveChildren(Connection& connection, qint32 problemNo, qint32 parentNo,
+                  std::span<const ChildEntry> children) {
+    connection.execute(
+        u" DELETE FROM 要因構成 WHERE 課題番号 = %1AND 親要因番号 = %2"_s.arg(problemNo).arg(parentNo));
+    Recordset table(u"要因構成"_s, connection);
+    for (const auto& child : children) {
+        table.addNew();
+        table.setField(u"課題番号"_s, problemNo);
+        table.setField(u"親要因番号"_s, parentNo);
+        table.setField(u"子要因番号"_s, child.factorNo);
+        table.setField(u"子要因表示順"_s, child.displayOrder);
+        table.setField(u"子作成済"_s, u"0"_s);
+        table.update();
+    }
+    connection.execute(u"UPDATE  要因構成 SET 子作成済 = '1' WHERE 子要因番号 =%1"_s.arg(parentNo));
+}
+
+void removeOrphans(Connection& connection, qint32 problemNo) {
+    for (Recordset parents(
+             u"SELECT 課題番号,親要因番号 FROM 要因構成  WHERE 課題番号 = %1 AND 親要因番号 <> %1"
+             " GROUP BY 課題番号,親要因番号 "_s.arg(problemNo),
+             connection);
+         !parents.eof(); parents.moveNext()) {
+        const auto parentNo = parents[u"親要因番号"_s].toLong();
+        const Recordset leading(
+            u"SELECT * FROM 要因構成  WHERE 課題番号 = %1AND 子要因番号 = %2"_s.arg(problemNo).arg(parentNo),
+            connection);
+        if (leading.recordCount() == 0)
+            connection.execute(
+                u" DELETE FROM 要因構成 WHERE 課題番号 = %1AND 親要因番号 = %2"_s.arg(problemNo).arg(
+                    parentNo));
+    }
+}
+
+void rebuildStructureDisplay(Connection& connection, qint32 problemNo, int levels) {
+    connection.execute(u" DELETE FROM 構成表示 "_s);
+    Recordset table(u"構成表示"_s, connection);
+    addChildNodes(connection, table, problemNo, {problemNo, 0, 0});
+    for (int level = 1; level <= levels; ++level) {
+        Recordset nodes(
+            u"SELECT 課題番号,親レベル,親シーケンス,親要因番号,子レベル,子シーケンス,子要因番号,子要因表示順,"
+            "子作成済 FROM 構成表示 WHERE 子レベル = %1 ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス "_s
+                .arg(level),
+            connection);
+        if (nodes.eof()) break; // deeper levels are empty too, however many the problem allows
+        for (; !nodes.eof(); nodes.moveNext()) addChildNodes(connection, table, problemNo, childPlace(nodes));
+    }
+}
+
+std::vector<TreeNode> readTree(Connection& connection, qint32 problemNo) {
+    const QString tree =
+        u"SELECT "
+        u"T1.課題番号,T1.親レベル,T1.親シーケンス,T1.親要因番号,T1.子レベル,T1.子シーケンス,T1.子要因番号,"
+        "T3.要因名 FROM 構成表示 T1,要因 T3 WHERE T1.課題番号 = %1%2"
+        "ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス "_s;
+    std::vector<TreeNode> nodes;
+    const Recordset root(
+        tree.arg(problemNo).arg(u"AND T1.課題番号 = T1.親要因番号 AND T1.親要因番号 = T3.要因番号 "_s),
+        connection);
+    if (root.eof()) return nodes;
+    nodes.push_back({parentPlace(root), std::nullopt, Common::NullToEmpty(root[u"要因名"_s])});
+    for (Recordset rows(tree.arg(problemNo).arg(u"AND T1.子要因番号 = T3.要因番号 "_s), connection);
+         !rows.eof(); rows.moveNext())
+        nodes.push_back({childPlace(rows), parentPlace(rows), Common::NullToEmpty(rows[u"要因名"_s])});
+    return nodes;
+}
+
+ParentList readParents(Connection& connection, qint32 problemNo, const QString& problemName, int levels) {
+    const NodePlace problem{problemNo, 0, 0};
+    ParentList list{{{problem, std::nullopt, problemName}}, std::nullopt};
+    Recordset rows(
+        u"SELECT T1.親レベル,T1.親シーケンス,T1.親要因番号,T1.子レベル,T1.子シーケンス,T1.子要因番号,"
+        "T1.子作成済,T3.要因名 FROM 構成表示 T1,要因 T3 "
+        "WHERE T1.課題番号 = %1AND T1.子要因番号 = T3.要因番号 "
+        "ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス "_s.arg(problemNo),
+        connection);
+    if (rows.eof()) list.next = problem;
+    for (; !rows.eof() && !list.next; rows.moveNext()) {
+        const NodePlace place = childPlace(rows);
+        if (place.level >= levels) continue;
+        list.parents.push_back({place, parentPlace(rows), Common::NullToEmpty(rows[u"要因名"_s])});
+        if (Common::NullToEmpty(rows[u"子作成済"_s]) == u"0"_s) list.next = place;
+    }
+    return list;
+}
+
+void readChildren(Connection& connection, qint32 problemNo, qint32 parentNo, ChildList& children) {
+    for (auto& child : children) child = {child.displayOrder, 0, {}};
+    std::size_t row = 0;
+    for (Recordset rows(u"SELECT T1.課題番号,T1.親要因番号,T1.子要因番号,T1.子要因表示順,T3.要因名 "
+                        "FROM 要因構成 T1,要因 T3 WHERE T1.課題番号 = %1AND T1.親要因番号 = %2"
+                        "AND T1.子要因番号 = T3.要因番号 ORDER BY 子要因表示順 "_s.arg(problemNo)
+                            .arg(parentNo),
+                        connection);
+         !rows.eof(); rows.moveNext(), ++row) {
+        if (row == children.size()) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
+        children[row].factorNo = rows[u"子要因番号"_s].toLong();
+        children[row].name = Common::NullToEmpty(rows[u"要因名"_s]);
+    }
+}
