@@ -10,6 +10,11 @@
 #include "evaluation/EvaluationScreen.h"
 #include "evaluation/IndividualResultScreen.h"
 #include "hierarchy/StructureEditor.h"
+#include "registration/EvaluatorRegistration.h"
+#include "registration/FactorRegistration.h"
+#include "registration/ListDialogs.h"
+#include "registration/ProblemConfiguration.h"
+#include "registration/ProblemEvaluators.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +22,16 @@ void fillScreenTable(Screens& screens) {
     screens.add<メニュー>(u"メニュー"_s);
     screens.add<登録メニュー>(u"登録メニュー"_s);
     screens.add<要因構成登録>(u"要因構成登録"_s);
+    screens.add<要因登録>(u"要因登録"_s);
+    screens.add<課題登録>(u"課題登録"_s);
+    screens.add<評価者登録>(u"評価者登録"_s);
+    screens.add<課題構成登録>(u"課題構成登録"_s);
+    screens.add<課題評価者登録>(u"課題評価者登録"_s);
+    screens.add<課題選択>(u"課題選択"_s);
+    screens.add<課題候補表示>(u"課題候補表示"_s);
+    screens.add<課題要因表示>(u"課題要因表示"_s);
+    screens.add<要因表示>(u"要因表示"_s);
+    screens.add<評価者表示>(u"評価者表示"_s);
     screens.add<比較者設定>(u"比較者設定"_s);
     screens.add<比較値設定>(u"比較値設定"_s);
     screens.add<評価計算>(u"評価計算"_s);

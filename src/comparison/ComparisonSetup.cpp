@@ -1,5 +1,6 @@
 #include "comparison/ComparisonSetup.h"
 
+#include "core/NumberedNames.h"
 #include "platform/Dates.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
@@ -19,14 +20,8 @@ using namespace Common;
 
 void 比較者設定::Form_Load() {
     MsgTitle = windowTitle();
-    for (Recordset rows(u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル FROM 課題 T1,要因 T2 "
-                        "WHERE T1.課題番号 = T2.要因番号 order by 課題番号"_s,
-                        *DbConn);
-         !rows.eof(); rows.moveNext()) {
-        const auto& problem = problems_.emplace_back(
-            NumberedName{rows[u"課題番号"_s].toText(), NullToEmpty(rows[u"要因名"_s])});
-        ui_->Combo1->addItem(formatNumber(problem.number.toDouble(), u"0000"_s) + u' ' + problem.name);
-    }
+    problems_ = readProblems();
+    for (const auto& problem : problems_) ui_->Combo1->addItem(problemEntry(problem));
     ui_->Text2->setText(formatDate(QDate::currentDate()));
     centre();
 }
@@ -36,20 +31,16 @@ void 比較者設定::Combo1_Click() {
     const Recordset round(u"SELECT 比較回数 FROM 課題 WHERE 課題番号 = %1"_s.arg(problem.number), *DbConn);
     ui_->Label5->setText(NullToEmpty(round[u"比較回数"_s]));
 
-    Recordset rows(
+    auto evaluators = readNumberedNames(
         u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2  "
         "WHERE 課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
             problem.number),
-        *DbConn);
-    if (rows.eof())
+        u"評価者番号"_s, u"評価者氏名"_s);
+    if (evaluators.empty())
         return refuse(u" '%1' の課題評価者は登録されてません。"_s.arg(ui_->Combo1->currentText()));
+    evaluators_ = std::move(evaluators);
     ui_->Combo2->clear();
-    evaluators_.clear();
-    for (; !rows.eof(); rows.moveNext()) {
-        const auto& evaluator = evaluators_.emplace_back(
-            NumberedName{rows[u"評価者番号"_s].toText(), NullToEmpty(rows[u"評価者氏名"_s])});
-        ui_->Combo2->addItem(evaluator.number + u' ' + evaluator.name);
-    }
+    for (const auto& [number, name] : evaluators_) ui_->Combo2->addItem(number + u' ' + name);
 }
 
 void 比較者設定::Command1_Click() {

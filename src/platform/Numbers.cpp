@@ -78,6 +78,6 @@ QString formatNumber(double number, const QString& pattern) {
     return QString::fromUtf16(shown.getBuffer(), shown.length());
 }
 
-QString lastDigits(qint64 number, int digits) {
-    return QString::number(number).rightJustified(digits, u'0').right(digits);
+QString digitsAfterFirst(qint64 number, int digits) {
+    return QString::number(number).mid(1, digits);
 }

@@ -22,5 +22,6 @@ QString decimalText(double number);
 // decimal text of the double, so that 0.00005 shows as 0.0001.
 QString formatNumber(double number, const QString& pattern);
 
-// Whole number with leading zeros, cut to its last `digits` digits: (13, 4) gives "0013", (12345, 4) "2345".
-QString lastDigits(qint64 number, int digits);
+// The `digits` characters after the first of the whole number's decimal text: 10000 + 13 with 4 digits gives
+// "0013", 10000 + 12345 "2345". Numbers that lists show with leading zeros are cut so.
+QString digitsAfterFirst(qint64 number, int digits);

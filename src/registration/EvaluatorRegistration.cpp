@@ -1,0 +1,96 @@
+#include "registration/EvaluatorRegistration.h"
+
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "platform/RuntimeError.h"
+#include "platform/SqlText.h"
+#include "ui_EvaluatorRegistration.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+// The highest number of an empty table is null, and null has no successor: error 94.
+QString proposedNumber() {
+    const Recordset highest(u"SELECT MAX(評価者番号) as MAX_評価者番号 FROM 評価者 "_s, *DbConn);
+    if (highest.eof()) return u"001"_s;
+    return digitsAfterFirst(1000 + (highest[u"MAX_評価者番号"_s].toLong() + 1LL), 3);
+}
+
+} // namespace
+
+評価者登録::評価者登録()
+    : RegistrationScreen(u"評価者登録"_s, u"評価者表示"_s),
+      ui_(std::make_unique<Ui::EvaluatorRegistration>()) {
+    ui_->setupUi(this);
+    onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
+    onAction(ui_->Command2, u"変更"_s, [this] { Command2_Click(); });
+    onAction(ui_->Command3, u"表示"_s, [this] { Command3_Click(); });
+    onEvent(ui_->Command4, &QPushButton::clicked, [this] { Command4_Click(); });
+}
+
+評価者登録::~評価者登録() = default;
+
+void 評価者登録::Form_Load() {
+    centre();
+    MsgTitle = windowTitle();
+    EvaluatorLoadFailed = 0;
+    try {
+        ui_->Text1->setText(proposedNumber());
+        Forms.show(list());
+    } catch (const RuntimeError& error) {
+        MsgText = error.description();
+        showMessage(MessageStyle::Exclamation, QString::number(error.number()) + u"評価者テーブルエラー"_s);
+        EvaluatorLoadFailed = 1;
+    }
+    // The list tells its own failure; it must not stay open alone when this screen closes again.
+    if (EvaluatorLoadFailed != 0) Forms.unload(list());
+}
+
+void 評価者登録::Command1_Click() {
+    if (!requireNumber(ui_->Text1, u"評価者番号が不正です。"_s)) return;
+    if (!requireText(ui_->Text3, u"評価者氏名が不正です。"_s)) return;
+    const Recordset same(u"SELECT 評価者氏名 FROM 評価者 WHERE 評価者番号 =%1"_s.arg(numberIn(ui_->Text1)),
+                         *DbConn);
+    if (!same.eof()) return refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
+    if (!confirm(u"登録しますか ？"_s)) return;
+    addEvaluator();
+    ui_->Text1->setFocus();
+    Forms.unload(list());
+}
+
+void 評価者登録::addEvaluator() {
+    Recordset table(u"評価者"_s, *DbConn);
+    table.addNew();
+    table.setField(u"評価者番号"_s, leadingNumber(ui_->Text1->text()));
+    table.setField(u"評価者氏名"_s, ui_->Text3->text());
+    table.setField(u"所属部門"_s, ui_->Text4->text());
+    table.update();
+    table.close();
+}
+
+void 評価者登録::Command2_Click() {
+    if (!requireText(ui_->Text3, u"評価者氏名が不正です。"_s)) return;
+    const QString number = numberIn(ui_->Text1);
+    if (Recordset(u"SELECT * FROM 評価者 WHERE 評価者番号 = %1"_s.arg(number), *DbConn).eof())
+        return refuseMissingEvaluator();
+    const QString change = u"UPDATE  評価者 SET 評価者氏名 = %1, 所属部門 = %2WHERE 評価者番号 =%3"_s.arg(
+        quoted(ui_->Text3->text()), quoted(ui_->Text4->text()), number);
+    if (!confirm(u"変更しますか ？"_s)) return;
+    DbConn->execute(change);
+    for (auto* field : {ui_->Text1, ui_->Text3, ui_->Text4}) field->clear();
+    Forms.unload(list());
+}
+
+void 評価者登録::Command3_Click() {
+    const Recordset evaluator(u"SELECT * FROM 評価者 WHERE 評価者番号 =%1"_s.arg(numberIn(ui_->Text1)),
+                              *DbConn);
+    if (evaluator.eof()) return refuseMissingEvaluator();
+    ui_->Text3->setText(NullToEmpty(evaluator[u"評価者氏名"_s]));
+    ui_->Text4->setText(NullToEmpty(evaluator[u"所属部門"_s]));
+}
+
+void 評価者登録::refuseMissingEvaluator() {
+    refuseAt(ui_->Text1, u"評価者番号 '%1' は存在しません。"_s.arg(ui_->Text1->text()));
+}

@@ -1,0 +1,115 @@
+#include "registration/FactorRegistration.h"
+
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "platform/SqlText.h"
+#include "ui_FactorRegistration.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+constexpr FactorScreenKind factors{u"要因登録", u"要因番号", u"要因表示", false};
+constexpr FactorScreenKind problems{u"課題登録", u"課題要因番号", u"課題要因表示", true};
+
+// One past the highest number of all factors, problems or not.
+QString proposedNumber() {
+    if (Recordset(u"SELECT * FROM 要因 "_s, *DbConn).eof()) return u"0001"_s;
+    const Recordset highest(u"SELECT MAX(要因番号) as MAX_要因番号 FROM 要因 "_s, *DbConn);
+    return digitsAfterFirst(10000 + (highest[u"MAX_要因番号"_s].toLong() + 1LL), 4);
+}
+
+// Both screens close the list of all factors, so that it is rebuilt when it is next opened. The list of
+// problems stays as it is until its screen is left.
+void closeFactorList() {
+    Forms.unload(factors.list.toString());
+}
+
+} // namespace
+
+FactorRegistration::FactorRegistration(const FactorScreenKind& kind)
+    : RegistrationScreen(kind.name.toString(), kind.list.toString()),
+      kind_(kind),
+      ui_(std::make_unique<Ui::FactorRegistration>()) {
+    ui_->setupUi(this);
+    setWindowTitle(name());
+    ui_->Label1->setText(kind.numberLabel.toString());
+    onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
+    onAction(ui_->Command2, u"変更"_s, [this] { Command2_Click(); });
+    onAction(ui_->Command3, u"表示"_s, [this] { Command3_Click(); });
+    onEvent(ui_->Command4, &QPushButton::clicked, [this] { Command4_Click(); });
+}
+
+FactorRegistration::~FactorRegistration() = default;
+
+void FactorRegistration::Form_Load() {
+    MsgTitle = windowTitle();
+    centre();
+    ui_->Text1->setText(proposedNumber());
+    Forms.show(list());
+}
+
+void FactorRegistration::Command1_Click() {
+    if (!canRegister()) return;
+    const qint16 number = toInteger(leadingNumber(ui_->Text1->text()));
+    if (!Recordset(u"SELECT 要因名 FROM 要因 WHERE 要因番号 =%1"_s.arg(number), *DbConn).eof())
+        return refuse(u"要因番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
+    if (!confirm(u"登録しますか ？"_s)) return;
+    addFactor(number);
+    ui_->Text1->setFocus();
+    closeFactorList();
+}
+
+bool FactorRegistration::canRegister() {
+    if (!requireNumber(ui_->Text1, u"要因番号が不正です。"_s)) return false;
+    if (!requireNumber(ui_->Text2, u"要因区分が不正です。"_s)) return false;
+    return !kind_.registersProblems || leadingNumber(ui_->Text2->text()) == 0 ||
+           refuseAt(ui_->Text2, u"要因区分が不正です。"_s);
+}
+
+void FactorRegistration::addFactor(qint16 number) {
+    Recordset table(u"要因"_s, *DbConn);
+    table.addNew();
+    table.setField(u"要因番号"_s, number);
+    table.setField(u"要因区分"_s, leadingNumber(ui_->Text2->text()));
+    table.setField(u"要因名"_s, ui_->Text3->text());
+    table.setField(u"要因内容"_s, ui_->Text4->text());
+    table.update();
+    table.close();
+}
+
+// A problem may become an ordinary factor here, so its class is not looked at.
+void FactorRegistration::Command2_Click() {
+    if (!requireNumber(ui_->Text2, u"要因区分が不正です。"_s)) return;
+    if (!requireText(ui_->Text3, u"要因名が不正です。"_s)) return;
+    if (!factorExists()) return refuseMissingFactor();
+    const QString change =
+        u"UPDATE  要因 SET 要因区分 = %1, 要因名 = %2, 要因内容 = %3WHERE 要因番号 =%4"_s.arg(
+            numberIn(ui_->Text2), quoted(ui_->Text3->text()), quoted(ui_->Text4->text()),
+            numberIn(ui_->Text1));
+    if (!confirm(u"変更しますか ？"_s)) return;
+    DbConn->execute(change);
+    for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4}) field->clear();
+    closeFactorList();
+}
+
+void FactorRegistration::Command3_Click() {
+    const Recordset factor(u"SELECT * FROM 要因 WHERE 要因番号 =%1"_s.arg(numberIn(ui_->Text1)), *DbConn);
+    if (factor.eof()) return refuseMissingFactor();
+    ui_->Text2->setText(NullToEmpty(factor[u"要因区分"_s]));
+    ui_->Text3->setText(NullToEmpty(factor[u"要因名"_s]));
+    ui_->Text4->setText(NullToEmpty(factor[u"要因内容"_s]));
+}
+
+bool FactorRegistration::factorExists() const {
+    return !Recordset(u"SELECT * FROM 要因 WHERE 要因番号 = %1"_s.arg(numberIn(ui_->Text1)), *DbConn).eof();
+}
+
+void FactorRegistration::refuseMissingFactor() {
+    refuseAt(ui_->Text1, u"要因番号 '%1' は存在しません。"_s.arg(ui_->Text1->text()));
+}
+
+要因登録::要因登録() : FactorRegistration(factors) {}
+
+課題登録::課題登録() : FactorRegistration(problems) {}

@@ -1,0 +1,120 @@
+#include "registration/ProblemConfiguration.h"
+
+#include <QEvent>
+
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "ui_ProblemConfiguration.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+課題構成登録::課題構成登録()
+    : RegistrationScreen(u"課題構成登録"_s, u"課題候補表示"_s),
+      ui_(std::make_unique<Ui::ProblemConfiguration>()) {
+    ui_->setupUi(this);
+    ui_->Text1->installEventFilter(this);
+    onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
+    onAction(ui_->Command2, u"変更"_s, [this] { Command2_Click(); });
+    onAction(ui_->Command3, u"表示"_s, [this] { Command3_Click(); });
+    onEvent(ui_->Command4, &QPushButton::clicked, [this] { Command4_Click(); });
+}
+
+課題構成登録::~課題構成登録() = default;
+
+void 課題構成登録::Form_Load() {
+    centre();
+    MsgTitle = u"課題登録"_s; // users know the messages about problems under this title
+    Forms.show(list());
+}
+
+bool 課題構成登録::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui_->Text1 && event->type() == QEvent::MouseButtonDblClick)
+        runEvent([this] { Text1_DblClick(); });
+    return RegistrationScreen::eventFilter(watched, event);
+}
+
+// Takes over what was last picked in a list of problems.
+void 課題構成登録::Text1_DblClick() {
+    if (PickCount == -1) return;
+    PickList.resize(static_cast<std::size_t>(PickCount) + 1);
+    ui_->Text1->setText(PickList.back().number);
+    ui_->Label6->setWholeText(PickList.back().name);
+}
+
+void 課題構成登録::Command1_Click() {
+    if (!problemCanBeConfigured() || !settingsAreNumbers()) return;
+    const Recordset same(u"SELECT * FROM 課題 WHERE 課題番号 =%1"_s.arg(numberIn(ui_->Text1)), *DbConn);
+    if (!same.eof()) {
+        refuseAt(ui_->Text1, u"'%1' は既に存在します。"_s.arg(ui_->Text1->text()));
+        return;
+    }
+    if (!confirm(u"登録しますか ？"_s)) return;
+    addProblem();
+    ui_->Text1->setFocus();
+}
+
+bool 課題構成登録::problemCanBeConfigured() {
+    if (!requireNumber(ui_->Text1, u"課題番号が不正です。"_s)) return false;
+    const QString number = numberIn(ui_->Text1);
+    if (Recordset(u"SELECT * FROM 要因 WHERE 要因番号 =%1"_s.arg(number), *DbConn).eof())
+        return refuseAt(ui_->Text1,
+                        u"課題番号 '%1' は要因テーブルに存在しません。"_s.arg(ui_->Text1->text()));
+    if (Recordset(u"SELECT * FROM 要因 WHERE 要因番号 =%1 AND 要因区分 = 0 "_s.arg(number), *DbConn).eof())
+        return refuseAt(ui_->Text1, u"課題番号 '%1' は課題要因として要因テーブルに存在しません。"_s.arg(
+                                        ui_->Text1->text()));
+    return true;
+}
+
+// Levels and branches may be left empty, which stores 0.
+bool 課題構成登録::settingsAreNumbers() {
+    return requireNumber(ui_->Text2, u"課題区分が不正です。"_s) &&
+           requireNumberOrBlank(ui_->Text3, u"構成レベルが不正です。"_s) &&
+           requireNumberOrBlank(ui_->Text4, u"最大分岐数が不正です。"_s) &&
+           requireNumber(ui_->Text5, u"比較回数が不正です。"_s);
+}
+
+void 課題構成登録::addProblem() {
+    Recordset table(u"課題"_s, *DbConn);
+    table.addNew();
+    table.setField(u"課題番号"_s, leadingNumber(ui_->Text1->text()));
+    table.setField(u"課題区分"_s, leadingNumber(ui_->Text2->text()));
+    table.setField(u"構成レベル"_s, leadingNumber(ui_->Text3->text()));
+    table.setField(u"最大分岐数"_s, leadingNumber(ui_->Text4->text()));
+    table.setField(u"比較回数"_s, leadingNumber(ui_->Text5->text()));
+    table.update();
+    table.close();
+}
+
+// A configured problem can be changed whatever has become of its factor, so only its own row is looked for.
+void 課題構成登録::Command2_Click() {
+    if (!settingsAreNumbers()) return;
+    const QString number = numberIn(ui_->Text1);
+    if (Recordset(u"SELECT * FROM 課題 WHERE 課題番号 = %1"_s.arg(number), *DbConn).eof())
+        return refuseMissingProblem();
+    const QString change =
+        u"UPDATE  課題 SET 課題区分 = %1, 構成レベル = %2, 最大分岐数 = %3, 比較回数 =%4 WHERE 課題番号 =%5"_s
+            .arg(numberIn(ui_->Text2), numberIn(ui_->Text3), numberIn(ui_->Text4), numberIn(ui_->Text5),
+                 number);
+    if (!confirm(u"変更しますか ？"_s)) return;
+    DbConn->execute(change);
+    for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4, ui_->Text5}) field->clear();
+}
+
+void 課題構成登録::Command3_Click() {
+    const Recordset problem(
+        u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル,T1.最大分岐数,T1.比較回数 "
+        "FROM 課題 T1,要因 T2 WHERE T1.課題番号 =%1AND T1.課題番号 = T2.要因番号 "_s.arg(
+            numberIn(ui_->Text1)),
+        *DbConn);
+    if (problem.eof()) return refuseMissingProblem();
+    ui_->Text2->setText(NullToZero(problem[u"課題区分"_s]).toText());
+    ui_->Text3->setText(NullToZero(problem[u"構成レベル"_s]).toText());
+    ui_->Text4->setText(NullToZero(problem[u"最大分岐数"_s]).toText());
+    ui_->Label6->setWholeText(NullToEmpty(problem[u"要因名"_s]));
+    ui_->Text5->setText(NullToZero(problem[u"比較回数"_s]).toText());
+}
+
+void 課題構成登録::refuseMissingProblem() {
+    refuseAt(ui_->Text1, u"課題番号 '%1' は存在しません。"_s.arg(ui_->Text1->text()));
+}

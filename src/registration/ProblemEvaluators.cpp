@@ -1,0 +1,127 @@
+#include "registration/ProblemEvaluators.h"
+
+#include "core/NumberedNames.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "ui_ProblemEvaluators.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+void fill(QListWidget* list, const std::vector<NumberedName>& evaluators) {
+    QStringList entries;
+    for (const auto& [number, name] : evaluators) entries << number + u' ' + name;
+    list->clear();
+    list->addItems(entries);
+}
+
+} // namespace
+
+課題評価者登録::課題評価者登録()
+    : RegistrationScreen(u"課題評価者登録"_s), ui_(std::make_unique<Ui::ProblemEvaluators>()) {
+    ui_->setupUi(this);
+    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
+    onAction(ui_->Command2, u"追加"_s, [this] { Command2_Click(); });
+    onAction(ui_->Command3, u"削除"_s, [this] { Command3_Click(); });
+    onEvent(ui_->Command4, &QPushButton::clicked, [this] { Command4_Click(); });
+}
+
+課題評価者登録::~課題評価者登録() = default;
+
+void 課題評価者登録::Form_Load() {
+    MsgTitle = windowTitle();
+    problems_ = readProblems();
+    for (const auto& problem : problems_) ui_->Combo1->addItem(problemEntry(problem));
+    centre();
+}
+
+const QString& 課題評価者登録::problem() const {
+    return problems_.at(static_cast<std::size_t>(ui_->Combo1->currentIndex())).number;
+}
+
+void 課題評価者登録::Combo1_Click() {
+    evaluators_ = readNumberedNames(u"SELECT 評価者番号,評価者氏名   FROM 評価者    ORDER BY 評価者番号 "_s,
+                                    u"評価者番号"_s, u"評価者氏名"_s);
+    if (evaluators_.empty()) refuse(u"評価者が登録されてません。"_s);
+    fill(ui_->List1, evaluators_);
+    showAssignment();
+}
+
+void 課題評価者登録::showAssignment() {
+    fill(ui_->List2,
+         readNumberedNames(
+             u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
+             "WHERE T1.課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
+                 problem()),
+             u"評価者番号"_s, u"評価者氏名"_s));
+}
+
+QStringList 課題評価者登録::selectedEvaluators() const {
+    QStringList numbers;
+    for (int row = 0; row < ui_->List1->count(); ++row)
+        if (ui_->List1->item(row)->isSelected())
+            numbers << evaluators_.at(static_cast<std::size_t>(row)).number;
+    return numbers;
+}
+
+bool 課題評価者登録::isChosen(const QString& noSelection) {
+    if (ui_->Combo1->currentIndex() < 0) return refuseAt(ui_->Combo1, u"課題が未選択です。"_s);
+    return !selectedEvaluators().isEmpty() || refuseAt(ui_->List1, noSelection);
+}
+
+void 課題評価者登録::Command1_Click() {
+    if (!isChosen(u"評価者が選択されてません。"_s)) return;
+    if (!confirm(u"当該課題に選択された評価者を登録しますか ？"_s)) return;
+    DbConn->execute(u" DELETE FROM 課題評価者 WHERE 課題番号 = %1"_s.arg(problem()));
+    assign(selectedEvaluators());
+    finishChange();
+}
+
+void 課題評価者登録::Command2_Click() {
+    if (!isChosen(u"評価者が選択されてません"_s)) return;
+    const QStringList evaluators = selectedEvaluators();
+    if (!isNew(evaluators)) return;
+    if (!confirm(u"当該課題に選択された評価者を追加登録しますか ？"_s)) return;
+    assign(evaluators);
+    finishChange();
+}
+
+bool 課題評価者登録::isNew(const QStringList& evaluators) {
+    for (const auto& evaluator : evaluators) {
+        const Recordset assigned(
+            u"SELECT *   FROM 課題評価者 WHERE 課題番号 = %1 AND 評価者番号 = %2 ORDER BY 課題番号 "_s.arg(
+                problem(), evaluator),
+            *DbConn);
+        if (!assigned.eof()) return refuseAt(ui_->List1, u"選択された評価者は登録済です。"_s + evaluator);
+    }
+    return true;
+}
+
+void 課題評価者登録::Command3_Click() {
+    if (!isChosen(u"評価者が選択されてません"_s)) return;
+    if (!confirm(u"当該課題から選択された評価者を削除しますか ？"_s)) return;
+    for (const auto& evaluator : selectedEvaluators())
+        DbConn->execute(
+            u" DELETE FROM 課題評価者 WHERE 課題番号 = %1 AND 評価者番号 = %2"_s.arg(problem(), evaluator));
+    finishChange();
+}
+
+void 課題評価者登録::assign(const QStringList& evaluators) {
+    Recordset table(u"課題評価者"_s, *DbConn);
+    for (const auto& evaluator : evaluators) {
+        table.addNew();
+        table.setField(u"課題番号"_s, leadingNumber(problem()));
+        table.setField(u"評価者番号"_s, leadingNumber(evaluator));
+        table.setField(u"役割"_s, QString(u""_s));
+        table.update();
+    }
+    table.close();
+}
+
+void 課題評価者登録::finishChange() {
+    showAssignment();
+    ui_->List1->clearSelection();
+}

@@ -1,0 +1,37 @@
+#include "registration/RegistrationScreen.h"
+
+#include "platform/Numbers.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+RegistrationScreen::RegistrationScreen(const QString& name, const QString& list)
+    : Screen(name), list_(list) {}
+
+void RegistrationScreen::Command4_Click() {
+    Forms.show(u"登録メニュー"_s);
+    Forms.unload(list_);
+    Forms.unload(name());
+}
+
+bool RegistrationScreen::refuseAt(QWidget* field, const QString& text) {
+    refuse(text);
+    field->setFocus();
+    return false;
+}
+
+bool RegistrationScreen::requireNumber(QLineEdit* field, const QString& text) {
+    return isNumeric(field->text()) || refuseAt(field, text);
+}
+
+bool RegistrationScreen::requireNumberOrBlank(QLineEdit* field, const QString& text) {
+    return field->text().trimmed().isEmpty() || requireNumber(field, text);
+}
+
+bool RegistrationScreen::requireText(QLineEdit* field, const QString& text) {
+    return !field->text().trimmed().isEmpty() || refuseAt(field, text);
+}
+
+QString RegistrationScreen::numberIn(const QLineEdit* field) {
+    return decimalText(leadingNumber(field->text()));
+}

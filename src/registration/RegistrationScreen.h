@@ -1,0 +1,33 @@
+// What the registration screens have in common: how a field is read and refused, and how the screen is left.
+#pragma once
+
+#include <QLineEdit>
+
+#include "core/Screen.h"
+
+class RegistrationScreen : public Screen {
+  public:
+    // `list` is the list dialog that the screen opens beside itself, empty when it has none.
+    explicit RegistrationScreen(const QString& name, const QString& list = {});
+
+    void frameClosed() override { Command4_Click(); }
+
+  protected:
+    const QString& list() const { return list_; }
+
+    // Back to the registration menu.
+    void Command4_Click();
+
+    // Says what is wrong and puts the focus on the field to mend; false, so that a check can return it.
+    static bool refuseAt(QWidget* field, const QString& text);
+    // Each refuses the field with `text` when it does not hold what is asked for.
+    static bool requireNumber(QLineEdit* field, const QString& text);
+    static bool requireNumberOrBlank(QLineEdit* field, const QString& text);
+    static bool requireText(QLineEdit* field, const QString& text);
+
+    // The number that the field begins with, as statements carry it.
+    static QString numberIn(const QLineEdit* field);
+
+  private:
+    QString list_;
+};
