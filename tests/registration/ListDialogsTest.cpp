@@ -1,0 +1,93 @@
+#include <QSettings>
+#include <QTest>
+
+#include "registration/RegistrationTest.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ListDialogsTest : public RegistrationTest {
+  protected:
+    ListDialogsTest() {
+        run(u"INSERT INTO 要因 VALUES (12345,0,'大''',''),(7,0,NULL,''),(8,1,'要因','')"_s);
+        Common::PickList.assign(3, {u"old"_s, u"older"_s});
+        Common::PickCount = 5;
+    }
+    QStringList shownRows(QStringView dialog) {
+        open(dialog);
+        return entries(u"List1");
+    }
+    QString picks() {
+        QStringList texts;
+        for (const auto& [number, name] : Common::PickList) texts << number + u'|' + name;
+        return texts.join(u' ') + u" at "_s + QString::number(Common::PickCount);
+    }
+};
+
+TEST_F(ListDialogsTest, ListsFactorsAndKeepsPickListInStep) {
+    EXPECT_EQ(shownRows(u"要因表示"),
+              (QStringList{u"     0007      "_s, u"     0008      要因"_s, u"     2345      大'"_s}));
+    EXPECT_EQ(picks(), u"old|older old|older old|older at 5"_s);
+    EXPECT_EQ(shownRows(u"課題選択"), (QStringList{u"        7      "_s, u"     1234      大'"_s}));
+    EXPECT_EQ(picks(), u"7| 12345|大' at 5"_s);
+    for (const auto dialog : {u"課題候補表示", u"課題要因表示"}) {
+        Common::PickList.assign(1, {u"old"_s, u"older"_s});
+        Common::PickCount = 3;
+        EXPECT_EQ(shownRows(dialog), (QStringList{u"     0007      "_s, u"     2345      大'"_s}));
+        EXPECT_EQ(picks(), u"7| 12345|大' at -1"_s);
+    }
+    Common::Forms.unload(screen);
+    run(u"DELETE FROM 要因 WHERE 要因区分 = 0"_s);
+    EXPECT_TRUE(shownRows(u"課題要因表示").isEmpty());
+    EXPECT_EQ(picks(), u"7| 12345|大' at -1"_s);
+}
+
+TEST_F(ListDialogsTest, AlignsEvaluatorsInFullWidthColumns) {
+    run(u"INSERT INTO 評価者 VALUES (1234,'ﾔﾏﾀﾞ Abc','企画'),(5,'一二三四五六七八九十十一',NULL),(6,'𠮷','')"_s);
+    EXPECT_EQ(shownRows(u"評価者表示"),
+              (QStringList{u"      005      一二三四五六七八九十    　　　　　　　　　　"_s,
+                           u"      006      𠮷　　　　　　　　　    　　　　　　　　　　"_s,
+                           u"      234      ヤマダ　Ａｂｃ　　　    企画　　　　　　　　"_s}));
+}
+
+TEST_F(ListDialogsTest, PicksByDoubleClickAndEnterAndCancels) {
+    const auto list = [this] { return control<QListWidget>(screen, u"List1"_s); };
+    const std::vector<std::pair<std::function<void()>, int>> cases{
+        {[&] {
+             const QPoint second = list()->visualItemRect(list()->item(1)).center();
+             QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, second);
+             EXPECT_TRUE(isOpen(screen));
+             QTest::mouseDClick(list()->viewport(), Qt::LeftButton, {}, second);
+         },
+         1},
+        {[&] {
+             list()->setFocus();
+             QTest::keyClick(list(), Qt::Key_Down);
+             QTest::keyClick(list(), Qt::Key_Return);
+         },
+         0},
+        {[&] { click(u"Command1"); }, -1},
+        {[&] { Common::Forms.find(screen)->close(); }, 5}};
+    for (const auto& [close, picked] : cases) {
+        Common::PickCount = 5;
+        open(u"課題選択");
+        close();
+        EXPECT_FALSE(isOpen(screen));
+        EXPECT_EQ(Common::PickCount, picked);
+    }
+}
+
+TEST_F(ListDialogsTest, StandsWhereTheSettingsSay) {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, directory());
+    open(u"要因表示");
+    EXPECT_EQ(Common::Forms.find(screen)->pos(), QPoint(33, 33)); // 500 twips
+    QSettings settings(u"Hollin"_s, u"Hollin"_s);
+    settings.setValue(u"Settings3/MeLeft"_s, 3000);
+    settings.setValue(u"Settings3/MeTop"_s, 1500);
+    settings.sync();
+    open(u"課題選択");
+    EXPECT_EQ(Common::Forms.find(screen)->pos(), QPoint(200, 100));
+}
+
+} // namespace
