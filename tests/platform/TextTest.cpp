@@ -85,8 +85,6 @@ TEST(Numbers, PatternsRoundTheShortestTextAwayFromZero) {
          })
         EXPECT_EQ(formatNumber(number, pattern), shown);
     EXPECT_EQ(decimalText(0.1), u"0.1"_s);
-    EXPECT_EQ(lastDigits(10000, 4), u"0000"_s);
-    EXPECT_EQ(lastDigits(13, 4), u"0013"_s);
 }
 
 TEST(Dates, OnlyDaysOfTheCalendarAreDates) {
