@@ -2,9 +2,15 @@
 
 #include <QStylePainter>
 
+using namespace Qt::StringLiterals;
+
+QString plainToolTip(const QString& text) {
+    return u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s;
+}
+
 void ElidedLabel::setWholeText(const QString& text) {
     setText(text);
-    setToolTip(text.toHtmlEscaped()); // a tool tip would take a name that looks like markup for markup
+    setToolTip(plainToolTip(text));
 }
 
 QSize ElidedLabel::minimumSizeHint() const {

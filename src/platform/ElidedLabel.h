@@ -3,6 +3,10 @@
 
 #include <QLabel>
 
+// Tool tip that shows the text as it is, wrapped when it is long; by itself a tool tip would take a name that
+// looks like markup for markup.
+QString plainToolTip(const QString& text);
+
 class ElidedLabel : public QLabel {
   public:
     using QLabel::QLabel;

@@ -87,8 +87,8 @@ void 評価者登録::Command3_Click() {
     const Recordset evaluator(u"SELECT * FROM 評価者 WHERE 評価者番号 =%1"_s.arg(numberIn(ui_->Text1)),
                               *DbConn);
     if (evaluator.eof()) return refuseMissingEvaluator();
-    ui_->Text3->setText(NullToEmpty(evaluator[u"評価者氏名"_s]));
-    ui_->Text4->setText(NullToEmpty(evaluator[u"所属部門"_s]));
+    fill(ui_->Text3, NullToEmpty(evaluator[u"評価者氏名"_s]));
+    fill(ui_->Text4, NullToEmpty(evaluator[u"所属部門"_s]));
 }
 
 void 評価者登録::refuseMissingEvaluator() {

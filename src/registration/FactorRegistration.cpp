@@ -97,9 +97,9 @@ void FactorRegistration::Command2_Click() {
 void FactorRegistration::Command3_Click() {
     const Recordset factor(u"SELECT * FROM 要因 WHERE 要因番号 =%1"_s.arg(numberIn(ui_->Text1)), *DbConn);
     if (factor.eof()) return refuseMissingFactor();
-    ui_->Text2->setText(NullToEmpty(factor[u"要因区分"_s]));
-    ui_->Text3->setText(NullToEmpty(factor[u"要因名"_s]));
-    ui_->Text4->setText(NullToEmpty(factor[u"要因内容"_s]));
+    fill(ui_->Text2, NullToEmpty(factor[u"要因区分"_s]));
+    fill(ui_->Text3, NullToEmpty(factor[u"要因名"_s]));
+    fill(ui_->Text4, NullToEmpty(factor[u"要因内容"_s]));
 }
 
 bool FactorRegistration::factorExists() const {

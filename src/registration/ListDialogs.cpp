@@ -1,8 +1,13 @@
 #include "registration/ListDialogs.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
-#include <QStyle>
+#include <QScreen>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+#include <algorithm>
 
+#include "platform/ElidedLabel.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
@@ -30,8 +35,13 @@ constexpr ListDialogKind factorList{u"要因表示", u"要因一覧", factorsSql
 constexpr ListDialogKind evaluatorList{u"評価者表示", u"評価者一覧", evaluatorsSql, Rows::Evaluators,
                                        PickUse::None};
 
-// Pixels. Both fit beside or above a centred screen on a display of 1280 × 1024, so that no field is covered.
-constexpr QSize factorListSize{318, 600};
+// Pixels. The lists of factors stand beside a centred screen, the wider list of evaluators above it; neither
+// covers a field on a display of 1280 × 1024. On a wider display the lists of factors take more of the names.
+constexpr int screenWidth = 560;
+constexpr int gap = 10;
+constexpr int factorListWidth = 318;
+constexpr int widestFactorListWidth = 480;
+constexpr int factorListHeight = 600;
 constexpr QSize evaluatorListSize{470, 320};
 
 // Half-width columns of a row: 5 blanks, 4 for the number, 6 blanks, 20 for a name, 4 blanks. The headings
@@ -40,6 +50,19 @@ constexpr int numberHeadingColumn = 3;
 constexpr int nameColumn = 15;
 constexpr int departmentColumn = nameColumn + 24;
 constexpr double rowPoints = 10.5; // 14 pixels at 96 dpi: a half-width column is a whole number of pixels
+
+// A name that the list has no room for is shown whole in a tool tip.
+class RowDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem&,
+                   const QModelIndex& index) override {
+        if (event->type() == QEvent::ToolTip)
+            QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), view);
+        return true;
+    }
+};
 
 QString fullWidthColumn(const QString& text) {
     qint16 width = 20; // PadWidth halves the caller's variable
@@ -70,6 +93,7 @@ ListDialog::ListDialog(const ListDialogKind& kind)
     ui_->setupUi(this);
     setWindowTitle(kind.caption.toString());
     layOut();
+    ui_->List1->setItemDelegate(new RowDelegate(ui_->List1));
 }
 
 ListDialog::~ListDialog() = default;
@@ -92,12 +116,18 @@ void ListDialog::layOut() {
     ui_->headings->setContentsMargins(textMargin + numberHeadingColumn * column, 0, 0, 0);
     ui_->Label1->setFixedWidth((nameColumn - numberHeadingColumn) * column);
     ui_->Label2->setFixedWidth((departmentColumn - nameColumn) * column);
-    resize(ofEvaluators ? evaluatorListSize : factorListSize);
+}
+
+void ListDialog::fitBesideScreen() {
+    if (kind_.rows == Rows::Evaluators) return resize(evaluatorListSize);
+    const int free = (screen()->size().width() - screenWidth) / 2 - gap - x();
+    resize(std::clamp(free, factorListWidth, widestFactorListWidth), factorListHeight);
 }
 
 void ListDialog::Form_Load() {
     const QString section = u"Settings3"_s;
     position(readSetting(section, u"MeLeft"_s, 500), readSetting(section, u"MeTop"_s, 500));
+    fitBesideScreen();
     fill();
     if (kind_.pickUse == PickUse::Shown) PickCount = -1;
 }

@@ -44,6 +44,7 @@ class ListDialog : public Screen {
 
   private:
     void layOut();
+    void fitBesideScreen();
     QString row(const Recordset& record) const;
 
     const ListDialogKind& kind_;

@@ -108,11 +108,11 @@ void 課題構成登録::Command3_Click() {
             numberIn(ui_->Text1)),
         *DbConn);
     if (problem.eof()) return refuseMissingProblem();
-    ui_->Text2->setText(NullToZero(problem[u"課題区分"_s]).toText());
-    ui_->Text3->setText(NullToZero(problem[u"構成レベル"_s]).toText());
-    ui_->Text4->setText(NullToZero(problem[u"最大分岐数"_s]).toText());
+    fill(ui_->Text2, NullToZero(problem[u"課題区分"_s]).toText());
+    fill(ui_->Text3, NullToZero(problem[u"構成レベル"_s]).toText());
+    fill(ui_->Text4, NullToZero(problem[u"最大分岐数"_s]).toText());
     ui_->Label6->setWholeText(NullToEmpty(problem[u"要因名"_s]));
-    ui_->Text5->setText(NullToZero(problem[u"比較回数"_s]).toText());
+    fill(ui_->Text5, NullToZero(problem[u"比較回数"_s]).toText());
 }
 
 void 課題構成登録::refuseMissingProblem() {

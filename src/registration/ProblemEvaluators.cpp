@@ -10,7 +10,7 @@ using namespace Common;
 
 namespace {
 
-void fill(QListWidget* list, const std::vector<NumberedName>& evaluators) {
+void showEntries(QListWidget* list, const std::vector<NumberedName>& evaluators) {
     QStringList entries;
     for (const auto& [number, name] : evaluators) entries << number + u' ' + name;
     list->clear();
@@ -46,17 +46,17 @@ void 課題評価者登録::Combo1_Click() {
     evaluators_ = readNumberedNames(u"SELECT 評価者番号,評価者氏名   FROM 評価者    ORDER BY 評価者番号 "_s,
                                     u"評価者番号"_s, u"評価者氏名"_s);
     if (evaluators_.empty()) refuse(u"評価者が登録されてません。"_s);
-    fill(ui_->List1, evaluators_);
+    showEntries(ui_->List1, evaluators_);
     showAssignment();
 }
 
 void 課題評価者登録::showAssignment() {
-    fill(ui_->List2,
-         readNumberedNames(
-             u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
-             "WHERE T1.課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
-                 problem()),
-             u"評価者番号"_s, u"評価者氏名"_s));
+    showEntries(ui_->List2,
+                readNumberedNames(
+                    u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
+                    "WHERE T1.課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
+                        problem()),
+                    u"評価者番号"_s, u"評価者氏名"_s));
 }
 
 QStringList 課題評価者登録::selectedEvaluators() const {

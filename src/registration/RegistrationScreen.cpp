@@ -32,6 +32,11 @@ bool RegistrationScreen::requireText(QLineEdit* field, const QString& text) {
     return !field->text().trimmed().isEmpty() || refuseAt(field, text);
 }
 
+void RegistrationScreen::fill(QLineEdit* field, const QString& text) {
+    field->setText(text);
+    field->home(false);
+}
+
 QString RegistrationScreen::numberIn(const QLineEdit* field) {
     return decimalText(leadingNumber(field->text()));
 }

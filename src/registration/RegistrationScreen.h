@@ -25,6 +25,8 @@ class RegistrationScreen : public Screen {
     static bool requireNumberOrBlank(QLineEdit* field, const QString& text);
     static bool requireText(QLineEdit* field, const QString& text);
 
+    // Fills the field from a record and shows the text from its beginning.
+    static void fill(QLineEdit* field, const QString& text);
     // The number that the field begins with, as statements carry it.
     static QString numberIn(const QLineEdit* field);
 
