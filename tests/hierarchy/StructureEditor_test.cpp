@@ -307,6 +307,19 @@ TEST_F(StructureEditorTest, factorsAreFoundByNumberOrNameAndTakenByEnter) {
     EXPECT_EQ(Common::StructList.at(2).name, u"新しい"_s);
 }
 
+TEST_F(StructureEditorTest, tabGoesThroughTheControlsInReadingOrder) {
+    open(2);
+    auto* form = Common::Forms.find(editor);
+    form->activateWindow();
+    control(editor, u"Combo1"_s)->setFocus();
+    for (const auto& next :
+         {u"qt_tabwidget_tabbar"_s, u"TreeView2"_s, u"Combo2"_s, u"Command4"_s, u"MSFlexGrid1"_s, u"Text1"_s,
+          u"List1"_s, u"Command3"_s, u"Command1"_s, u"Command2"_s}) {
+        QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(form->focusWidget()->objectName(), next);
+    }
+}
+
 TEST_F(StructureEditorTest, whatCannotBeDoneIsTold) {
     Common::Forms.show(editor);
     EXPECT_EQ(takeMessages(), warning(editor, u"課題が未登録です。 課題登録を行ってください。"_s));
