@@ -1,8 +1,6 @@
 // Starts the program: fonts, translator, the table of screens, メニュー.
 #include <QApplication>
 #include <QDesktopServices>
-#include <QLibraryInfo>
-#include <QTranslator>
 #include <QUrl>
 
 #include "ScreenTable.h"
@@ -10,6 +8,7 @@
 #include "core/Common.h"
 #include "core/Screens.h"
 #include "platform/Fonts.h"
+#include "platform/StandardTexts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,9 +19,7 @@ int main(int argc, char* argv[]) {
     installFontSubstitutions();
     QApplication::setFont(QFont(u"ＭＳ Ｐゴシック"_s, 11));
 
-    QTranslator standardTexts;
-    if (standardTexts.load(u"qtbase_ja"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&standardTexts);
+    installStandardTexts();
 
     Common::Presenter = desktopPresenter();
     Common::Printer.onDocument(
@@ -34,6 +31,8 @@ int main(int argc, char* argv[]) {
         code = QApplication::exec();
     } catch (const RuntimeError& error) {
         reportUnhandled(error.description());
+    } catch (const std::exception& error) {
+        reportUnhandled(QString::fromUtf8(error.what()));
     }
     Common::Forms.unloadAll();
     return code;

@@ -1,10 +1,13 @@
 #include "comparison/ComparisonGrid.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 
 #include "comparison/ComparisonScale.h"
+#include "output/ItemMark.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
+#include "platform/TextConversion.h"
 #include "ui_ComparisonGrid.h"
 
 using namespace Qt::StringLiterals;
@@ -12,14 +15,15 @@ using namespace Common;
 
 namespace {
 
-constexpr QStringView itemMarks = u"①②③④⑤⑥⑦⑧⑨⑩⑪⑫⑬⑭⑮⑯⑰⑱⑲⑳";
 constexpr int gridSize = 21; // the fixed row and 20 items
 constexpr int cellWidth = 64;
 constexpr QColor closedCell{0xf0, 0xf0, 0xf0};
 
-QChar itemMark(int item) {
-    if (item < 1 || item > itemMarks.size()) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
-    return itemMarks[item - 1];
+// The pairs of n items, row by row over the upper triangle.
+template <typename Visit>
+void forEachPair(int n, Visit visit) {
+    for (int row = 1; row < n; ++row)
+        for (int column = row + 1; column <= n; ++column) visit(row, column);
 }
 
 } // namespace
@@ -31,7 +35,7 @@ QChar itemMark(int item) {
     ui_->MSFlexGrid1->setCellAlignment(Qt::AlignCenter);
     ui_->MSFlexGrid1->installEventFilter(this);
     ui_->CmbCell->setParent(ui_->MSFlexGrid1->viewport());
-    ui_->CmbCell->installEventFilter(this);
+    ui_->CmbCell->view()->window()->installEventFilter(this);
     onAction(ui_->Command1, u"評価開始"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"評価終了"_s, [this] { Command2_Click(); });
     onEvent(ui_->Command3, &QPushButton::clicked, [this] { Command3_Click(); });
@@ -46,9 +50,8 @@ void 比較値設定::Form_Load() {
     MsgTitle = windowTitle();
     for (int position = 0; position < scalePositions; ++position) ui_->CmbCell->addItem(scaleText(position));
     ui_->CmbCell->hide();
-    ui_->Label2->setText(u"%1　　評価者 %2　　%3 回目　　%4"_s.arg(CmpProblemName, CmpEvaluatorName)
-                             .arg(CmpRound)
-                             .arg(CmpDate));
+    ui_->Label2->setText(u"%1　　評価者 %2　　%3 回目　　%4"_s.arg(CmpProblemName, CmpEvaluatorName,
+                                                                   QString::number(CmpRound), CmpDate));
     for (Recordset rows(
              u"SELECT T1.課題番号,T1.親要因番号,T3.要因名 FROM 要因構成 T1,要因 T3 "
              "WHERE T1.課題番号 = %1 AND T1.親要因番号 = T3.要因番号 "
@@ -67,13 +70,19 @@ void 比較値設定::Command1_Click() {
     if (!mayDiscardValues()) return;
     clearGrid();
     const int chosen = ui_->Combo1->currentIndex();
-    if (chosen < 0) return refuse(u"目的要因が選択されてません、目的要因を選択してください。"_s);
-    goalNo_ = goals_.at(static_cast<std::size_t>(chosen));
-    readChildren();
+    if (chosen < 0) return refuseWithoutGoal();
+    const auto goalNo = goals_.at(static_cast<std::size_t>(chosen));
+    readChildren(goalNo);
+    goalNo_ = goalNo; // only a goal whose children are all shown can be saved
     ui_->MSFlexGrid1->showOnly(itemCount_ + 1, itemCount_ + 1);
     ui_->MSFlexGrid1->setCurrent(1, 2);
     ui_->MSFlexGrid1->setFocus();
     showProgress();
+}
+
+void 比較値設定::refuseWithoutGoal() {
+    refuse(u"目的要因が選択されてません、目的要因を選択してください。"_s);
+    ui_->Combo1->setFocus();
 }
 
 // What was typed and not saved must not vanish by a slip of the hand.
@@ -86,19 +95,19 @@ void 比較値設定::clearGrid() {
     values_ = {};
     unsaved_ = false;
     itemCount_ = 0;
-    goalNo_ = 0;
+    goalNo_.reset();
     ui_->MSFlexGrid1->clearTexts();
     ui_->MSFlexGrid1->setText(0, 0, u"   比較元要因／比較先要因"_s);
     ui_->MSFlexGrid1->showOnly(1, 1);
     showProgress();
 }
 
-void 比較値設定::readChildren() {
+void 比較値設定::readChildren(qint32 goalNo) {
     for (Recordset rows(
              u"SELECT T1.課題番号,T1.子要因番号,T1.子要因表示順,T3.要因名 FROM 要因構成 T1,要因 T3 "
              "WHERE T1.課題番号 = %1 AND T1.親要因番号 = %2 AND T1.子要因番号 = T3.要因番号 "
              " ORDER BY T1.子要因表示順 "_s.arg(CmpProblemNo)
-                 .arg(goalNo_),
+                 .arg(goalNo),
              *DbConn);
          !rows.eof(); rows.moveNext())
         showChild(++itemCount_, rows[u"子要因番号"_s].toLong(), NullToEmpty(rows[u"要因名"_s]));
@@ -146,44 +155,48 @@ void 比較値設定::setCell(int row, int column, int position) {
 }
 
 void 比較値設定::Command2_Click() {
-    if (goalNo_ == 0) return refuse(u"目的要因が選択されてません、目的要因を選択してください。"_s);
-    if (!allValuesSet()) return refuse(u"比較値の未設定があります、全てを設定してください"_s);
+    if (!goalNo_) return refuseWithoutGoal();
+    if (const auto unset = firstUnset()) {
+        refuse(u"比較値の未設定があります、全てを設定してください"_s);
+        ui_->MSFlexGrid1->setFocus();
+        return ui_->MSFlexGrid1->setCurrent(unset->first, unset->second);
+    }
     replaceComparisons();
     DbConn->endUnitOfWork(); // only what is on the disk counts as saved
     unsaved_ = false;
     showProgress(u"登録しました。"_s);
 }
 
-bool 比較値設定::allValuesSet() const {
-    for (int row = 1; row < itemCount_; ++row)
-        for (int column = row + 1; column <= itemCount_; ++column)
-            if (values_[row - 1][column - 1] == 0) return false;
-    return true;
+std::optional<std::pair<int, int>> 比較値設定::firstUnset() const {
+    std::optional<std::pair<int, int>> unset;
+    forEachPair(itemCount_, [&](int row, int column) {
+        if (!unset && values_[row - 1][column - 1] == 0) unset = {row, column};
+    });
+    return unset;
 }
 
 void 比較値設定::replaceComparisons() {
     DbConn->execute(
         u" DELETE FROM 一対比較 WHERE 課題番号 = %1AND 目的要因番号 = %2AND 比較回数 = %3AND 評価者番号 = %4"_s
             .arg(CmpProblemNo)
-            .arg(goalNo_)
+            .arg(*goalNo_)
             .arg(CmpRound)
             .arg(CmpEvaluatorNo));
     Recordset table(u"一対比較"_s, *DbConn);
     int pair = 0;
-    for (int row = 1; row < itemCount_; ++row)
-        for (int column = row + 1; column <= itemCount_; ++column) {
-            table.addNew();
-            table.setField(u"課題番号"_s, CmpProblemNo);
-            table.setField(u"目的要因番号"_s, goalNo_);
-            table.setField(u"比較元要因番号"_s, items_[row]);
-            table.setField(u"比較対象要因番号"_s, items_[column]);
-            table.setField(u"評価者番号"_s, CmpEvaluatorNo);
-            table.setField(u"比較回数"_s, CmpRound);
-            table.setField(u"比較日付"_s, CmpDate);
-            table.setField(u"比較表示順"_s, ++pair);
-            table.setField(u"比較値"_s, static_cast<double>(values_[row - 1][column - 1]));
-            table.update();
-        }
+    forEachPair(itemCount_, [&](int row, int column) {
+        table.addNew();
+        table.setField(u"課題番号"_s, CmpProblemNo);
+        table.setField(u"目的要因番号"_s, *goalNo_);
+        table.setField(u"比較元要因番号"_s, items_[row]);
+        table.setField(u"比較対象要因番号"_s, items_[column]);
+        table.setField(u"評価者番号"_s, CmpEvaluatorNo);
+        table.setField(u"比較回数"_s, CmpRound);
+        table.setField(u"比較日付"_s, CmpDate);
+        table.setField(u"比較表示順"_s, ++pair);
+        table.setField(u"比較値"_s, static_cast<double>(values_[row - 1][column - 1]));
+        table.update();
+    });
     table.close();
 }
 
@@ -195,8 +208,7 @@ void 比較値設定::Command3_Click() {
 // "12 / 21 組" and what was done last, under the grid.
 void 比較値設定::showProgress(const QString& note) {
     int set = 0;
-    for (int row = 1; row < itemCount_; ++row)
-        for (int column = row + 1; column <= itemCount_; ++column) set += values_[row - 1][column - 1] != 0;
+    forEachPair(itemCount_, [&](int row, int column) { set += values_[row - 1][column - 1] != 0; });
     const int pairs = itemCount_ * (itemCount_ - 1) / 2;
     ui_->Label3->setText(itemCount_ == 0 ? note : u"入力済 %1 / %2 組　　%3"_s.arg(set).arg(pairs).arg(note));
 }
@@ -208,21 +220,18 @@ void 比較値設定::hideChooser() {
 }
 
 bool 比較値設定::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        auto* key = static_cast<QKeyEvent*>(event);
-        if (watched == ui_->MSFlexGrid1) return gridKey(key);
-        if (watched == ui_->CmbCell && key->key() == Qt::Key_Escape) {
-            hideChooser();
-            ui_->MSFlexGrid1->setFocus();
-            return true;
-        }
+    if (watched == ui_->MSFlexGrid1 && event->type() == QEvent::KeyPress)
+        return gridKey(static_cast<QKeyEvent*>(event));
+    // A chooser whose list was closed without a choice must not stay: the wheel or an arrow would choose.
+    if (watched == ui_->CmbCell->view()->window() && event->type() == QEvent::Hide) {
+        ui_->CmbCell->hide();
+        ui_->MSFlexGrid1->setFocus();
     }
     return Screen::eventFilter(watched, event);
 }
 
 // The whole grid can be filled without the mouse: arrows move, Enter and F2 open the chooser, a digit
-// chooses, and
-// "/" before the digit chooses its reciprocal ("1/3" may be typed as it is read).
+// chooses, and "/" before the digit chooses its reciprocal ("1/3" may be typed as it is read).
 bool 比較値設定::gridKey(QKeyEvent* key) {
     const int row = ui_->MSFlexGrid1->row();
     const int column = ui_->MSFlexGrid1->column();
@@ -236,15 +245,16 @@ bool 比較値設定::gridKey(QKeyEvent* key) {
         case Qt::Key_Right:
             return moveOn(row, column, key->key());
         default:
-            return typeScale(row, column, key->text());
+            return typeScale(row, column, toHalfWidth(key->text()));
     }
 }
 
 bool 比較値設定::typeScale(int row, int column, const QString& typed) {
+    if (typed.isEmpty()) return false; // Shift alone
     const bool reciprocal = std::exchange(reciprocalTyped_, typed == u"/"_s);
     if (reciprocalTyped_) return true;
     const auto position = ui_->CmbCell->findText(reciprocal ? u"1/"_s + typed : typed);
-    if (typed.isEmpty() || !isEntryCell(row, column)) return false;
+    if (!isEntryCell(row, column)) return false;
     if (reciprocal && typed == u"1"_s) {
         setCell(row, column, ui_->CmbCell->findText(typed));
     } else if (position >= 0) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "core/Screen.h"
@@ -17,10 +18,10 @@ class 比較値設定 : public Screen {
     ~比較値設定() override;
 
     void Form_Load() override;
-    void frameClosed() override { Command3_Click(); }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void end() override { Command3_Click(); }
     void Command1_Click(); // start of a goal factor
     void Command2_Click(); // save
     void Command3_Click(); // back to the menu
@@ -29,9 +30,11 @@ class 比較値設定 : public Screen {
 
     bool mayDiscardValues();
     void clearGrid();
-    void readChildren();
+    void refuseWithoutGoal();
+    void readChildren(qint32 goalNo);
     void showChild(int item, qint32 factorNo, const QString& factorName);
-    bool allValuesSet() const;
+    // The first pair without a value, row and column of the grid.
+    std::optional<std::pair<int, int>> firstUnset() const;
     void replaceComparisons();
 
     bool isEntryCell(int row, int column) const;
@@ -46,7 +49,7 @@ class 比較値設定 : public Screen {
 
     std::unique_ptr<Ui::ComparisonGrid> ui_;
     std::vector<qint32> goals_;          // parallel to the entries of Combo1
-    qint32 goalNo_ = 0;                  // the goal factor whose grid is shown
+    std::optional<qint32> goalNo_;       // the goal factor whose grid is shown
     BoundedArray<qint32, slots_> items_; // its children, by position 1 … n
     int itemCount_ = 0;
     BoundedArray<BoundedArray<float, slots_>, slots_> values_; // 0: not set yet

@@ -56,6 +56,7 @@ bool 比較者設定::takeProblem() {
     const int chosen = ui_->Combo1->currentIndex();
     if (chosen < 0) {
         refuse(u"評価対象課題が未選択です。"_s);
+        ui_->Combo1->setFocus();
         return false;
     }
     CmpProblemNo = Value(problems_.at(static_cast<std::size_t>(chosen)).number).toLong();
@@ -64,6 +65,7 @@ bool 比較者設定::takeProblem() {
                               *DbConn);
     if (!structure.eof()) return true;
     refuse(u"選択された評価対象課題は要因構成に存在しません"_s);
+    ui_->Combo1->setFocus();
     return false;
 }
 
@@ -71,6 +73,7 @@ bool 比較者設定::takeEvaluator() {
     const int chosen = ui_->Combo2->currentIndex();
     if (chosen < 0) {
         refuse(u"評価者が未選択です。"_s);
+        ui_->Combo2->setFocus();
         return false;
     }
     CmpEvaluatorNo = Value(evaluators_.at(static_cast<std::size_t>(chosen)).number).toLong();

@@ -16,9 +16,9 @@ class 比較者設定 : public Screen {
     ~比較者設定() override;
 
     void Form_Load() override;
-    void frameClosed() override { Command2_Click(); }
 
   private:
+    void end() override { Command2_Click(); }
     void Combo1_Click();
     void Command1_Click();
     void Command2_Click();

@@ -15,6 +15,8 @@ std::optional<QString> errorOf(const std::function<void()>& body) {
         return std::nullopt;
     } catch (const RuntimeError& error) {
         return error.description();
+    } catch (const std::exception& error) { // a fault of the program itself, or no memory left
+        return u"内部エラーが発生しました。\n(%1)"_s.arg(QString::fromUtf8(error.what()));
     }
 }
 

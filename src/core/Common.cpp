@@ -45,12 +45,10 @@ void requireWidth(qint16 width) {
 } // namespace
 
 void openDatabase(const QString& applicationDirectory) {
+    if (DbConn) DbConn->endUnitOfWork(); // the connection that goes must not take unsaved rows with it
     AppDir = applicationDirectory;
     DbConn = std::make_unique<Connection>();
-    DbConn->setCursorLocation(Connection::clientSideCursors);
-    DbConn->setProvider(u"MSDataShape"_s);
-    DbConn->setConnectionString(databaseConnectionString(AppDir + u"\\DB\\Hollin.mdb"_s));
-    DbConn->open({}, {}, -1);
+    openDatabaseFile(*DbConn, AppDir + u"\\DB\\Hollin.mdb"_s);
 }
 
 MessageAnswer showMessage(MessageStyle style) {

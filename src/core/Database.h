@@ -3,11 +3,11 @@
 
 #include <QString>
 
+class Connection;
+
 inline const QString databasePassword = QStringLiteral("tobul");
 
-// The connection string of a database file ("\" or "/" between folders).
-inline QString databaseConnectionString(const QString& file) {
-    return QStringLiteral("Data Provider=Microsoft.Jet.OLEDB.4.0; ") + QStringLiteral("Data Source=") + file +
-           QStringLiteral(";Persist Security Info=False;") + QStringLiteral("Jet OLEDB:Database Password=") +
-           databasePassword;
-}
+// Sets up the connection to an existing database file ("\" or "/" between folders) and opens it. Raises a
+// database error when it is missing, no database, damaged, or protected by another password.
+void openDatabaseFile(Connection& connection, const QString& file,
+                      const QString& password = databasePassword);

@@ -71,6 +71,7 @@ bool Menu::open(const QString& screen) {
 メニュー::メニュー() : Menu(u"メニュー"_s, mainEntries) {}
 
 void メニュー::Form_Load() {
+    Common::MsgTitle = windowTitle();
     Common::openDatabase(applicationDirectory());
 }
 
@@ -82,6 +83,7 @@ void メニュー::end() {
 登録メニュー::登録メニュー() : Menu(u"登録メニュー"_s, registrationEntries) {}
 
 void 登録メニュー::Form_Load() {
+    Common::MsgTitle = windowTitle();
     centre();
 }
 

@@ -18,10 +18,7 @@ class Menu : public Screen {
   public:
     Menu(const QString& name, std::span<const MenuEntry> entries);
 
-    void frameClosed() override { end(); }
-
   protected:
-    virtual void end() = 0;
     // Shows the chosen screen; true when the menu closes then.
     virtual bool open(const QString& screen);
 };

@@ -12,7 +12,14 @@ class Screen : public Form {
   public:
     using Form::Form;
 
+    void frameClosed() final {
+        runEvent([this] { end(); });
+    }
+
   protected:
+    // What the end button does, and so does closing the window by its frame.
+    virtual void end() = 0;
+
     // Ties a signal to an event procedure that has no error handler of its own.
     template <typename Sender, typename Signal, typename Procedure>
     void onEvent(Sender* sender, Signal signal, Procedure procedure) {

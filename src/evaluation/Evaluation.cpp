@@ -27,6 +27,7 @@ bool evaluate(PrintService& print, const ReportSelection& selection, const Progr
         synthesise(*DbConn, ProblemNo, EvaluatorNos[index], RoundCount);
     }
     progress(steps, steps, {});
+    DbConn->endUnitOfWork(); // a report is handed out only of weights that are on the disk
     printInconsistencyReport(print, findings, ProblemNo, RoundCount);
     inform(u" 評価値計算終了"_s);
     return true;

@@ -34,7 +34,7 @@ QStringList cells(const Inconsistency& finding) {
 }
 
 QStringList partLines(const QString& evaluator, const QString& problem, qint16 round) {
-    return {evaluator, u"%1（%2回）"_s.arg(problem).arg(round)};
+    return {evaluator, u"%1（%2回）"_s.arg(problem, QString::number(round))};
 }
 
 } // namespace

@@ -18,7 +18,7 @@ class 要因構成登録 : public Screen {
     ~要因構成登録() override;
 
     void Form_Load() override;
-    void frameClosed() override { Command2_Click(); }
+    void end() override { Command2_Click(); }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -144,7 +144,7 @@ void PrintService::PrintMessageFile(const QString& path, qint16 indent, bool kee
     LineNo = messageFirstRow;
     int number = 0;
     for (const auto& line : readLines(path))
-        printWrapped(filled(line, u"%1 (%2 行目)"_s.arg(nativePath(path)).arg(++number)), indent);
+        printWrapped(filled(line, u"%1 (%2 行目)"_s.arg(nativePath(path), QString::number(++number))), indent);
     if (keepPage) return;
     EndPage();
     LineNo = 0;

@@ -24,7 +24,7 @@ class PrintService {
     qint16 LandscapeFlag = 0; // 1 in landscape
     BoundedArray<QString, 21>
         MsgSlots; // what the markers of message files stand for: date, "…様", problem, round
-    QString OutputTarget = QStringLiteral("印刷"); // or "PDF"; the caption of the screen's button
+    QString OutputTarget = QStringLiteral("印刷");         // or "PDF"; the caption of the screen's button
     std::function<void(const QString& path)> FileExported; // who wants to know of files other than documents
 
     // The state of a screen that has just been loaded. `appDir` is the application directory.

@@ -19,13 +19,13 @@ ReportForm::ReportForm(const ReportFormOptions& options)
         widget->setVisible(options.hasEvaluators);
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label4), static_cast<QWidget*>(ui_->Command17)})
         widget->setVisible(options.printsReport);
-    ui_->progress->hide();
+    showProgressBar(false);
 
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
     onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
     onAction(ui_->CommandAction, options.name, [this] { CommandAction_Click(); });
-    onEvent(ui_->Command2, &QPushButton::clicked, [this] { frameClosed(); });
+    onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
 }
 
 ReportForm::~ReportForm() = default;
@@ -61,7 +61,7 @@ ReportSelection ReportForm::selection() const {
 
 void ReportForm::CommandAction_Click() {
     // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
-    const auto hideProgress = qScopeGuard([this] { ui_->progress->hide(); });
+    const auto hideProgress = qScopeGuard([this] { showProgressBar(false); });
     run(selection());
 }
 
@@ -73,11 +73,16 @@ Progress ReportForm::progress() {
     return [this](int done, int total, const QString& at) { showProgress(done, total, at); };
 }
 
+void ReportForm::showProgressBar(bool shown) {
+    ui_->progress->setVisible(shown);
+    ui_->progressText->setVisible(shown);
+}
+
 void ReportForm::showProgress(int done, int total, const QString& at) {
     ui_->progress->setMaximum(total);
     ui_->progress->setValue(done);
-    ui_->progress->setFormat(at);
-    ui_->progress->show();
+    ui_->progressText->setText(at);
+    showProgressBar(true);
     // The work runs on this thread: let the bar be painted, and take no clicks meanwhile.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }

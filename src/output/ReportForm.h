@@ -28,9 +28,9 @@ class ReportForm : public Screen {
     ~ReportForm() override;
 
     void Form_Load() override;
-    void frameClosed() override { leaveTo(QStringLiteral("メニュー")); }
 
   protected:
+    void end() override { leaveTo(QStringLiteral("メニュー")); }
     // The work of the action button. A run-time error is shown under the screen's name.
     virtual void run(const ReportSelection& selection) = 0;
 
@@ -45,6 +45,7 @@ class ReportForm : public Screen {
     void Combo1_Click();
     void Command17_Click();
     void CommandAction_Click();
+    void showProgressBar(bool shown);
     void showProgress(int done, int total, const QString& at);
     ReportSelection selection() const;
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "output/ItemMark.h"
 #include "platform/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -36,9 +37,9 @@ qsizetype columnsBehind(const QString& number) {
     return std::max<qsizetype>(0, decimalPlaces - places);
 }
 
-// ① to ⑳, then plain numbers.
+// A matrix on paper may have one item more than there are marks.
 QString mark(int item) {
-    return item <= 20 ? QString(QChar(0x2460 + item - 1)) : QString::number(item);
+    return item <= markedItems ? QString(itemMark(item)) : QString::number(item);
 }
 
 } // namespace

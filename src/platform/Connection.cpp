@@ -4,7 +4,6 @@
 
 #include <QFileInfo>
 
-#include "platform/DatabaseError.h"
 #include "platform/SqlText.h"
 #include "platform/TextFile.h"
 
@@ -12,15 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int busyMilliseconds = 5000; // another program may be reading the file for a moment
-
-// The value of "name=value;" in a connection string, to its end when no semicolon follows.
-QString part(const QString& connectionString, const QString& name) {
-    const auto start = connectionString.indexOf(name + u'=');
+// What stands between the two texts in a connection string; to its end where the second is empty. A folder
+// may have ";" in its name.
+QString between(const QString& connectionString, const QString& before, const QString& behind) {
+    const auto start = connectionString.indexOf(before);
     if (start < 0) return {};
-    const auto from = start + name.size() + 1;
-    const auto end = connectionString.indexOf(u';', from);
-    return connectionString.mid(from, end < 0 ? -1 : end - from);
+    const auto from = start + before.size();
+    const auto end = behind.isEmpty() ? -1 : connectionString.lastIndexOf(behind);
+    return connectionString.mid(from, end < from ? -1 : end - from);
 }
 
 } // namespace
@@ -38,47 +36,26 @@ Connection::~Connection() {
 }
 
 void Connection::open(const QString& user, const QString& password, int options) {
-    if (isOpen() || !user.isEmpty() || !password.isEmpty() || options != -1)
+    if (isOpen() || cursorLocation_ != clientSideCursors || provider_.isEmpty() || !user.isEmpty() ||
+        !password.isEmpty() || options != -1)
         throw RuntimeError(ErrorCode::InvalidCall);
 
-    const QString path = nativePath(part(connectionString_, u"Data Source"_s));
-    if (!QFileInfo(path).isFile())
-        throw RuntimeError(ErrorCode::Database, u"データベースのファイルが見つかりません。\n%1"_s.arg(path));
-    try {
-        if (sqlite3_open_v2(path.toUtf8().constData(), &database_, SQLITE_OPEN_READWRITE, nullptr) !=
-            SQLITE_OK)
-            fail(u"データベースを開けません。\n%1"_s.arg(path));
-        unlock(part(connectionString_, u"Jet OLEDB:Database Password"_s).toUtf8());
-    } catch (const RuntimeError&) {
-        sqlite3_close(std::exchange(database_, nullptr));
-        throw;
-    }
-}
-
-void Connection::unlock(const QByteArray& key) {
-    sqlite3_extended_result_codes(database_, 1);
-    sqlite3_busy_timeout(database_, busyMilliseconds);
-    if (sqlite3_key(database_, key.constData(), static_cast<int>(key.size())) != SQLITE_OK)
-        fail(u"データベースを開けません。"_s);
-    // The key proves right or wrong only when the first page is read.
-    const auto probe = prepare(u"SELECT count(*) FROM sqlite_master"_s);
-    step(probe);
-    // Nothing readable may be left beside the file, and the one file is always the whole truth.
-    run("PRAGMA temp_store = MEMORY");
-    run("PRAGMA journal_mode = DELETE");
-    run("PRAGMA synchronous = FULL");
+    const QFileInfo file(
+        nativePath(between(connectionString_, u"Data Source="_s, u";Persist Security Info="_s)));
+    if (!file.isFile())
+        throw RuntimeError(ErrorCode::Database,
+                           u"データベースのファイルが見つかりません。\n%1"_s.arg(file.filePath()));
+    if (file.size() == 0) // the engine would make a new database of it
+        throw RuntimeError(ErrorCode::Database,
+                           u"データベースのファイルが空です。\n%1"_s.arg(file.filePath()));
+    database_ =
+        openEncryptedFile(file.filePath(), between(connectionString_, u"Jet OLEDB:Database Password="_s, {}));
 }
 
 void Connection::close() {
     if (!isOpen()) return;
-    const auto closing = [this] { sqlite3_close_v2(std::exchange(database_, nullptr)); };
-    try {
-        endUnitOfWork();
-    } catch (const RuntimeError&) {
-        closing();
-        throw;
-    }
-    closing();
+    const Database closing = std::move(database_); // closed whether the commit succeeds or fails
+    endUnitOfWork(closing.get());
 }
 
 void Connection::execute(const QString& sql) {
@@ -88,13 +65,16 @@ void Connection::execute(const QString& sql) {
 }
 
 void Connection::endUnitOfWork() {
-    if (!isOpen() || sqlite3_get_autocommit(database_)) return;
-    try {
-        run("COMMIT");
-    } catch (const RuntimeError&) {
-        sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
+    if (isOpen()) endUnitOfWork(database_.get());
+}
+
+void Connection::endUnitOfWork(sqlite3* database) {
+    if (sqlite3_get_autocommit(database) ||
+        sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK)
+        return;
+    const RuntimeError error = databaseError(database, u"データベースの処理に失敗しました。"_s);
+    sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+    throw error;
 }
 
 Connection::Statement Connection::prepare(const QString& sql) {
@@ -102,8 +82,8 @@ Connection::Statement Connection::prepare(const QString& sql) {
     const QByteArray text = separateNumbers(sql).toUtf8();
     sqlite3_stmt* statement = nullptr;
     const char* rest = nullptr;
-    if (sqlite3_prepare_v2(database_, text.constData(), static_cast<int>(text.size()), &statement, &rest) !=
-        SQLITE_OK)
+    if (sqlite3_prepare_v2(database_.get(), text.constData(), static_cast<int>(text.size()), &statement,
+                           &rest) != SQLITE_OK)
         fail(u"SQL 文を実行できません。"_s);
     Statement prepared(statement);
     if (!prepared || !QByteArray(rest).trimmed().isEmpty())
@@ -112,7 +92,9 @@ Connection::Statement Connection::prepare(const QString& sql) {
 }
 
 bool Connection::step(const Statement& statement) {
-    if (sqlite3_get_autocommit(database_) && !sqlite3_stmt_readonly(statement.get())) run("BEGIN IMMEDIATE");
+    if (sqlite3_get_autocommit(database_.get()) && !sqlite3_stmt_readonly(statement.get()) &&
+        sqlite3_exec(database_.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
+        fail(u"データベースの処理に失敗しました。"_s);
     switch (sqlite3_step(statement.get())) {
         case SQLITE_ROW:
             return true;
@@ -123,11 +105,6 @@ bool Connection::step(const Statement& statement) {
     }
 }
 
-void Connection::run(const char* sql) {
-    if (sqlite3_exec(database_, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-        fail(u"データベースの処理に失敗しました。"_s);
-}
-
 void Connection::fail(const QString& what) const {
-    throw databaseError(database_, what);
+    throw databaseError(database_.get(), what);
 }

@@ -4,7 +4,8 @@
 #include <QString>
 #include <memory>
 
-struct sqlite3;
+#include "platform/DatabaseEngine.h"
+
 struct sqlite3_stmt;
 
 class Connection {
@@ -21,9 +22,10 @@ class Connection {
     void setConnectionString(const QString& text) { connectionString_ = text; }
     const QString& connectionString() const { return connectionString_; }
 
-    // Opens the existing file named by "Data Source" with the password of the connection string. User and
-    // password arguments must be empty, options −1 (unspecified). Raises a database error when the file is
-    // missing, is no database, is damaged, or the password is wrong.
+    // Opens the existing file named by "Data Source" with the password of the connection string, after cursor
+    // location (client-side) and provider were set. User and password arguments must be empty, options −1
+    // (unspecified). Raises a database error when the file is missing, is no database, is damaged, or the
+    // password is wrong.
     void open(const QString& user, const QString& password, int options);
     bool isOpen() const { return database_ != nullptr; }
     // Ends the unit of work and releases the file.
@@ -47,12 +49,11 @@ class Connection {
     Statement prepare(const QString& sql);
     // One step; true while there is a row. Opens the unit of work before a statement that writes.
     bool step(const Statement& statement);
-    void run(const char* sql);
+    static void endUnitOfWork(sqlite3* database);
     [[noreturn]] void fail(const QString& what) const;
-    void unlock(const QByteArray& key);
 
     int cursorLocation_ = 0;
     QString provider_;
     QString connectionString_;
-    sqlite3* database_ = nullptr;
+    Database database_;
 };

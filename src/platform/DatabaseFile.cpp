@@ -10,41 +10,17 @@
 #include <QTemporaryFile>
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 
-#include "platform/DatabaseError.h"
+#include "platform/DatabaseEngine.h"
 #include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int busyMilliseconds = 5000; // the program may be writing for a moment
-
-struct DatabaseCloser {
-    void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
-};
-using Database = std::unique_ptr<sqlite3, DatabaseCloser>;
-
 void run(const Database& database, const char* sql, const QString& what) {
     if (sqlite3_exec(database.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
         throw databaseError(database.get(), what);
-}
-
-// An existing file, unlocked. The key of a file with contents proves right or wrong at the first read.
-Database openUnlocked(const QString& path, const QString& password) {
-    const QString failure = u"データベースを開けません。\n%1"_s.arg(path);
-    sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-    Database database(opened);
-    const QByteArray key = password.toUtf8();
-    if (code != SQLITE_OK || sqlite3_key(opened, key.constData(), static_cast<int>(key.size())) != SQLITE_OK)
-        throw databaseError(opened, failure);
-    sqlite3_extended_result_codes(opened, 1);
-    sqlite3_busy_timeout(opened, busyMilliseconds);
-    run(database, "PRAGMA temp_store = MEMORY; PRAGMA synchronous = FULL", failure);
-    run(database, "SELECT count(*) FROM sqlite_master", failure);
-    return database;
 }
 
 QString existingFile(const QString& path) {
@@ -108,13 +84,13 @@ void createEncryptedDatabase(const QString& path, const QString& password) {
     if (!file.open(QIODevice::ReadWrite, QFile::ReadOwner | QFile::WriteOwner))
         refuse(u"ファイルを作成できません。(%1)"_s.arg(file.errorString()), path);
     file.close();
-    const auto database = openUnlocked(existingFile(path), password);
+    const auto database = openEncryptedFile(existingFile(path), password);
     // Writes the first page, so that the file is a database that opens with this password only.
     run(database, "PRAGMA user_version = 1", u"データベースを作成できません。\n%1"_s.arg(path));
 }
 
 QStringList databaseFaults(const QString& path, const QString& password) {
-    const auto database = openUnlocked(existingFile(path), password);
+    const auto database = openEncryptedFile(existingFile(path), password);
     QStringList faults;
     const auto collect = [](void* list, int, char** columns, char**) {
         static_cast<QStringList*>(list)->append(QString::fromUtf8(columns[0]));
@@ -127,11 +103,11 @@ QStringList databaseFaults(const QString& path, const QString& password) {
 }
 
 void copyDatabase(const QString& path, const QString& copy, const QString& password) {
-    const auto source = openUnlocked(existingFile(path), password);
-    const auto target = openUnlocked(existingFile(copy), password);
+    const auto source = openEncryptedFile(existingFile(path), password);
+    const auto target = openEncryptedFile(existingFile(copy), password);
     const QString failure = u"データベースを写せません。\n%1"_s.arg(copy);
     sqlite3_backup* backup = sqlite3_backup_init(target.get(), "main", source.get(), "main");
     if (backup == nullptr) throw databaseError(target.get(), failure);
-    sqlite3_backup_step(backup, -1);
-    if (sqlite3_backup_finish(backup) != SQLITE_OK) throw databaseError(target.get(), failure);
+    const bool copied = sqlite3_backup_step(backup, -1) == SQLITE_DONE;
+    if (sqlite3_backup_finish(backup) != SQLITE_OK || !copied) throw databaseError(target.get(), failure);
 }

@@ -43,7 +43,8 @@ void FlexGrid::setText(int row, int column, const QString& text) {
         return;
     }
     auto* cell = new QTableWidgetItem(text);
-    cell->setToolTip(text); // long names may be cut
+    cell->setFlags(cell->flags() & ~Qt::ItemIsEditable); // the input method would take the digits for itself
+    cell->setToolTip(text);                              // long names may be cut
     if (row == 0) {
         setHorizontalHeaderItem(column - 1, cell);
     } else if (column == 0) {
@@ -60,11 +61,9 @@ void FlexGrid::shade(int row, int column, const QColor& colour) {
 }
 
 void FlexGrid::clearTexts() {
-    corner_->clear();
-    clearContents();
-    // An absent header item shows its number; an empty one shows nothing.
-    for (int column = 1; column <= columnCount(); ++column) setText(0, column, {});
-    for (int row = 1; row <= rowCount(); ++row) setText(row, 0, {});
+    // An absent header item shows its number, an empty one nothing, and an absent cell can be edited.
+    for (int row = 0; row <= rowCount(); ++row)
+        for (int column = 0; column <= columnCount(); ++column) setText(row, column, {});
 }
 
 void FlexGrid::showOnly(int rows, int columns) {

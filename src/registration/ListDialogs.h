@@ -35,7 +35,7 @@ class ListDialog : public Screen {
 
     void Form_Load() override;
     // Just closes: what was picked before stays picked.
-    void frameClosed() override { Common::Forms.unload(name()); }
+    void end() override { Common::Forms.unload(name()); }
 
   protected:
     // Reads the records and adds their rows.

@@ -10,7 +10,7 @@ class RegistrationScreen : public Screen {
     // `list` is the list dialog that the screen opens beside itself, empty when it has none.
     explicit RegistrationScreen(const QString& name, const QString& list = {});
 
-    void frameClosed() override { Command4_Click(); }
+    void end() override { Command4_Click(); }
 
   protected:
     const QString& list() const { return list_; }

@@ -14,6 +14,7 @@
 #include "output/PrintService.h"
 #include "platform/ApplicationDirectory.h"
 #include "platform/Fonts.h"
+#include "platform/StandardTexts.h"
 #include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
@@ -119,9 +120,11 @@ ReportSelection selectionOf(const Request& request) {
     selection.roundEntry =
         request.round.isEmpty() ? currentRound(*Common::DbConn, request.problemNo) : request.round;
     const QStringList assigned = evaluatorEntries(*Common::DbConn, request.problemNo);
-    if (request.evaluators.isEmpty()) selection.evaluatorEntries = assigned;
-    for (const auto& number : request.evaluators)
-        selection.evaluatorEntries << entryOf(assigned, number, u"課題評価者"_s);
+    QStringList named;
+    for (const auto& number : request.evaluators) named << entryOf(assigned, number, u"課題評価者"_s);
+    // In list order, each once: calculated twice, an evaluator's results would be taken for local weights.
+    for (const auto& entry : assigned)
+        if (named.isEmpty() || named.contains(entry)) selection.evaluatorEntries << entry;
     return selection;
 }
 
@@ -156,6 +159,7 @@ int main(int argc, char* argv[]) {
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(u"hollin-batch"_s);
     installFontSubstitutions();
+    installStandardTexts();
 
     QCommandLineParser parser;
     addOptions(parser);

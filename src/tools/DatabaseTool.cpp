@@ -36,11 +36,6 @@ void complain(const QString& text) {
     QTextStream(stderr) << u"hollin-database: "_s << text << Qt::endl;
 }
 
-void open(Connection& connection, const QString& file) {
-    connection.setConnectionString(databaseConnectionString(file));
-    connection.open({}, {}, -1);
-}
-
 // The evaluator screen proposes the number after the greatest one, so there has to be one.
 void addFirstEvaluator(Connection& connection) {
     connection.execute(u"INSERT INTO 評価者 (評価者番号,評価者氏名,所属部門) VALUES (1,'評価者１','')"_s);
@@ -50,7 +45,7 @@ int create(const QStringList& files, bool withSample) {
     NewFile file(files[0]);
     createEncryptedDatabase(file.temporaryPath(), databasePassword);
     Connection connection;
-    open(connection, file.temporaryPath());
+    openDatabaseFile(connection, file.temporaryPath());
     createSchema(connection);
     if (withSample) {
         addProblem(connection, sampleProblem());
@@ -67,13 +62,13 @@ QStringList faultsOf(const QString& file) {
     QStringList faults = databaseFaults(file, databasePassword);
     if (!faults.isEmpty()) return faults;
     Connection connection;
-    open(connection, file);
+    openDatabaseFile(connection, file);
     return missingFromSchema(connection);
 }
 
 void sayRowCounts(const QString& file) {
     Connection connection;
-    open(connection, file);
+    openDatabaseFile(connection, file);
     for (const auto& table : schemaTables()) {
         const Recordset count(u"SELECT count(*) AS 行数 FROM %1"_s.arg(table.name), connection);
         say(u"  %1: %2 行"_s.arg(table.name, count[u"行数"_s].toText()));

@@ -156,6 +156,7 @@ TEST_F(ComparisonTest, ChosenValuesAreMirroredAndStoredInPairOrder) {
 
     click(grid, u"Command2"_s);
     EXPECT_EQ(takeMessages(), warning(gridTitle, u"比較値の未設定があります、全てを設定してください"_s));
+    EXPECT_EQ(std::pair(cells()->row(), cells()->column()), std::pair(2, 3)); // the one to be filled
     EXPECT_EQ(storedValues().size(), 3);
 
     pick(2, 3, u"5"_s);
@@ -207,6 +208,31 @@ TEST_F(ComparisonTest, TypedValuesAreNotLostByASlip) {
     EXPECT_TRUE(isOpen(u"メニュー"_s));
     EXPECT_FALSE(isOpen(grid));
     EXPECT_EQ(takeMessages().size(), 3U);
+}
+
+TEST_F(ComparisonTest, WhatCouldNotBeShownCannotBeSaved) {
+    run(u"insert into 一対比較 values(1,1,12,11,3,2,'2026/01/01',1,9)"_s);
+    run(u"update 要因構成 set 子要因番号 = '' where 子要因番号 = 12"_s);
+    run(u"insert into 要因 (要因番号,要因区分,要因名) values('',1,'x')"_s);
+    start();
+    EXPECT_EQ(takeMessages(), warning(u"評価開始"_s, u"型が一致しません。"_s));
+    click(grid, u"Command2"_s);
+    EXPECT_EQ(takeMessages(),
+              warning(gridTitle, u"目的要因が選択されてません、目的要因を選択してください。"_s));
+    EXPECT_EQ(storedValues().size(), 1);
+}
+
+TEST_F(ComparisonTest, AnAbandonedChooserChoosesNothing) {
+    start();
+    clickCell(1, 2);
+    chooser()->hidePopup();
+    EXPECT_FALSE(chooser()->isVisible());
+    EXPECT_TRUE(hasFocus(grid, u"MSFlexGrid1"_s));
+    // The input method leaves digits to the grid; full-width ones count too.
+    EXPECT_FALSE(cells()->testAttribute(Qt::WA_InputMethodEnabled));
+    QKeyEvent wide(QEvent::KeyPress, Qt::Key_3, Qt::NoModifier, u"３"_s);
+    QCoreApplication::sendEvent(cells(), &wide);
+    EXPECT_EQ(cells()->text(1, 2), u"3"_s);
 }
 
 TEST_F(ComparisonTest, AGoalWithTwentyOneChildrenIsAnError) {

@@ -17,8 +17,7 @@ class SchemaTest : public testing::Test {
   protected:
     SchemaTest() {
         createEncryptedDatabase(folder_.filePath(u"a.mdb"_s), databasePassword);
-        connection_.setConnectionString(databaseConnectionString(folder_.filePath(u"a.mdb"_s)));
-        connection_.open({}, {}, -1);
+        openDatabaseFile(connection_, folder_.filePath(u"a.mdb"_s));
         createSchema(connection_);
     }
 

@@ -25,15 +25,12 @@ class ConnectionTest : public ScreenTest {
     }
     QString openWith(const QString& path, const QString& password) {
         Connection connection;
-        connection.setConnectionString(
-            u"Data Source=%1;Jet OLEDB:Database Password=%2"_s.arg(path, password));
-        return errorOf([&] { connection.open({}, {}, -1); });
+        return errorOf([&] { openDatabaseFile(connection, path, password); });
     }
     // What another program sees on the disk.
     QStringList stored(const QString& sql) {
         auto seen = std::make_unique<Connection>();
-        seen->setConnectionString(DbConn->connectionString());
-        seen->open({}, {}, -1);
+        openDatabaseFile(*seen, databasePath());
         std::swap(seen, DbConn);
         const auto records = rows(sql);
         std::swap(seen, DbConn);
@@ -59,6 +56,13 @@ TEST_F(ConnectionTest, WhatIsNoDatabaseIsToldInJapanese) {
     file.write(QByteArray(8192, 'x'));
     file.close();
     EXPECT_TRUE(openWith(text, databasePassword).contains(u"データベースのファイルではない"));
+    file.resize(0);
+    EXPECT_TRUE(openWith(text, databasePassword).contains(u"空です"));
+
+    // A folder with the separator of connection strings in its name.
+    QDir(directory()).mkpath(u"a;b"_s);
+    QFile::copy(databasePath(), directory() + u"/a;b/c.mdb"_s);
+    EXPECT_EQ(openWith(directory() + u"/a;b/c.mdb"_s, databasePassword), QString());
 }
 
 TEST_F(ConnectionTest, RecordsAreReadByNameWithoutRegardToCase) {

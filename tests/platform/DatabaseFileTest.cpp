@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include "core/Database.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
@@ -27,11 +28,6 @@ void write(const QString& path, const QByteArray& bytes) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
 }
 
-void open(Connection& connection, const QString& path) {
-    connection.setConnectionString(u"Data Source=%1;Jet OLEDB:Database Password=%2"_s.arg(path, password));
-    connection.open({}, {}, -1);
-}
-
 bool isReportedDamaged(const QString& path) {
     try {
         return !databaseFaults(path, password).isEmpty();
@@ -49,7 +45,7 @@ class DatabaseFileTest : public testing::Test {
     QString filledDatabase() {
         createEncryptedDatabase(path(u"a.mdb"_s), password);
         Connection connection;
-        open(connection, path(u"a.mdb"_s));
+        openDatabaseFile(connection, path(u"a.mdb"_s), password);
         connection.execute(u"CREATE TABLE 要因 (要因名 TEXT)"_s);
         for (int row = 0; row < 300; ++row)
             connection.execute(u"INSERT INTO 要因 VALUES ('耐震補強 SECRET')"_s);
@@ -91,14 +87,14 @@ TEST_F(DatabaseFileTest, OneChangedBitInAnyPageIsFound) {
 TEST_F(DatabaseFileTest, ACopyHoldsWhatIsDurableWhileTheProgramWrites) {
     const QString file = filledDatabase();
     Connection program;
-    open(program, file);
+    openDatabaseFile(program, file, password);
     program.execute(u"DELETE FROM 要因"_s); // not yet the end of the unit of work
     NewFile copy(path(u"copy.mdb"_s));
     copyDatabase(file, copy.temporaryPath(), password);
     copy.publish();
     EXPECT_FALSE(bytesOf(path(u"copy.mdb"_s)).contains("SECRET"));
     Connection connection;
-    open(connection, path(u"copy.mdb"_s));
+    openDatabaseFile(connection, path(u"copy.mdb"_s), password);
     EXPECT_EQ(Recordset(u"SELECT * FROM 要因"_s, connection).recordCount(), 300);
 }
 

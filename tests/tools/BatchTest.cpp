@@ -4,6 +4,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "core/Database.h"
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
 #include "support/PrintedPages.h"
 #include "support/RunProgram.h"
 
@@ -86,6 +89,12 @@ TEST_F(BatchTest, EverythingIsDoneInOrderWhenNothingIsNamed) {
 
 TEST_F(BatchTest, NamedEvaluatorsAndActionsOnly) {
     EXPECT_EQ(screens(run({u"1"_s, u"--calculate"_s, u"--evaluator"_s, u"2"_s})), QStringList());
+    // Named twice, an evaluator is still calculated once.
+    EXPECT_EQ(screens(run({u"1"_s, u"--calculate"_s, u"--evaluator"_s, u"4"_s, u"--evaluator"_s, u"04"_s})),
+              QStringList{u"評価計算"_s});
+    Connection database;
+    openDatabaseFile(database, path(u"DB/Hollin.mdb"_s));
+    EXPECT_EQ(Recordset(u"select * from 評価結果 where 評価者番号=4"_s, database).recordCount(), 75);
     EXPECT_EQ(screens(run({u"1"_s, u"--evaluator"_s, u"2"_s, u"--print"_s, u"分析出力"_s, u"--print"_s,
                            u"個人結果"_s})),
               (QStringList{u"個人結果"_s, u"分析出力"_s}));

@@ -37,10 +37,7 @@ class DatabaseToolTest : public testing::Test {
         return runProgram(u"unshare"_s, {u"-rm"_s, u"sh"_s, u"-c"_s, script});
     }
 
-    void open(Connection& connection, const QString& name) {
-        connection.setConnectionString(databaseConnectionString(path(name)));
-        connection.open({}, {}, -1);
-    }
+    void open(Connection& connection, const QString& name) { openDatabaseFile(connection, path(name)); }
 
     QTemporaryDir folder_;
 };

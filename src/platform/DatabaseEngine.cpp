@@ -1,10 +1,12 @@
-#include "platform/DatabaseError.h"
+#include "platform/DatabaseEngine.h"
 
 #include <sqlcipher/sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int busyMilliseconds = 5000; // another program may be at work on the file for a moment
 
 QString explanation(int code) {
     switch (code & 0xff) {
@@ -35,4 +37,26 @@ RuntimeError databaseError(sqlite3* database, const QString& what) {
     const QString reason = explanation(sqlite3_extended_errcode(database));
     const QString words = QString::fromUtf8(sqlite3_errmsg(database));
     return {ErrorCode::Database, (reason.isEmpty() ? what : what + u'\n' + reason) + u"\n(%1)"_s.arg(words)};
+}
+
+void DatabaseCloser::operator()(sqlite3* database) const {
+    sqlite3_close_v2(database);
+}
+
+Database openEncryptedFile(const QString& path, const QString& password) {
+    const QString failure = u"データベースを開けません。\n%1"_s.arg(path);
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+    Database database(opened);
+    const QByteArray key = password.toUtf8();
+    if (code != SQLITE_OK || sqlite3_key(opened, key.constData(), static_cast<int>(key.size())) != SQLITE_OK)
+        throw databaseError(opened, failure);
+    sqlite3_extended_result_codes(opened, 1);
+    sqlite3_busy_timeout(opened, busyMilliseconds);
+    // The key of a file with contents proves right or wrong at the first read.
+    constexpr auto prepare =
+        "PRAGMA temp_store = MEMORY; PRAGMA synchronous = FULL; SELECT count(*) FROM sqlite_master";
+    if (sqlite3_exec(opened, prepare, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw databaseError(opened, failure);
+    return database;
 }
