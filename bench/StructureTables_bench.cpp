@@ -1,0 +1,76 @@
+// What choosing a problem and saving a parent cost in the structure editor's tables, by the number of nodes.
+#include "hierarchy/StructureTables.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "core/Common.h"
+#include "core/Database.h"
+#include "core/Schema.h"
+#include "platform/DatabaseFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int factors = 5000;
+constexpr int childrenOfEach = 10;
+constexpr int levels = 5;
+
+// A full tree of `nodes` factors below problem 1.
+class Problem {
+  public:
+    explicit Problem(int nodes) {
+        QDir(directory_.path()).mkpath(u"DB"_s);
+        createEncryptedDatabase(directory_.path() + u"/DB/Hollin.mdb"_s, databasePassword);
+        Common::openDatabase(directory_.path());
+        createSchema(*Common::DbConn);
+        const QString numbers =
+            u"WITH RECURSIVE n(i) AS (SELECT 0 UNION SELECT i + 1 FROM n WHERE i < %1) "_s;
+        Common::DbConn->execute(u"INSERT INTO 要因 "_s + numbers.arg(factors) +
+                                u"SELECT i + 1,1,'要因' || i,'' FROM n"_s);
+        Common::DbConn->execute(u"INSERT INTO 要因構成 "_s + numbers.arg(nodes - 1) +
+                                u"SELECT 1,i / %1 + 1,i + 2,i % %1 + 1,'1' FROM n"_s.arg(childrenOfEach));
+        Common::DbConn->endUnitOfWork();
+    }
+    ~Problem() { Common::DbConn.reset(); }
+
+  private:
+    QTemporaryDir directory_;
+};
+
+void choose(benchmark::State& state) {
+    const Problem problem(static_cast<int>(state.range(0)));
+    for (const auto& step : state) {
+        static_cast<void>(step);
+        rebuildStructureDisplay(*Common::DbConn, 1, levels);
+        Common::DbConn->endUnitOfWork();
+        benchmark::DoNotOptimize(readParents(*Common::DbConn, 1, u"課題"_s, levels));
+        benchmark::DoNotOptimize(readTree(*Common::DbConn, 1));
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+void save(benchmark::State& state) {
+    const Problem problem(static_cast<int>(state.range(0)));
+    ChildList children;
+    for (int row = 0; row < mostChildren; ++row)
+        children.at(static_cast<std::size_t>(row)).displayOrder = row + 1;
+    readChildren(*Common::DbConn, 1, 2, children);
+    for (const auto& step : state) {
+        static_cast<void>(step);
+        benchmark::DoNotOptimize(refusedChild(*Common::DbConn, 1, 2, savedChildren(children)));
+        saveChildren(*Common::DbConn, 1, 2, savedChildren(children));
+        removeOrphans(*Common::DbConn, 1);
+        rebuildStructureDisplay(*Common::DbConn, 1, levels);
+        Common::DbConn->endUnitOfWork();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+} // namespace
+
+BENCHMARK(choose)->Arg(750)->Arg(1500)->Arg(3000)->Unit(benchmark::kMillisecond)->Complexity();
+BENCHMARK(save)->Arg(750)->Arg(1500)->Arg(3000)->Unit(benchmark::kMillisecond)->Complexity();
