@@ -86,28 +86,17 @@ void ReportPage::row(const QStringList& cells, int indent) {
     rowsPrinted_ = true;
 }
 
-void ReportPage::spanningRow(const QString& text, int rows) {
-    keepTogether(1 + rows);
-    openTable();
-    printAcross(text);
-    rowsPrinted_ = true;
-}
-
 void ReportPage::group(int rows, const QString& title, int indent) {
     if (title.isEmpty())
         beginRows(rows, 2);
     else
         beginRows(rows + 1, 3);
-    rule();
+    if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
     if (title.isEmpty()) return;
     openTable();
     printAcross(title, indent);
     --groupRows_;
     rowsPrinted_ = true;
-}
-
-void ReportPage::rule() {
-    if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
 }
 
 void ReportPage::newTable(const QString& title, const QList<ReportColumn>& columns, int rows) {
@@ -136,15 +125,6 @@ void ReportPage::newPart(const QStringList& lines) {
     heading_.lines = lines;
 }
 
-bool ReportPage::fits(int rows) const {
-    return print_.LineNo + rowsUntilTable() + rows <= print_.MaxLines;
-}
-
-void ReportPage::keepTogether(int rows) {
-    if (pageStarted_ && !fits(rows)) leavePage();
-    if (!pageStarted_) startPage();
-}
-
 void ReportPage::finish() {
     leavePage();
     finished_ = true; // when sending fails there is no document either
@@ -166,6 +146,16 @@ int ReportPage::rowsUntilTable() const {
     const int lines =
         linesPrinted_ || heading_.lines.size() < 2 ? 0 : static_cast<int>(heading_.lines.size());
     return lines + 1 + (tableTitle_.isEmpty() ? 0 : 1) + headingRows();
+}
+
+// Whether this many rows of the table fit below LineNo.
+bool ReportPage::fits(int rows) const {
+    return print_.LineNo + rowsUntilTable() + rows <= print_.MaxLines;
+}
+
+void ReportPage::keepTogether(int rows) {
+    if (pageStarted_ && !fits(rows)) leavePage();
+    if (!pageStarted_) startPage();
 }
 
 // Makes room for rows that belong together, or for the first ones where a page does not take them all.

@@ -34,9 +34,9 @@ struct ReportHeading {
 //     ReportPage page(print, {u"分析出力"_s, {u"評価者 3名"_s, u"変動度:A"_s},
 //                             {{u"要因名"_s, 5, 90}, {u"最小値"_s, 95, 25, Alignment::Point}}},
 //                     {u"分析出力"_s, problemName, {}});
-//     for (const auto& factor : factors) page.row({factor.name, formatNumber(factor.least, u"0.0000"_s)});
-//     page.rule();
-//     page.spanningRow(u"総合評価値（最終レベル）"_s);
+//     page.group(factors.size(), parent.name);
+//     for (const auto& factor : factors) page.row({factor.name, formatNumber(factor.least, u"0.0000"_s)}, 2);
+//     page.newTable(u"総合評価値（最終レベル）"_s, columns, lastLevel.size());
 //     for (const auto& factor : lastLevel) page.row({factor.name, …});
 //     page.finish();
 class ReportPage {
@@ -56,14 +56,10 @@ class ReportPage {
     // to the right, in half-width columns. Left and centred texts are cut at the column and end in "…" then;
     // numbers are never cut.
     void row(const QStringList& cells, int indent = 0);
-    // A text across the table, never the last row of a page: `rows` rows fit below it.
-    void spanningRow(const QString& text, int rows = 1);
     // Begins a group of `rows` rows, below a fine rule and the group's title, if any, in a row of its own
     // (`indent` in half-width columns). The group stays on one page where it fits on one; where it does not,
     // neither its first row nor its last one stands alone.
     void group(int rows, const QString& title = {}, int indent = 0);
-    // Fine rule below the last row, between groups.
-    void rule();
 
     // Closes the table and begins another one of `rows` rows below a title. It stays on one page where it
     // fits on one; where it does not, it repeats its title and headings on the next, and no row stands alone.
@@ -74,10 +70,6 @@ class ReportPage {
 
     // The next row begins a new page, whose heading has these lines: the next evaluator of the document.
     void newPart(const QStringList& lines);
-    // Whether this many rows of the table fit below LineNo.
-    bool fits(int rows) const;
-    // Begins a new page when they do not.
-    void keepTogether(int rows);
 
     // Ends the last page and sends the document. Without it the document is discarded.
     void finish();
@@ -86,6 +78,8 @@ class ReportPage {
     int headingRows() const;
     int rowsUntilTable() const;
     int rowsOfPage() const;
+    bool fits(int rows) const;
+    void keepTogether(int rows);
     void beginRows(int rows, int inseparable);
     double boundary(int row) const;
     void startPage();

@@ -58,14 +58,28 @@ TEST_F(ReportPageTest, CellsKeepTheirColumn) {
 }
 
 TEST_F(ReportPageTest, WhatBelongsTogetherIsNotParted) {
-    for (const int before : {32, 33}) { // rows 6 to 39 are the table's
+    struct Case {
+        int before, rows, onFirstPage; // of the 34 that a page takes; a title stands above the group
+    };
+    for (const auto& [before, rows, onFirstPage] :
+         {Case{24, 9, 34}, Case{25, 9, 25}, Case{31, 40, 34}, Case{32, 40, 32}}) {
         ReportPage page(print, heading, name);
         for (int i = 0; i < before; ++i) page.row({u"r"_s});
-        page.spanningRow(u"総合評価値（最終レベル）"_s);
-        EXPECT_EQ(print.PageNo, before == 32 ? 0 : 1);
-        page.row({u"last"_s});
-        EXPECT_EQ(print.PageNo, before == 32 ? 0 : 1);
+        page.group(rows, u"長い名前の目的要因も切らない"_s, 2);
+        for (int i = 0; i < rows; ++i) page.row({u"g"_s}, 4);
+        page.finish();
+        const auto printed = pages();
+        const auto& words = printed[0].words;
+        EXPECT_EQ(std::ranges::count_if(words, [](const auto& word) { return word.box.y() > 35; }),
+                  onFirstPage);
+        EXPECT_EQ(printed[onFirstPage == 34 ? 0 : 1].word(u"長い名前の目的要因も切らない"_s).box.x() > 5,
+                  true);
     }
+    ReportPage group(print, heading, name); // the last two of a long group stay together
+    group.group(35);
+    for (int i = 0; i < 35; ++i) group.row({u"g%1"_s.arg(i)});
+    group.finish();
+    EXPECT_EQ(pages().at(1).row(36).value(0), u"g33"_s);
     for (const int rows : {20, 21}) { // a blank row, title, heading and 20 rows fill the page
         ReportPage page(print, heading, name);
         for (int i = 0; i < 11; ++i) page.row({u"r"_s});
