@@ -32,7 +32,7 @@ QList<ReportColumn> allColumns() {
     QList<ReportColumn> columns = figureColumns;
     for (int number = 0; number < valueClasses; ++number)
         columns.append({QString::number(number), left + number * width, width, Alignment::Right,
-                        u"分布（最小 0 ～ 6 最大）"_s});
+                        u"分布（0 が最小、6 が最大）"_s});
     return columns;
 }
 

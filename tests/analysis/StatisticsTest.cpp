@@ -1,0 +1,66 @@
+// The figures of a set of values, against values worked out by hand.
+#include "analysis/Statistics.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "analysis/Variation.h"
+#include "platform/Numbers.h"
+#include "platform/RuntimeError.h"
+#include "support/ScreenTest.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Statistics of(const std::vector<double>& values) {
+    Statistics statistics;
+    for (const double value : values) statistics.add(value);
+    return statistics;
+}
+
+std::vector<int> classes(const std::vector<double>& values) {
+    const auto statistics = of(values);
+    const auto counts = classCounts(values, statistics.minimum(), statistics.maximum());
+    return {counts.begin(), counts.end()};
+}
+
+} // namespace
+
+TEST(StatisticsTest, MeansAndSpread) {
+    const auto group = of({0.5, 0.3, 0.2});
+    EXPECT_EQ(group.minimum(), 0.2);
+    EXPECT_EQ(group.maximum(), 0.5);
+    EXPECT_EQ(formatNumber(group.mean(), u"0.0000"_s), u"0.3333"_s);
+    EXPECT_EQ(formatNumber(group.geometricMean(), u"0.0000"_s), u"0.3107"_s);
+    EXPECT_NEAR(group.deviation(1e-8), 0.124721913, 1e-9);
+    EXPECT_EQ(of({0.2, 0.8}).geometricMean(), 0.4);
+    EXPECT_EQ(of({0.1, 0.1, 0.1}).deviation(1e-8), 0); // what is left is the rounding error
+}
+
+TEST(StatisticsTest, TheGeometricMeanKeepsItsDigits) {
+    for (const double value : {0.12345, 0.03125, 1.0 / 9, 1.0}) EXPECT_EQ(of({value}).geometricMean(), value);
+    EXPECT_NEAR(of(std::vector(101, 1e-4)).geometricMean(), 1e-4, 1e-18); // the product is 1e-404
+    for (const double value : {0.0, -0.5}) EXPECT_THROW(of({0.5, value}).geometricMean(), RuntimeError);
+}
+
+TEST(StatisticsTest, AGradeBeginsAtItsBound) {
+    struct Case {
+        double variation;
+        QString grade;
+    };
+    for (const auto& [variation, grade] :
+         {Case{0, u"A"_s}, Case{std::nextafter(0.1, 0), u"A"_s}, Case{0.1, u"B"_s}, Case{0.2, u"C"_s},
+          Case{0.3, u"D"_s}, Case{0.35, u"D"_s}, Case{0.4, u"E"_s}, Case{5, u"E"_s}, Case{1e6, u"E"_s}})
+        EXPECT_EQ(gradeLetter(variation), grade) << variation;
+}
+
+TEST(StatisticsTest, ValuesFallIntoTheNearestOfSevenClasses) {
+    // a class is 1 wide; halves go to the even one, and 6.5 to 7 stay in the last
+    EXPECT_EQ(classes({0, 0.5, 1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7}), (std::vector{2, 0, 2, 0, 2, 0, 3}));
+    EXPECT_EQ(classes({0, 0.51, 2.49, 6.01, 7}), (std::vector{1, 1, 1, 0, 0, 0, 2}));
+    EXPECT_EQ(classes({0.3, 0.3, 0.3}), (std::vector{0, 0, 0, 3, 0, 0, 0}));
+    EXPECT_EQ(classes({0.3, 0.3 + 6e-8}), (std::vector{0, 0, 0, 2, 0, 0, 0}));
+    EXPECT_EQ(classes({0.3, 0.3 + 8e-8}), (std::vector{1, 0, 0, 0, 0, 0, 1}));
+}
