@@ -12,6 +12,8 @@ using namespace Common;
 
 namespace {
 
+constexpr qsizetype longestFileName = 248; // bytes: 255, less what the file's name has while it is written
+
 // The coefficient of the factor whose rows come next, as text. Leaves the record set at the next factor.
 QString nextCoefficient(Recordset& rows) {
     const auto factorNo = rows[u"子要因番号"_s].toLong();
@@ -26,7 +28,11 @@ QString filePath(const QString& folder, const QString& problem) {
     if (problem.contains(u'/') || problem.contains(u'\\'))
         throw RuntimeError(ErrorCode::InvalidCall,
                            u"課題名に「/」や「\\」があるため、ファイルを作成できません。\n%1"_s.arg(problem));
-    return folder + u'\\' + problem + u".csv"_s;
+    const QString name = problem + u".csv"_s;
+    if (name.toUtf8().size() > longestFileName)
+        throw RuntimeError(ErrorCode::InvalidCall,
+                           u"課題名が長すぎるため、ファイルを作成できません。\n%1"_s.arg(problem));
+    return folder + u'\\' + name;
 }
 
 } // namespace

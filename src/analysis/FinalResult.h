@@ -19,8 +19,8 @@ bool SetCoefficients(PrintService& print, const ReportSelection& selection, cons
 // earlier rows are gone all the same (a message, and false), and an error leaves the rows inserted so far and
 // the earlier file.
 //
-// Raises error 5 for a weight of 0 or below, for a problem name with a folder separator in it and for a name
-// that the code page lacks, 75 or 76 when the file cannot be written.
+// Raises error 5 for a weight of 0 or below, for a problem name that has a folder separator in it or is
+// longer than a file name, and for a name that the code page lacks, 75 or 76 when the file cannot be written.
 bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 problemNo, qint16 round);
 
 // The text between double quotes; those inside it stay as they are.

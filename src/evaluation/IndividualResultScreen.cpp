@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
     Check1->setToolTip(u"オフにすると、要因の木を評価値 0 で印刷します (Alt+V)"_s);
     Check1->setChecked(true);
     optionsLayout()->addWidget(Check1, 0, Qt::AlignLeft);
+    setTabOrder(findChild<QWidget*>(u"Command17"_s), Check1);
 }
 
 void 個人結果::run(const ReportSelection& selection) {

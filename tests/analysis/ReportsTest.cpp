@@ -197,7 +197,7 @@ TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
     };
     for (const auto& [name, says] :
          {Case{u"A/B"_s, u"「/」"_s}, Case{u"A\\B"_s, u"「/」"_s}, Case{u"../A"_s, u"「/」"_s},
-          Case{QString(300, u'A'), u"書き込めません"_s}}) {
+          Case{QString(300, u'A'), u"長すぎる"_s}}) {
         run(u"delete from 総合係数"_s);
         run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(name));
         report(final, {});
