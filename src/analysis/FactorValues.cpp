@@ -23,6 +23,6 @@ std::vector<FactorValues> readFactorValues(Connection& connection, const QString
         }
         factors.push_back(std::move(factor));
     }
-    std::ranges::stable_partition(factors, [](const auto& factor) { return !factor.isTotal; });
+    std::stable_partition(factors.begin(), factors.end(), [](const auto& factor) { return !factor.isTotal; });
     return factors;
 }

@@ -14,13 +14,15 @@ namespace {
 constexpr int familySize = 21;
 constexpr double negligibleVariance = 1e-7;
 constexpr double negligibleWidth = 1e-8;
+constexpr int middleClass = 3;
+constexpr int lastClass = valueClasses - 1;
 
 // By the number of children: weights of a large family differ less.
 constexpr std::array divisors{1.0,   1.0,   0.394, 0.364, 0.333, 0.305, 0.28,  0.261, 0.246, 0.239, 0.226,
                               0.216, 0.209, 0.204, 0.196, 0.19,  0.187, 0.183, 0.176, 0.173, 0.171};
 
 constexpr std::array bounds{0.1, 0.2, 0.3, 0.4, 999999.0};
-constexpr std::array labels{u'A', u'B', u'C', u'D', u'E', u'F'}; // no variation is as great as F
+constexpr std::array<QChar, 6> labels{u'A', u'B', u'C', u'D', u'E', u'F'}; // no variation is as great as F
 
 double divisorOf(int children) {
     if (children >= static_cast<int>(divisors.size())) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
@@ -60,7 +62,7 @@ void addNextFamily(Variation& round, Recordset& rows) {
 QString gradeLetter(double variation) {
     std::size_t position = 0;
     while (position + 1 < bounds.size() && !(bounds[position] > variation)) ++position;
-    return QString(QChar(labels[position]));
+    return {labels[position]};
 }
 
 QString VariationGrade(Connection& connection, qint32 problemNo, qint16 round) {
@@ -79,10 +81,8 @@ std::array<int, valueClasses> classCounts(const std::vector<double>& values, dou
     if (std::abs(width) < negligibleWidth) width = 0;
     std::array<int, valueClasses> counts{};
     for (const double value : values) {
-        const double position = width == 0 ? valueClasses / 2 : (value - minimum) / width;
-        const int number = position > valueClasses - 1 ? valueClasses - 1
-                           : position < 0              ? 0
-                                                       : toLong(position);
+        const double position = width == 0 ? middleClass : (value - minimum) / width;
+        const int number = position > lastClass ? lastClass : position < 0 ? 0 : toLong(position);
         ++counts[static_cast<std::size_t>(number)];
     }
     return counts;
