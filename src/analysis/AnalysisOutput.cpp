@@ -119,9 +119,9 @@ void printTotals(ReportPage& page, FactorNames& names, const std::vector<FactorV
 void printAnalysis(PrintService& print, const Analysis& analysis) {
     FactorNames names(*DbConn);
     const QString problem = names[ProblemNo];
-    const QStringList lines{
-        u"変動度:"_s + analysis.grade, u"%1（%2回）"_s.arg(problem).arg(RoundCount),
-        u"評価者 %1名：%2"_s.arg(analysis.evaluators.size()).arg(analysis.evaluators.join(u"、"_s))};
+    const QStringList lines{u"変動度:"_s + analysis.grade, problemWithRound(problem, RoundCount),
+                            u"評価者 %1名：%2"_s.arg(QString::number(analysis.evaluators.size()),
+                                                     analysis.evaluators.join(u"、"_s))};
     ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
     printTree(page, names, analysis.tree);
     printTotals(page, names, analysis.totals);

@@ -7,7 +7,6 @@
 #include "hierarchy/NumberHierarchy.h"
 #include "output/FactorNames.h"
 #include "output/ReportPage.h"
-#include "platform/Dates.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
@@ -122,15 +121,11 @@ void PrintGroupReport(PrintService& print, qint32 problemNo, qint16 round, qint3
     FactorNames names(*DbConn);
     const QString problem = names[problemNo];
     const QString evaluator = evaluatorName(*DbConn, evaluatorNo);
-    print.MsgSlots[0] = formatDate(QDate::currentDate());
-    print.MsgSlots[1] = evaluator + u"様"_s;
-    print.MsgSlots[2] = problem;
-    print.MsgSlots[3] = QString::number(round);
+    print.fillSlots(evaluator, problem, round);
     const auto factors =
         readFactorValues(*DbConn, u"select * from tempfac order by dno,child,score desc"_s, u"long2"_s, {});
 
-    ReportPage page(print,
-                    {u"報告作成"_s, {evaluator + u"様"_s, u"%1（%2回）"_s.arg(problem).arg(round)}, columns},
+    ReportPage page(print, {u"報告作成"_s, {evaluator + u"様"_s, problemWithRound(problem, round)}, columns},
                     {u"報告作成"_s, problem, evaluator});
     page.coveringLetter(print.FileDir + u"\\message.txt"_s);
     printFactors(page, names, factors, evaluatorNo);

@@ -4,7 +4,6 @@
 #include "evaluation/LocalWeights.h"
 #include "output/ReportPage.h"
 #include "output/ReportSelection.h"
-#include "platform/Dates.h"
 
 using namespace Qt::StringLiterals;
 using Common::DbConn;
@@ -20,21 +19,10 @@ int runEnd(const InconsistencyList& findings, int begin) {
     return end;
 }
 
-void fillSlots(PrintService& print, const QString& evaluator, const QString& problem, qint16 round) {
-    print.MsgSlots[0] = formatDate(QDate::currentDate());
-    print.MsgSlots[1] = evaluator;
-    print.MsgSlots[2] = problem;
-    print.MsgSlots[3] = QString::number(round);
-}
-
 QStringList cells(const Inconsistency& finding) {
     const QString goal = factorName(*DbConn, finding.goalNo);
     if (finding.sourceNo < 0) return {goal, u"全体的に不整合"_s};
     return {goal, factorName(*DbConn, finding.sourceNo), factorName(*DbConn, finding.targetNo)};
-}
-
-QStringList partLines(const QString& evaluator, const QString& problem, qint16 round) {
-    return {evaluator, u"%1（%2回）"_s.arg(problem, QString::number(round))};
 }
 
 } // namespace
@@ -50,9 +38,9 @@ void printInconsistencyReport(PrintService& print, const InconsistencyList& find
                     {u"評価計算"_s, problem, single ? evaluatorAt(0) : u"全評価者"_s});
     for (int begin = 0; begin < findings.count();) {
         const int end = runEnd(findings, begin);
-        const QString evaluator = evaluatorAt(begin) + u"様"_s;
-        fillSlots(print, evaluator, problem, round);
-        page.newPart(partLines(evaluator, problem, round));
+        const QString evaluator = evaluatorAt(begin);
+        print.fillSlots(evaluator, problem, round);
+        page.newPart({evaluator + u"様"_s, problemWithRound(problem, round)});
         page.message(print.FileDir + u"\\errmsg.txt"_s);
         for (; begin < end; ++begin) page.row(cells(findings[begin]));
     }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "evaluation/EvaluatorRound.h"
 #include "evaluation/PowerMethod.h"
 #include "platform/Connection.h"
 #include "platform/Numbers.h"
@@ -19,14 +20,6 @@ constexpr double pairDeviationLimit = 3.0;
 
 // The random index RI, looked up with the number of items itself: three items use 0.9.
 constexpr std::array randomIndex{0.0, 0.0, 0.58, 0.9, 1.12, 1.24, 1.32, 1.41, 1.45, 1.49, 1.49, 1.51, 1.53};
-
-// The evaluator's round that is calculated.
-struct Round {
-    Connection& connection;
-    qint32 problemNo;
-    qint32 evaluatorNo;
-    qint16 round;
-};
 
 // The comparisons under one goal factor, in pair order: row by row over the upper triangle.
 struct GoalPairs {
@@ -83,8 +76,8 @@ bool isConsistent(double eigenvalue, int n) {
     return !(consistencyIndex > consistencyIndexLimit || consistencyRatio > consistencyRatioLimit);
 }
 
-void findInconsistentPairs(const Round& of, const ComparisonMatrix& comparison, const GoalPairs& pairs, int n,
-                           InconsistencyList& findings) {
+void findInconsistentPairs(const EvaluatorRound& of, const ComparisonMatrix& comparison,
+                           const GoalPairs& pairs, int n, InconsistencyList& findings) {
     const auto before = findings.count();
     const auto& w = comparison.weight;
     for (int i = 0; i < n - 1; ++i)
@@ -96,7 +89,7 @@ void findInconsistentPairs(const Round& of, const ComparisonMatrix& comparison, 
     if (findings.count() == before) findings.append({.evaluatorNo = of.evaluatorNo, .goalNo = pairs.goalNo});
 }
 
-void writeWeight(const Round& of, qint32 goalNo, qint32 childNo, double weight) {
+void writeWeight(const EvaluatorRound& of, qint32 goalNo, qint32 childNo, double weight) {
     of.connection.execute(
         u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値) values(%1,%2,%3,%4,%5,%6,0,0)"_s
             .arg(of.problemNo)
@@ -108,13 +101,14 @@ void writeWeight(const Round& of, qint32 goalNo, qint32 childNo, double weight) 
 }
 
 // Item 0 is the source of the first pair, item j the target of pair j - 1.
-void writeWeights(const Round& of, const ComparisonMatrix& comparison, const GoalPairs& pairs, int n) {
+void writeWeights(const EvaluatorRound& of, const ComparisonMatrix& comparison, const GoalPairs& pairs,
+                  int n) {
     writeWeight(of, pairs.goalNo, pairs.source[0], comparison.weight[0]);
     for (int i = 0; i <= n - 2; ++i) writeWeight(of, pairs.goalNo, pairs.target[i], comparison.weight[i + 1]);
 }
 
 // False when the weights of the goal factor do not converge.
-bool calculateGoal(const Round& of, const GoalPairs& pairs, ComparisonMatrix& comparison,
+bool calculateGoal(const EvaluatorRound& of, const GoalPairs& pairs, ComparisonMatrix& comparison,
                    InconsistencyList& findings) {
     const auto n = itemCount(pairs);
     fillMatrix(comparison, pairs, n);
@@ -136,7 +130,7 @@ void InconsistencyList::append(const Inconsistency& finding) {
 
 ComparisonData calculateLocalWeights(Connection& connection, qint32 problemNo, qint32 evaluatorNo,
                                      qint16 round, InconsistencyList& findings) {
-    const Round of{connection, problemNo, evaluatorNo, round};
+    const EvaluatorRound of{connection, problemNo, evaluatorNo, round};
     Recordset rows(
         u"select * from 一対比較 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 order by 目的要因番号,比較表示順"_s
             .arg(problemNo)

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "evaluation/EvaluatorRound.h"
 #include "hierarchy/DepthGuard.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
@@ -10,30 +11,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Round {
-    Connection& connection;
-    qint32 problemNo;
-    qint32 evaluatorNo;
-    qint16 round;
-
-    void execute(const QString& sql) const { connection.execute(filled(sql)); }
-    // %1 problem, %2 evaluator, %3 round.
-    QString filled(const QString& sql) const { return sql.arg(problemNo).arg(evaluatorNo).arg(round); }
-};
-
-qint32 countOf(Connection& connection, const QString& sql, const QString& field) {
-    return Recordset(sql, connection)[field].toLong();
+// %1 problem, %2 evaluator, %3 round.
+QString filled(const QString& sql, const EvaluatorRound& of) {
+    return sql.arg(of.problemNo).arg(of.evaluatorNo).arg(of.round);
 }
 
-int parentCount(const Round& of) {
-    return countOf(of.connection,
-                   of.filled(u"select count(distinct 親要因番号) as ncount from 評価結果"
-                             " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s),
-                   u"ncount"_s);
+void execute(const QString& sql, const EvaluatorRound& of) {
+    of.connection.execute(filled(sql, of));
+}
+
+int parentCount(const EvaluatorRound& of) {
+    return readNumber(filled(u"select count(distinct 親要因番号) as ncount from 評価結果"
+                             " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s,
+                             of),
+                      of.connection);
 }
 
 // Fills tempfac with one row for each occurrence of an edge reached from the problem.
-void walkHierarchy(const Round& of) {
+void walkHierarchy(const EvaluatorRound& of) {
     of.connection.execute(u"delete from tempfac"_s);
     of.connection.execute(
         u"insert into tempfac (parent,child,lev,score) values(%1,%1,0,1)"_s.arg(of.problemNo));
@@ -49,7 +44,7 @@ void walkHierarchy(const Round& of) {
                 .arg(level - 1)
                 .arg(of.evaluatorNo)
                 .arg(of.round));
-        const auto count = countOf(of.connection, u"select count(*) as ncount from tempfac"_s, u"ncount"_s);
+        const auto count = readNumber(u"select count(*) as ncount from tempfac"_s, of.connection);
         if (count == previous) break;
         requireDepth(QString::number(of.problemNo), level, parents);
         previous = count;
@@ -57,14 +52,15 @@ void walkHierarchy(const Round& of) {
     of.connection.execute(u"delete from tempfac where child = %1"_s.arg(of.problemNo));
 }
 
-void writeGlobalWeights(const Round& of) {
-    of.execute(u"delete from 評価結果 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s);
-    of.execute(
+void writeGlobalWeights(const EvaluatorRound& of) {
+    execute(u"delete from 評価結果 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s, of);
+    execute(
         u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値)"
-        " select %1,parent,child,%2,%3,score2,0,sum(score) from tempfac group by parent,child,score2"_s);
+        " select %1,parent,child,%2,%3,score2,0,sum(score) from tempfac group by parent,child,score2"_s,
+        of);
 }
 
-void markLeaf(const Round& of, qint32 parentNo, qint32 childNo) {
+void markLeaf(const EvaluatorRound& of, qint32 parentNo, qint32 childNo) {
     of.connection.execute(
         u"update 評価結果 set レベル = 1 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"
         " and 親要因番号=%4 and 子要因番号=%5"_s.arg(of.problemNo)
@@ -74,31 +70,31 @@ void markLeaf(const Round& of, qint32 parentNo, qint32 childNo) {
             .arg(childNo));
 }
 
-void markLeaves(const Round& of) {
+void markLeaves(const EvaluatorRound& of) {
     for (Recordset edges(u"select parent,child from tempfac"_s, of.connection); !edges.eof();
          edges.moveNext()) {
         const auto childNo = edges[u"Child"_s].toLong();
         const auto children =
-            countOf(of.connection,
-                    u"select count(*) as cnt from 要因構成 where 課題番号 = %1 and 親要因番号 = %2"_s
-                        .arg(of.problemNo)
-                        .arg(childNo),
-                    u"cnt"_s);
+            readNumber(u"select count(*) as cnt from 要因構成 where 課題番号 = %1 and 親要因番号 = %2"_s
+                           .arg(of.problemNo)
+                           .arg(childNo),
+                       of.connection);
         if (children == 0) markLeaf(of, edges[u"Parent"_s].toLong(), childNo);
     }
 }
 
-void totalLeaves(const Round& of) {
-    of.execute(
+void totalLeaves(const EvaluatorRound& of) {
+    execute(
         u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値)"
         " select %1,%1,子要因番号,%2,%3,count(*),2,sum(総合評価値) from 評価結果"
-        " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3 and レベル=1 group by 子要因番号"_s);
+        " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3 and レベル=1 group by 子要因番号"_s,
+        of);
 }
 
 } // namespace
 
 void synthesise(Connection& connection, qint32 problemNo, qint32 evaluatorNo, qint16 round) {
-    const Round of{connection, problemNo, evaluatorNo, round};
+    const EvaluatorRound of{connection, problemNo, evaluatorNo, round};
     walkHierarchy(of);
     writeGlobalWeights(of);
     markLeaves(of);

@@ -40,10 +40,6 @@ QString levelStatement(const QString& problemNo, int level, const Radix& radix, 
                .arg(grouped == groupedMode ? u" group by 親要因番号,子要因番号"_s : QString());
 }
 
-int countOf(Connection& connection, const QString& sql) {
-    return Recordset(sql, connection)[u"ncnt"_s].toLong();
-}
-
 } // namespace
 
 void NumberHierarchy(Connection& connection, const QString& problemNo, const qint16& grouped) {
@@ -51,12 +47,12 @@ void NumberHierarchy(Connection& connection, const QString& problemNo, const qin
     connection.execute(u"delete from tempfac"_s);
     connection.execute(
         u"insert into tempfac (parent,child,seq,lev,dno) values(%1,%1,0,0,0)"_s.arg(problemNo));
-    const int parents = countOf(
-        connection,
-        u"select count(distinct 親要因番号) as ncnt from 要因構成 where 課題番号=%1"_s.arg(problemNo));
+    const int parents = readNumber(
+        u"select count(distinct 親要因番号) as ncnt from 要因構成 where 課題番号=%1"_s.arg(problemNo),
+        connection);
     for (int level = 1, previous = 1;; ++level) {
         connection.execute(levelStatement(problemNo, level, radix, grouped));
-        const int count = countOf(connection, u"select count(*) as ncnt from tempfac"_s);
+        const int count = readNumber(u"select count(*) as ncnt from tempfac"_s, connection);
         if (count == previous) break;
         requireDepth(problemNo, level, parents);
         previous = count;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Dates.h"
 #include "platform/TextConversion.h"
 #include "platform/TextFile.h"
 
@@ -139,12 +140,20 @@ void PrintService::printWrapped(QString line, qint16 indent) {
     }
 }
 
+void PrintService::fillSlots(const QString& evaluator, const QString& problem, qint16 round) {
+    MsgSlots[0] = formatDate(QDate::currentDate());
+    MsgSlots[1] = evaluator + u"様"_s;
+    MsgSlots[2] = problem;
+    MsgSlots[3] = QString::number(round);
+}
+
 void PrintService::PrintMessageFile(const QString& path, qint16 indent, bool keepPage) {
     if (indent < 0 || indent > messageColumns - 2) throw RuntimeError(ErrorCode::InvalidCall);
     LineNo = messageFirstRow;
     int number = 0;
     for (const auto& line : readLines(path))
-        printWrapped(filled(line, u"%1 (%2 行目)"_s.arg(nativePath(path), QString::number(++number))), indent);
+        printWrapped(filled(line, u"%1 (%2 行目)"_s.arg(nativePath(path), QString::number(++number))),
+                     indent);
     if (keepPage) return;
     EndPage();
     LineNo = 0;

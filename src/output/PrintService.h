@@ -48,6 +48,8 @@ class PrintService {
     // Begins the layout of a report: millimetres, font, counters at 0; landscape with 27 rows for a table of
     // 13 or more columns, else portrait with 40 rows.
     void SetUpPage(qint16 columns);
+    // What every letter may name: today's date, the evaluator (without "様"), the problem and the round.
+    void fillSlots(const QString& evaluator, const QString& problem, qint16 round);
     // Prints a text file of paragraphs from row 2 on, wrapped at 100 columns of which `indent` (0 to 98) are
     // blank, its markers "~0~" to "~20~" replaced from MsgSlots. Empty lines take no row. Afterwards the page
     // ends, or with `keepPage` goes on at LineNo. Raises 53, 75 or 76 when the file cannot be read, 9 for a

@@ -74,6 +74,10 @@ QString evaluatorName(Connection& connection, qint32 evaluatorNo) {
         u"評価者氏名"_s);
 }
 
+QString problemWithRound(const QString& problem, qint16 round) {
+    return u"%1（%2回）"_s.arg(problem, QString::number(round));
+}
+
 bool takeSelection(const ReportSelection& selection) {
     handOver(selection);
     if (!CheckProblemChosen() || !CheckRoundAndEvaluator()) return false;

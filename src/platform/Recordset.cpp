@@ -116,3 +116,8 @@ void Recordset::close() {
     position_ = 0;
     adding_ = false;
 }
+
+qint32 readNumber(const QString& sql, Connection& connection) {
+    const Recordset row(sql, connection);
+    return row.field(row.fieldNames().first()).toLong();
+}

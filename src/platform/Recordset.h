@@ -10,6 +10,9 @@
 
 class Connection;
 
+// The whole number that a statement with one row and one field gives.
+qint32 readNumber(const QString& sql, Connection& connection);
+
 class Recordset {
   public:
     // `source` is a SELECT statement, or the bare name of a table that rows are to be added to.
