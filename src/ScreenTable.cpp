@@ -21,12 +21,12 @@ using namespace Qt::StringLiterals;
 void fillScreenTable(Screens& screens) {
     screens.add<メニュー>(u"メニュー"_s);
     screens.add<登録メニュー>(u"登録メニュー"_s);
-    screens.add<要因構成登録>(u"要因構成登録"_s);
     screens.add<要因登録>(u"要因登録"_s);
     screens.add<課題登録>(u"課題登録"_s);
     screens.add<評価者登録>(u"評価者登録"_s);
     screens.add<課題構成登録>(u"課題構成登録"_s);
     screens.add<課題評価者登録>(u"課題評価者登録"_s);
+    screens.add<要因構成登録>(u"要因構成登録"_s);
     screens.add<課題選択>(u"課題選択"_s);
     screens.add<課題候補表示>(u"課題候補表示"_s);
     screens.add<課題要因表示>(u"課題要因表示"_s);

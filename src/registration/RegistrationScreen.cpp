@@ -5,8 +5,8 @@
 using namespace Qt::StringLiterals;
 using namespace Common;
 
-RegistrationScreen::RegistrationScreen(const QString& name, const QString& list)
-    : Screen(name), list_(list) {}
+RegistrationScreen::RegistrationScreen(const QString& name, QString list)
+    : Screen(name), list_(std::move(list)) {}
 
 void RegistrationScreen::Command4_Click() {
     Forms.show(u"登録メニュー"_s);

@@ -8,7 +8,7 @@
 class RegistrationScreen : public Screen {
   public:
     // `list` is the list dialog that the screen opens beside itself, empty when it has none.
-    explicit RegistrationScreen(const QString& name, const QString& list = {});
+    explicit RegistrationScreen(const QString& name, QString list = {});
 
     void end() override { Command4_Click(); }
 
