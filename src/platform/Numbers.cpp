@@ -61,8 +61,12 @@ qint32 toLong(double number) {
 }
 
 QString decimalText(double number) {
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+    // Within these bounds statements and screens show no exponent.
+    const double size = std::abs(number);
+    const auto form =
+        number == 0 || (size >= 1e-15 && size < 1e15) ? std::chars_format::fixed : std::chars_format::general;
+    std::array<char, 48> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, form).ptr;
     return QString::fromLatin1(buffer.data(), end - buffer.data());
 }
 

@@ -85,6 +85,9 @@ TEST(Numbers, PatternsRoundTheShortestTextAwayFromZero) {
          })
         EXPECT_EQ(formatNumber(number, pattern), shown);
     EXPECT_EQ(decimalText(0.1), u"0.1"_s);
+    EXPECT_EQ(decimalText(100000), u"100000"_s);
+    EXPECT_EQ(decimalText(-1.5e-7), u"-0.00000015"_s);
+    EXPECT_EQ(decimalText(1e300), u"1e+300"_s);
 }
 
 TEST(Dates, OnlyDaysOfTheCalendarAreDates) {
