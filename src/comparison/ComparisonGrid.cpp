@@ -81,8 +81,7 @@ void 比較値設定::Command1_Click() {
 }
 
 void 比較値設定::refuseWithoutGoal() {
-    refuse(u"目的要因が選択されてません、目的要因を選択してください。"_s);
-    ui_->Combo1->setFocus();
+    refuseAt(ui_->Combo1, u"目的要因が選択されてません、目的要因を選択してください。"_s);
 }
 
 // What was typed and not saved must not vanish by a slip of the hand.
@@ -157,8 +156,7 @@ void 比較値設定::setCell(int row, int column, int position) {
 void 比較値設定::Command2_Click() {
     if (!goalNo_) return refuseWithoutGoal();
     if (const auto unset = firstUnset()) {
-        refuse(u"比較値の未設定があります、全てを設定してください"_s);
-        ui_->MSFlexGrid1->setFocus();
+        refuseAt(ui_->MSFlexGrid1, u"比較値の未設定があります、全てを設定してください"_s);
         return ui_->MSFlexGrid1->setCurrent(unset->first, unset->second);
     }
     replaceComparisons();

@@ -55,8 +55,7 @@ void 比較者設定::Command1_Click() {
 bool 比較者設定::takeProblem() {
     const int chosen = ui_->Combo1->currentIndex();
     if (chosen < 0) {
-        refuse(u"評価対象課題が未選択です。"_s);
-        ui_->Combo1->setFocus();
+        refuseAt(ui_->Combo1, u"評価対象課題が未選択です。"_s);
         return false;
     }
     CmpProblemNo = Value(problems_.at(static_cast<std::size_t>(chosen)).number).toLong();
@@ -64,16 +63,14 @@ bool 比較者設定::takeProblem() {
     const Recordset structure(u"SELECT 課題番号 FROM 要因構成 WHERE 課題番号 = %1"_s.arg(CmpProblemNo),
                               *DbConn);
     if (!structure.eof()) return true;
-    refuse(u"選択された評価対象課題は要因構成に存在しません"_s);
-    ui_->Combo1->setFocus();
+    refuseAt(ui_->Combo1, u"選択された評価対象課題は要因構成に存在しません"_s);
     return false;
 }
 
 bool 比較者設定::takeEvaluator() {
     const int chosen = ui_->Combo2->currentIndex();
     if (chosen < 0) {
-        refuse(u"評価者が未選択です。"_s);
-        ui_->Combo2->setFocus();
+        refuseAt(ui_->Combo2, u"評価者が未選択です。"_s);
         return false;
     }
     CmpEvaluatorNo = Value(evaluators_.at(static_cast<std::size_t>(chosen)).number).toLong();
@@ -84,8 +81,7 @@ bool 比較者設定::takeEvaluator() {
 bool 比較者設定::takeDate() {
     const auto date = parseDate(ui_->Text2->text());
     if (!date) {
-        refuse(u"評価日付が不正です。"_s);
-        ui_->Text2->setFocus();
+        refuseAt(ui_->Text2, u"評価日付が不正です。"_s);
         return false;
     }
     CmpDate = formatDate(*date);

@@ -6,6 +6,10 @@
 using namespace Qt::StringLiterals;
 using namespace Common;
 
+const QString configuredProblems =
+    u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル FROM 課題 T1,要因 T2 "
+    "WHERE T1.課題番号 = T2.要因番号 order by 課題番号"_s;
+
 std::vector<NumberedName> readNumberedNames(const QString& sql, const QString& numberColumn,
                                             const QString& nameColumn) {
     std::vector<NumberedName> names;
@@ -15,10 +19,7 @@ std::vector<NumberedName> readNumberedNames(const QString& sql, const QString& n
 }
 
 std::vector<NumberedName> readProblems() {
-    return readNumberedNames(
-        u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル FROM 課題 T1,要因 T2 "
-        "WHERE T1.課題番号 = T2.要因番号 order by 課題番号"_s,
-        u"課題番号"_s, u"要因名"_s);
+    return readNumberedNames(configuredProblems, u"課題番号"_s, u"要因名"_s);
 }
 
 QString problemEntry(const NumberedName& problem) {

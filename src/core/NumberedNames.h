@@ -9,6 +9,9 @@
 std::vector<Common::NumberedName> readNumberedNames(const QString& sql, const QString& numberColumn,
                                                     const QString& nameColumn);
 
+// Reads number, class, name and structure level of all configured problems by number.
+extern const QString configuredProblems;
+
 // All configured problems by number.
 std::vector<Common::NumberedName> readProblems();
 

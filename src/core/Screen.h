@@ -33,6 +33,12 @@ class Screen : public Form {
                 [caption, procedure] { runAction(caption, procedure); });
     }
 
+    // Says what is wrong and puts the focus on the field to mend.
+    static void refuseAt(QWidget* field, const QString& text) {
+        Common::refuse(text);
+        field->setFocus();
+    }
+
     // Leaves the screen: shows the menu, then closes the screen.
     void leaveTo(const QString& menu) {
         Common::Forms.show(menu);

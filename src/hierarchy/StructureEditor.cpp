@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "core/NumberedNames.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/TextConversion.h"
@@ -73,16 +74,13 @@ void 要因構成登録::Form_Load() {
 }
 
 void 要因構成登録::fillProblems() {
-    Recordset rows(
-        u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル FROM 課題 T1,要因 T2 "
-        "WHERE T1.課題番号 = T2.要因番号 order by 課題番号"_s,
-        *DbConn);
+    Recordset rows(configuredProblems, *DbConn);
     if (rows.eof()) refuse(u"課題が未登録です。 課題登録を行ってください。"_s);
     for (; !rows.eof(); rows.moveNext()) {
-        const Problem problem{rows[u"課題番号"_s].toLong(), NullToZero(rows[u"課題区分"_s]).toLong(),
-                              NullToEmpty(rows[u"要因名"_s]), NullToZero(rows[u"構成レベル"_s]).toLong()};
+        const Problem problem{rows[u"課題番号"_s].toLong(), NullToEmpty(rows[u"要因名"_s]),
+                              NullToZero(rows[u"構成レベル"_s]).toLong()};
         problems_.push_back(problem);
-        ui_->Combo1->addItem(factorText(problem.number, problem.name, u" "_s));
+        ui_->Combo1->addItem(problemEntry({QString::number(problem.number), problem.name}));
     }
 }
 
@@ -93,7 +91,7 @@ void 要因構成登録::loadFactors() {
         StructList.push_back({rows[u"要因番号"_s].toText(), NullToEmpty(rows[u"要因名"_s])});
         auto* item =
             new QListWidgetItem(factorText(rows[u"要因番号"_s].toLong(), StructList.back().name), ui_->List1);
-        item->setToolTip(item->text()); // long names may be cut
+        item->setToolTip(plainToolTip(item->text())); // long names may be cut
     }
     Text1_Change();
 }
@@ -174,7 +172,7 @@ void 要因構成登録::showChildren() {
 void 要因構成登録::showChild(int row) {
     const auto& child = childOf(row);
     ui_->MSFlexGrid1->setText(row, factorColumn,
-                              child.isFree() ? QString() : factorText(child.factorNo, child.name));
+                              child.factorNo == 0 ? QString() : factorText(child.factorNo, child.name));
 }
 
 int 要因構成登録::firstFreeRow() const {
@@ -186,17 +184,16 @@ int 要因構成登録::firstFreeRow() const {
 void 要因構成登録::showPosition() {
     if (parent_ >= 0) {
         const QString path = tree_.pathTo(chosenParent());
-        ui_->Label6->setText(path.isEmpty() ? ui_->Combo2->currentText() : path);
-        ui_->Label6->setToolTip(ui_->Label6->text());
+        ui_->Label6->setWholeText(path.isEmpty() ? ui_->Combo2->currentText() : path);
         tree_.select(chosenParent());
     } else {
-        ui_->Label6->clear();
+        ui_->Label6->setWholeText({});
     }
     ui_->Command4->setEnabled(parents_.next.has_value());
     const QString next = parents_.next ? ui_->Combo2->itemText(parentIndex(*parents_.next)) : QString();
-    ui_->Label7->setText(problem_ < 0     ? QString()
-                         : next.isEmpty() ? u"すべての親要因が設定されています。"_s
-                                          : u"次に設定する親要因： %1"_s.arg(next));
+    ui_->Label7->setWholeText(problem_ < 0     ? QString()
+                              : next.isEmpty() ? u"すべての親要因が設定されています。"_s
+                                               : u"次に設定する親要因： %1"_s.arg(next));
 }
 
 // The parent at the place, or another node of the same factor: its children are the same. −1 when there is
@@ -305,11 +302,6 @@ void 要因構成登録::Command2_Click() {
 // What was chosen and not saved must not vanish by a slip of the hand.
 bool 要因構成登録::mayDiscardChildren(const QString& question) {
     return !unsaved_ || confirm(u"登録されていない要因（子）があります。"_s + question);
-}
-
-void 要因構成登録::refuseAt(QWidget* field, const QString& text) {
-    refuse(text);
-    field->setFocus();
 }
 
 void 要因構成登録::refuseChild(const RefusedChild& refused) {

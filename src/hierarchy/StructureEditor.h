@@ -35,7 +35,6 @@ class 要因構成登録 : public Screen {
 
     struct Problem {
         qint32 number;
-        qint32 kind;
         QString name;
         int levels;
     };
@@ -56,7 +55,6 @@ class 要因構成登録 : public Screen {
     void showChild(int row);
     void showPosition();
     void say(const QString& note, bool warns = false);
-    void refuseAt(QWidget* field, const QString& text);
     void refuseChild(const RefusedChild& refused);
     void finishSave(std::size_t saved);
     bool mayDiscardChildren(const QString& question);

@@ -1,5 +1,7 @@
 #include "hierarchy/StructureTree.h"
 
+#include "platform/ElidedLabel.h"
+
 #include <QHeaderView>
 #include <QStyle>
 #include <QTreeWidget>
@@ -36,7 +38,7 @@ void StructureTree::show(const std::vector<TreeNode>& nodes, const ParentList& p
         auto item = std::make_unique<QTreeWidgetItem>(
             QStringList{factorText(node.place.factorNo, node.name, u" "_s)});
         item->setData(0, Qt::UserRole, node.key());
-        item->setToolTip(0, item->text(0)); // long names may be cut
+        item->setToolTip(0, plainToolTip(item->text(0))); // long names may be cut
         item->setForeground(0, notOffered);
         if (!node.parent) {
             items_[node.place] = item.get();

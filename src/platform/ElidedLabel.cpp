@@ -5,7 +5,7 @@
 using namespace Qt::StringLiterals;
 
 QString plainToolTip(const QString& text) {
-    return u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s;
+    return text.isEmpty() ? QString() : u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s;
 }
 
 void ElidedLabel::setWholeText(const QString& text) {
@@ -19,7 +19,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
-    painter.drawItemText(
-        contentsRect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), palette(), isEnabled(),
-        fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()), foregroundRole());
+    painter.drawItemText(contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                         fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()),
+                         foregroundRole());
 }

@@ -3,6 +3,8 @@
 #include <QHeaderView>
 #include <QLabel>
 
+#include "platform/ElidedLabel.h"
+
 namespace {
 
 constexpr int cornerMargin = 16; // pixels beside the text of cell (0, 0)
@@ -44,7 +46,7 @@ void FlexGrid::setText(int row, int column, const QString& text) {
     }
     auto* cell = new QTableWidgetItem(text);
     cell->setFlags(cell->flags() & ~Qt::ItemIsEditable); // the input method would take the digits for itself
-    cell->setToolTip(text);                              // long names may be cut
+    cell->setToolTip(plainToolTip(text));                // long names may be cut
     if (row == 0) {
         setHorizontalHeaderItem(column - 1, cell);
     } else if (column == 0) {

@@ -15,8 +15,8 @@ double leadingNumber(const QString& text);
 qint16 toInteger(double number);
 qint32 toLong(double number);
 
-// The shortest decimal text that reads back as the same double, as statements carry it; without an exponent from
-// 1e-15 to 1e15.
+// The shortest decimal text that reads back as the same double, as statements carry it; without an exponent
+// from 1e-15 to 1e15.
 QString decimalText(double number);
 
 // `number` in a pattern such as "0.0000", "0.####", "##0", "0000". Rounds half away from zero on the shortest

@@ -51,19 +51,19 @@ void 評価者登録::Form_Load() {
 void 評価者登録::Command1_Click() {
     if (!requireNumber(ui_->Text1, u"評価者番号が不正です。"_s)) return;
     if (!requireText(ui_->Text3, u"評価者氏名が不正です。"_s)) return;
-    const Recordset same(u"SELECT 評価者氏名 FROM 評価者 WHERE 評価者番号 =%1"_s.arg(numberIn(ui_->Text1)),
-                         *DbConn);
+    const qint32 number = wholeNumberIn(ui_->Text1);
+    const Recordset same(u"SELECT 評価者氏名 FROM 評価者 WHERE 評価者番号 =%1"_s.arg(number), *DbConn);
     if (!same.eof()) return refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
-    addEvaluator();
+    addEvaluator(number);
     ui_->Text1->setFocus();
     Forms.unload(list());
 }
 
-void 評価者登録::addEvaluator() {
+void 評価者登録::addEvaluator(qint32 number) {
     Recordset table(u"評価者"_s, *DbConn);
     table.addNew();
-    table.setField(u"評価者番号"_s, leadingNumber(ui_->Text1->text()));
+    table.setField(u"評価者番号"_s, number);
     table.setField(u"評価者氏名"_s, ui_->Text3->text());
     table.setField(u"所属部門"_s, ui_->Text4->text());
     table.update();

@@ -23,7 +23,7 @@ class 評価者登録 : public RegistrationScreen {
     void Command2_Click();
     void Command3_Click();
 
-    void addEvaluator();
+    void addEvaluator(qint32 number);
     void refuseMissingEvaluator();
 
     std::unique_ptr<Ui::EvaluatorRegistration> ui_;

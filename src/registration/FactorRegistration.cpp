@@ -65,14 +65,14 @@ bool FactorRegistration::canRegister() {
     if (!requireNumber(ui_->Text1, u"要因番号が不正です。"_s)) return false;
     if (!requireNumber(ui_->Text2, u"要因区分が不正です。"_s)) return false;
     return !kind_.registersProblems || leadingNumber(ui_->Text2->text()) == 0 ||
-           refuseAt(ui_->Text2, u"要因区分が不正です。"_s);
+           refusedAt(ui_->Text2, u"要因区分が不正です。"_s);
 }
 
 void FactorRegistration::addFactor(qint16 number) {
     Recordset table(u"要因"_s, *DbConn);
     table.addNew();
     table.setField(u"要因番号"_s, number);
-    table.setField(u"要因区分"_s, leadingNumber(ui_->Text2->text()));
+    table.setField(u"要因区分"_s, wholeNumberIn(ui_->Text2));
     table.setField(u"要因名"_s, ui_->Text3->text());
     table.setField(u"要因内容"_s, ui_->Text4->text());
     table.update();
@@ -86,8 +86,8 @@ void FactorRegistration::Command2_Click() {
     if (!factorExists()) return refuseMissingFactor();
     const QString change =
         u"UPDATE  要因 SET 要因区分 = %1, 要因名 = %2, 要因内容 = %3WHERE 要因番号 =%4"_s.arg(
-            numberIn(ui_->Text2), quoted(ui_->Text3->text()), quoted(ui_->Text4->text()),
-            numberIn(ui_->Text1));
+            QString::number(wholeNumberIn(ui_->Text2)), quoted(ui_->Text3->text()),
+            quoted(ui_->Text4->text()), numberIn(ui_->Text1));
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
     for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4}) field->clear();

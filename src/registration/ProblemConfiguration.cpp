@@ -58,11 +58,11 @@ bool 課題構成登録::problemCanBeConfigured() {
     if (!requireNumber(ui_->Text1, u"課題番号が不正です。"_s)) return false;
     const QString number = numberIn(ui_->Text1);
     if (Recordset(u"SELECT * FROM 要因 WHERE 要因番号 =%1"_s.arg(number), *DbConn).eof())
-        return refuseAt(ui_->Text1,
-                        u"課題番号 '%1' は要因テーブルに存在しません。"_s.arg(ui_->Text1->text()));
+        return refusedAt(ui_->Text1,
+                         u"課題番号 '%1' は要因テーブルに存在しません。"_s.arg(ui_->Text1->text()));
     if (Recordset(u"SELECT * FROM 要因 WHERE 要因番号 =%1 AND 要因区分 = 0 "_s.arg(number), *DbConn).eof())
-        return refuseAt(ui_->Text1, u"課題番号 '%1' は課題要因として要因テーブルに存在しません。"_s.arg(
-                                        ui_->Text1->text()));
+        return refusedAt(ui_->Text1, u"課題番号 '%1' は課題要因として要因テーブルに存在しません。"_s.arg(
+                                         ui_->Text1->text()));
     return true;
 }
 
@@ -77,11 +77,11 @@ bool 課題構成登録::settingsAreNumbers() {
 void 課題構成登録::addProblem() {
     Recordset table(u"課題"_s, *DbConn);
     table.addNew();
-    table.setField(u"課題番号"_s, leadingNumber(ui_->Text1->text()));
-    table.setField(u"課題区分"_s, leadingNumber(ui_->Text2->text()));
-    table.setField(u"構成レベル"_s, leadingNumber(ui_->Text3->text()));
-    table.setField(u"最大分岐数"_s, leadingNumber(ui_->Text4->text()));
-    table.setField(u"比較回数"_s, leadingNumber(ui_->Text5->text()));
+    table.setField(u"課題番号"_s, wholeNumberIn(ui_->Text1));
+    table.setField(u"課題区分"_s, wholeNumberIn(ui_->Text2));
+    table.setField(u"構成レベル"_s, wholeNumberIn(ui_->Text3));
+    table.setField(u"最大分岐数"_s, wholeNumberIn(ui_->Text4));
+    table.setField(u"比較回数"_s, wholeNumberIn(ui_->Text5));
     table.update();
     table.close();
 }
@@ -94,8 +94,11 @@ void 課題構成登録::Command2_Click() {
         return refuseMissingProblem();
     const QString change =
         u"UPDATE  課題 SET 課題区分 = %1, 構成レベル = %2, 最大分岐数 = %3, 比較回数 =%4 WHERE 課題番号 =%5"_s
-            .arg(numberIn(ui_->Text2), numberIn(ui_->Text3), numberIn(ui_->Text4), numberIn(ui_->Text5),
-                 number);
+            .arg(wholeNumberIn(ui_->Text2))
+            .arg(wholeNumberIn(ui_->Text3))
+            .arg(wholeNumberIn(ui_->Text4))
+            .arg(wholeNumberIn(ui_->Text5))
+            .arg(number);
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
     for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4, ui_->Text5}) field->clear();

@@ -68,8 +68,8 @@ QStringList 課題評価者登録::selectedEvaluators() const {
 }
 
 bool 課題評価者登録::isChosen(const QString& noSelection) {
-    if (ui_->Combo1->currentIndex() < 0) return refuseAt(ui_->Combo1, u"課題が未選択です。"_s);
-    return !selectedEvaluators().isEmpty() || refuseAt(ui_->List1, noSelection);
+    if (ui_->Combo1->currentIndex() < 0) return refusedAt(ui_->Combo1, u"課題が未選択です。"_s);
+    return !selectedEvaluators().isEmpty() || refusedAt(ui_->List1, noSelection);
 }
 
 void 課題評価者登録::Command1_Click() {
@@ -95,7 +95,7 @@ bool 課題評価者登録::isNew(const QStringList& evaluators) {
             u"SELECT *   FROM 課題評価者 WHERE 課題番号 = %1 AND 評価者番号 = %2 ORDER BY 課題番号 "_s.arg(
                 problem(), evaluator),
             *DbConn);
-        if (!assigned.eof()) return refuseAt(ui_->List1, u"選択された評価者は登録済です。"_s + evaluator);
+        if (!assigned.eof()) return refusedAt(ui_->List1, u"選択された評価者は登録済です。"_s + evaluator);
     }
     return true;
 }

@@ -14,14 +14,13 @@ void RegistrationScreen::Command4_Click() {
     Forms.unload(name());
 }
 
-bool RegistrationScreen::refuseAt(QWidget* field, const QString& text) {
-    refuse(text);
-    field->setFocus();
+bool RegistrationScreen::refusedAt(QWidget* field, const QString& text) {
+    refuseAt(field, text);
     return false;
 }
 
 bool RegistrationScreen::requireNumber(QLineEdit* field, const QString& text) {
-    return isNumeric(field->text()) || refuseAt(field, text);
+    return isNumeric(field->text()) || refusedAt(field, text);
 }
 
 bool RegistrationScreen::requireNumberOrBlank(QLineEdit* field, const QString& text) {
@@ -29,7 +28,7 @@ bool RegistrationScreen::requireNumberOrBlank(QLineEdit* field, const QString& t
 }
 
 bool RegistrationScreen::requireText(QLineEdit* field, const QString& text) {
-    return !field->text().trimmed().isEmpty() || refuseAt(field, text);
+    return !field->text().trimmed().isEmpty() || refusedAt(field, text);
 }
 
 void RegistrationScreen::fill(QLineEdit* field, const QString& text) {
@@ -39,4 +38,8 @@ void RegistrationScreen::fill(QLineEdit* field, const QString& text) {
 
 QString RegistrationScreen::numberIn(const QLineEdit* field) {
     return decimalText(leadingNumber(field->text()));
+}
+
+qint32 RegistrationScreen::wholeNumberIn(const QLineEdit* field) {
+    return toLong(leadingNumber(field->text()));
 }

@@ -18,8 +18,8 @@ class RegistrationScreen : public Screen {
     // Back to the registration menu.
     void Command4_Click();
 
-    // Says what is wrong and puts the focus on the field to mend; false, so that a check can return it.
-    static bool refuseAt(QWidget* field, const QString& text);
+    // Refuses the field; false, so that a check can return it.
+    static bool refusedAt(QWidget* field, const QString& text);
     // Each refuses the field with `text` when it does not hold what is asked for.
     static bool requireNumber(QLineEdit* field, const QString& text);
     static bool requireNumberOrBlank(QLineEdit* field, const QString& text);
@@ -27,8 +27,11 @@ class RegistrationScreen : public Screen {
 
     // Fills the field from a record and shows the text from its beginning.
     static void fill(QLineEdit* field, const QString& text);
-    // The number that the field begins with, as statements carry it.
+    // The number that the field begins with, as statements look it up.
     static QString numberIn(const QLineEdit* field);
+    // The same as the columns of whole numbers hold it: halves to the even one. Raises error 6 beyond 32
+    // bits.
+    static qint32 wholeNumberIn(const QLineEdit* field);
 
   private:
     QString list_;

@@ -84,17 +84,6 @@ TEST_F(CommonTest, MenusLeadToTheirScreensAndBack) {
     EXPECT_FALSE(DbConn->isOpen());
 }
 
-TEST_F(CommonTest, AnUnreadableEvaluatorTableLeavesTheUserInTheMenu) {
-    Forms.show(u"登録メニュー"_s);
-    run(u"drop table 評価者"_s);
-    click(u"登録メニュー"_s, u"Command6"_s);
-    EXPECT_TRUE(isOpen(u"登録メニュー"_s));
-    EXPECT_FALSE(isOpen(u"評価者登録"_s));
-    const auto messages = takeMessages();
-    ASSERT_FALSE(messages.empty());
-    EXPECT_TRUE(messages[0].title.endsWith(u"評価者テーブルエラー"));
-}
-
 TEST_F(CommonTest, AMissingDatabaseEndsTheProgram) {
     Forms.show(u"登録メニュー"_s);
     DbConn->close();
