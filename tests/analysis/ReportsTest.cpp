@@ -1,9 +1,9 @@
 // Group report, analysis and coefficients, read back from documents, tables and file. The figures were worked
 // out with an eigenvector routine of another tool from the comparisons of the fixture.
 #include "analysis/Variation.h"
+#include "support/Helpers.h"
 #include "support/RoundTest.h"
 
-using namespace Qt::StringLiterals;
 using namespace Common;
 
 namespace {
@@ -11,11 +11,6 @@ namespace {
 const QString group = u"報告作成"_s;
 const QString analysis = u"分析出力"_s;
 const QString final = u"最終結果"_s;
-const QString missing = u"選択された課題、評価回数の評価結果が存在しません。"_s;
-
-std::vector<ShownMessage> done(const QString& screen, const QString& text) {
-    return {{screen, text, MessageStyle::Plain}};
-}
 
 } // namespace
 
@@ -24,89 +19,71 @@ class ReportsTest : public RoundTest {
     // A problem whose only level has one leaf, and what the evaluators 2, 5 and 7 think of it.
     void singleLeaf(const QList<double>& weights) {
         run(u"delete from 要因構成"_s);
-        run(u"insert into 要因構成 values(1,1,11,1,'0')"_s);
+        structure(u"1:11"_s);
         run(u"delete from 評価結果"_s);
         for (int i = 0; i < weights.size(); ++i) result(11, QList{2, 5, 7}[i], weights[i]);
     }
     void result(int factor, int evaluator, double weight) {
-        run(u"insert into 評価結果 values(1,1,%1,%2,1,%3,1,%3)"_s.arg(factor).arg(evaluator).arg(weight));
-        run(u"insert into 評価結果 values(1,1,%1,%2,1,1,2,%3)"_s.arg(factor).arg(evaluator).arg(weight));
+        run(u"insert into 評価結果 values(1,1,%1,%2,1,%3,1,%3),(1,1,%1,%2,1,1,2,%3)"_s.arg(factor)
+                .arg(evaluator)
+                .arg(weight));
     }
     // The text of the only message.
     QString failure() {
         const auto messages = takeMessages();
         return messages.size() == 1 ? messages[0].text : QString();
     }
-    QByteArray file(const QString& name) const {
-        QFile csv(directory() + u"/file/"_s + name);
-        return csv.open(QIODevice::ReadOnly) ? csv.readAll() : QByteArray();
-    }
+    QByteArray file(const QString& name) const { return bytesOf(directory() + u"/file/"_s + name); }
 };
 
 TEST_F(ReportsTest, TheGroupReportSetsTheEvaluatorBesideTheGroup) {
     report(group, {0, 1});
-    EXPECT_EQ(takeMessages(), done(group, u" 印刷終了"_s));
+    EXPECT_EQ(takeMessages(), notice(group, u" 印刷終了"_s));
     EXPECT_EQ(documents().size(), 2);
     EXPECT_EQ(printedRows(u"報告作成_候補地の選定_評価者5_"_s),
-              (QStringList{u"評価者5様:候補地の選定:1"_s, u"候補地の選定（1回）"_s, u"あなた 全体"_s,
-                           u"目的要因 要因 評価値 順位 最小値 最大値 算術平均 幾何平均"_s,
-                           u"候補地の選定 費用 1.0000 2 0.5000 1.0000 0.8333 0.7937"_s,
-                           u"候補地の選定 環境 1.0000 1 0.3333 1.0000 0.7778 0.6934"_s,
-                           u"費用 建設費 0.2500 3 0.2500 1.0000 0.7500 0.6300"_s,
-                           u"費用 維持費 1.0000 1 0.5000 1.0000 0.6667 0.6300"_s,
-                           u"環境 維持費 1.0000 1 0.1504 1.0000 0.5606 0.4307"_s,
-                           u"環境 騒音 0.4055 3 0.4055 1.0000 0.6268 0.5775"_s,
-                           u"環境 景観 0.1644 3 0.1644 1.0000 0.4509 0.3139"_s,
-                           u"総合評価値（最終レベル） 建設費 0.2500 3 0.2500 1.0000 0.5833 0.5000"_s,
-                           u"維持費 2.0000 1 0.4004 2.0000 1.0258 0.8154"_s,
-                           u"騒音 0.4055 2 0.3333 0.4750 0.4046 0.4004"_s,
-                           u"景観 0.1644 2 0.0627 1.0000 0.4090 0.2177"_s}));
-}
-
-TEST_F(ReportsTest, ALeafBelowTheProblemItself) {
-    singleLeaf({0.5, 0.3, 0.2});
-    report(group, {1});
-    EXPECT_EQ(printedRows(u"報告作成"_s).mid(4),
-              (QStringList{u"候補地の選定 費用 0.3000 2 0.2000 0.5000 0.3333 0.3107"_s,
-                           u"総合評価値（最終レベル） 費用 0.3000 2 0.2000 0.5000 0.3333 0.3107"_s}));
+              u"評価者5様:候補地の選定:1 / 候補地の選定（1回） / あなた 全体 / "
+              "目的要因 要因 評価値 順位 最小値 最大値 算術平均 幾何平均 / "
+              "候補地の選定 費用 1.0000 2 0.5000 1.0000 0.8333 0.7937 / "
+              "候補地の選定 環境 1.0000 1 0.3333 1.0000 0.7778 0.6934 / "
+              "費用 建設費 0.2500 3 0.2500 1.0000 0.7500 0.6300 / "
+              "費用 維持費 1.0000 1 0.5000 1.0000 0.6667 0.6300 / "
+              "環境 維持費 1.0000 1 0.1504 1.0000 0.5606 0.4307 / "
+              "環境 騒音 0.4055 3 0.4055 1.0000 0.6268 0.5775 / "
+              "環境 景観 0.1644 3 0.1644 1.0000 0.4509 0.3139 / "
+              "総合評価値（最終レベル） 建設費 0.2500 3 0.2500 1.0000 0.5833 0.5000 / "
+              "維持費 2.0000 1 0.4004 2.0000 1.0258 0.8154 / "
+              "騒音 0.4055 2 0.3333 0.4750 0.4046 0.4004 / 景観 0.1644 2 0.0627 1.0000 0.4090 0.2177"_s);
 }
 
 TEST_F(ReportsTest, APairWithoutOwnValueIsBlankAndTotalsStandBehindDeepKeys) {
     run(u"delete from 評価結果 where 評価者番号=5 and 親要因番号=12"_s);
     run(u"update 課題 set 最大分岐数=100000"_s); // the keys of level 2 are greater than that of the totals
     report(group, {1});
-    const auto texts = printedRows(u"報告作成"_s);
-    EXPECT_TRUE(texts.contains(u"環境 騒音 0.4750 1.0000 0.7375 0.6892"_s));
-    EXPECT_TRUE(texts.indexOf(u"環境 景観 0.1882 1.0000 0.5941 0.4338"_s) == texts.size() - 5);
+    EXPECT_TRUE(printedRows(u"報告作成"_s)
+                    .contains(u" / 環境 騒音 0.4750 1.0000 0.7375 0.6892 / "
+                              "環境 景観 0.1882 1.0000 0.5941 0.4338 / 総合評価値"));
 }
 
 TEST_F(ReportsTest, TheAnalysisShowsGradeSpreadAndClasses) {
     report(analysis, {});
-    EXPECT_EQ(takeMessages(), done(analysis, u" 評価一覧終了"_s));
+    EXPECT_EQ(takeMessages(), notice(analysis, u" 評価一覧終了"_s));
     EXPECT_EQ(printedRows(u"分析出力_候補地の選定_"_s),
-              (QStringList{u"候補地の選定（1回）"_s,
-                           u"評価者 3名：評価者2、評価者5、評価者7"_s,
-                           u"分布（0 が最小、6 が最大）"_s,
-                           u"要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6"_s,
-                           u"候補地の選定"_s,
-                           u"費用 0.5000 1.0000 0.8333 0.2357 0.7937 1 0 0 0 0 0 2"_s,
-                           u"環境 0.3333 1.0000 0.7778 0.3143 0.6934 1 0 0 0 0 0 2"_s,
-                           u"費用"_s,
-                           u"建設費 0.2500 1.0000 0.7500 0.3536 0.6300 1 0 0 0 0 0 2"_s,
-                           u"維持費 0.5000 1.0000 0.6667 0.2357 0.6300 2 0 0 0 0 0 1"_s,
-                           u"環境"_s,
-                           u"維持費 0.1504 1.0000 0.5606 0.3475 0.4307 1 0 0 1 0 0 1"_s,
-                           u"騒音 0.4055 1.0000 0.6268 0.2654 0.5775 1 1 0 0 0 0 1"_s,
-                           u"景観 0.1644 1.0000 0.4509 0.3884 0.3139 2 0 0 0 0 0 1"_s,
-                           u"総合評価値（最終レベル）"_s,
-                           u"分布（0 が最小、6 が最大）"_s,
-                           u"要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6"_s,
-                           u"建設費 0.2500 1.0000 0.5833 0.3118 0.5000 1 0 1 0 0 0 1"_s,
-                           u"維持費 0.4004 2.0000 1.0258 0.6980 0.8154 1 1 0 0 0 0 1"_s,
-                           u"騒音 0.3333 0.4750 0.4046 0.0578 0.4004 1 0 0 0 1 0 1"_s,
-                           u"景観 0.0627 1.0000 0.4090 0.4199 0.2177 1 1 0 0 0 0 1"_s}));
-    const QDir folder(directory() + u"/file"_s);
-    const auto page = printedPages(folder.filePath(documents().value(0)))[0];
+              u"候補地の選定（1回） / 評価者 3名：評価者2、評価者5、評価者7 / 分布（0 が最小、6 が最大） / "
+              "要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6 / "
+              "候補地の選定 / 費用 0.5000 1.0000 0.8333 0.2357 0.7937 1 0 0 0 0 0 2 / "
+              "環境 0.3333 1.0000 0.7778 0.3143 0.6934 1 0 0 0 0 0 2 / "
+              "費用 / 建設費 0.2500 1.0000 0.7500 0.3536 0.6300 1 0 0 0 0 0 2 / "
+              "維持費 0.5000 1.0000 0.6667 0.2357 0.6300 2 0 0 0 0 0 1 / "
+              "環境 / 維持費 0.1504 1.0000 0.5606 0.3475 0.4307 1 0 0 1 0 0 1 / "
+              "騒音 0.4055 1.0000 0.6268 0.2654 0.5775 1 1 0 0 0 0 1 / "
+              "景観 0.1644 1.0000 0.4509 0.3884 0.3139 2 0 0 0 0 0 1 / "
+              "総合評価値（最終レベル） / 分布（0 が最小、6 が最大） / "
+              "要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6 / "
+              "建設費 0.2500 1.0000 0.5833 0.3118 0.5000 1 0 1 0 0 0 1 / "
+              "維持費 0.4004 2.0000 1.0258 0.6980 0.8154 1 1 0 0 0 0 1 / "
+              "騒音 0.3333 0.4750 0.4046 0.0578 0.4004 1 0 0 0 1 0 1 / "
+              "景観 0.0627 1.0000 0.4090 0.4199 0.2177 1 1 0 0 0 0 1"_s);
+    const auto page = printedPages(directory() + u"/file/"_s + documents().value(0))[0];
     EXPECT_EQ(page.row(6).value(0), u"変動度:E"_s); // 0.806
     EXPECT_NEAR(page.size.width(), 297, 0.5);
 }
@@ -126,29 +103,22 @@ TEST_F(ReportsTest, TheGradeComparesDeviationsWithThoseOfTheFamilySize) {
 }
 
 TEST_F(ReportsTest, CoefficientsAreStoredAndWrittenToTheByte) {
-    const QByteArray expected(
-        "\"\x97v\x88\xf6\x96\xbc\",\"\x8c\x9a\x90\xdd\x94\xef\",\"\x88\xdb\x8e\x9d\x94\xef\","
-        "\"\x91\x9b\x89\xb9\",\"\x8ci\x8a\xcf\"\r\n"
-        "\"\x8cW\x90\x94\",0.5000,0.8154,0.4004,0.2177\r\n");
-    const QStringList stored{u"1|21|0.5"_s, u"1|22|0.8154"_s, u"1|23|0.4004"_s, u"1|24|0.2177"_s};
-    run(u"insert into 総合係数 values(1,99,1)"_s);
-    run(u"insert into 総合係数 values(2,99,1)"_s);
+    run(u"insert into 総合係数 values(1,99,1),(2,99,1)"_s);
     for (int time = 0; time < 2; ++time) {
         report(final, {});
-        EXPECT_EQ(takeMessages(), done(final, u" 係数設定終了"_s));
-        EXPECT_EQ(rows(u"select * from 総合係数 where 課題番号=1"_s), stored);
-        EXPECT_EQ(file(u"候補地の選定.csv"_s), expected);
+        EXPECT_EQ(takeMessages(), notice(final, u" 係数設定終了"_s));
+        EXPECT_EQ(stored(u"select * from 総合係数 order by 要因番号"_s),
+                  u"1|21|0.5 1|22|0.8154 1|23|0.4004 1|24|0.2177 2|99|1"_s);
+        EXPECT_EQ(file(u"候補地の選定.csv"_s),
+                  "\"\x97v\x88\xf6\x96\xbc\",\"\x8c\x9a\x90\xdd\x94\xef\",\"\x88\xdb\x8e\x9d\x94\xef\","
+                  "\"\x91\x9b\x89\xb9\",\"\x8ci\x8a\xcf\"\r\n"
+                  "\"\x8cW\x90\x94\",0.5000,0.8154,0.4004,0.2177\r\n");
     }
-    EXPECT_EQ(rows(u"select * from 総合係数 where 課題番号=2"_s).size(), 1);
-
     // the next round's rows replace them; a factor counts the evaluators that have a row for it
     run(u"update 課題 set 比較回数=2"_s);
-    run(u"insert into 評価結果 values(1,1,21,2,2,1,2,0.2)"_s);
-    run(u"insert into 評価結果 values(1,1,21,5,2,1,2,0.8)"_s);
-    run(u"insert into 評価結果 values(1,1,23,5,2,1,2,0.12345)"_s);
+    run(u"insert into 評価結果 values(1,1,21,2,2,1,2,0.2),(1,1,21,5,2,1,2,0.8),(1,1,23,5,2,1,2,0.12345)"_s);
     report(final, {});
-    EXPECT_EQ(rows(u"select 要因番号,係数値 from 総合係数 where 課題番号=1"_s),
-              (QStringList{u"21|0.4"_s, u"23|0.1235"_s}));
+    EXPECT_EQ(stored(u"select * from 総合係数 where 課題番号=1"_s), u"1|21|0.4 1|23|0.1235"_s);
     EXPECT_TRUE(file(u"候補地の選定.csv"_s).endsWith(",0.4000,0.1235\r\n"));
 }
 
@@ -159,31 +129,24 @@ TEST_F(ReportsTest, WithoutResultsOnlyTheEarlierCoefficientsAreGone) {
     run(u"update 課題 set 比較回数=2"_s);
     for (const auto& screen : {final, analysis}) {
         report(screen, {});
-        EXPECT_EQ(takeMessages(), warning(screen, missing));
+        EXPECT_EQ(takeMessages(), warning(screen, u"選択された課題、評価回数の評価結果が存在しません。"_s));
     }
     report(group, {1});
-    EXPECT_EQ(
-        takeMessages(),
-        warning(
-            group,
-            u"設定された条件、課題：1:候補地の選定 評価回数:2 評価者:5:評価者5は評価結果に存在しません"_s));
-    EXPECT_EQ(rows(u"select * from 総合係数"_s), QStringList());
+    EXPECT_EQ(failure(),
+              u"設定された条件、課題：1:候補地の選定 評価回数:2 評価者:5:評価者5は評価結果に存在しません"_s);
+    EXPECT_EQ(stored(u"select * from 総合係数"_s), QString());
     EXPECT_EQ(file(u"候補地の選定.csv"_s), before);
     EXPECT_EQ(documents(), QStringList());
 }
 
-TEST_F(ReportsTest, AWeightOfZeroStopsWhatNeedsItsLogarithm) {
+TEST_F(ReportsTest, WhatStopsAReportIsToldAndLeavesNoDocument) {
     run(u"update 評価結果 set 総合評価値=0 where レベル=2 and 子要因番号=23 and 評価者番号=5"_s);
     for (const auto& screen : {group, analysis, final}) {
         report(screen, {0});
         EXPECT_EQ(failure(), u"0 以下の評価値があるため、幾何平均を計算できません。"_s)
             << screen.toStdString();
     }
-    EXPECT_EQ(rows(u"select 要因番号 from 総合係数"_s), (QStringList{u"21"_s, u"22"_s}));
-    EXPECT_EQ(documents(), QStringList());
-}
-
-TEST_F(ReportsTest, WithoutTheLetterNothingIsPrinted) {
+    EXPECT_EQ(stored(u"select 要因番号 from 総合係数"_s), u"21 22"_s);
     QFile::remove(directory() + u"/file/message.txt"_s);
     report(group, {0});
     EXPECT_TRUE(failure().startsWith(u"ファイルが見つかりません。"));
@@ -191,17 +154,12 @@ TEST_F(ReportsTest, WithoutTheLetterNothingIsPrinted) {
 }
 
 TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
-    struct Case {
-        QString name; // of the problem
-        QString says; // in the message
-    };
-    for (const auto& [name, says] :
-         {Case{u"A/B"_s, u"「/」"_s}, Case{u"A\\B"_s, u"「/」"_s}, Case{u"../A"_s, u"「/」"_s},
-          Case{QString(300, u'A'), u"長すぎる"_s}}) {
+    for (const auto& [problem, says] :
+         {std::pair{u"A/B"_s, u"「/」"_s}, {u"../A\\B"_s, u"「/」"_s}, {QString(300, u'A'), u"長すぎる"_s}}) {
         run(u"delete from 総合係数"_s);
-        run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(name));
+        run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(problem));
         report(final, {});
-        EXPECT_TRUE(failure().contains(says)) << name.toStdString();
+        EXPECT_TRUE(failure().contains(says)) << problem.toStdString();
         EXPECT_EQ(rows(u"select * from 総合係数"_s).size(), 4);
     }
     run(u"update 要因 set 要因名='候補.' where 要因番号=1"_s);
@@ -213,10 +171,9 @@ TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
     run(u"update 要因 set 要因名='費用😀' where 要因番号=21"_s);
     report(final, {});
     EXPECT_TRUE(failure().contains(u"😀"));
-    run(u"update 要因 set 要因名='費用' where 要因番号=21"_s);
-
     EXPECT_EQ(file(u"候補..csv"_s), before);
 
+    run(u"update 要因 set 要因名='費用' where 要因番号=21"_s);
     QDir(directory() + u"/file"_s).removeRecursively();
     for (const auto& screen : {final, analysis}) {
         report(screen, {});

@@ -46,13 +46,13 @@ TEST(StatisticsTest, TheGeometricMeanKeepsItsDigits) {
 }
 
 TEST(StatisticsTest, AGradeBeginsAtItsBound) {
-    struct Case {
-        double variation;
-        QString grade;
-    };
-    for (const auto& [variation, grade] :
-         {Case{0, u"A"_s}, Case{std::nextafter(0.1, 0), u"A"_s}, Case{0.1, u"B"_s}, Case{0.2, u"C"_s},
-          Case{0.3, u"D"_s}, Case{0.35, u"D"_s}, Case{0.4, u"E"_s}, Case{5, u"E"_s}, Case{1e6, u"E"_s}})
+    for (const auto& [variation, grade] : {std::pair{0.0, u"A"_s},
+                                           {std::nextafter(0.1, 0), u"A"_s},
+                                           {0.1, u"B"_s},
+                                           {0.2, u"C"_s},
+                                           {0.3, u"D"_s},
+                                           {0.4, u"E"_s},
+                                           {1e6, u"E"_s}})
         EXPECT_EQ(gradeLetter(variation), grade) << variation;
 }
 

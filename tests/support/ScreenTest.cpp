@@ -69,21 +69,60 @@ QStringList ScreenTest::rows(const QString& sql) {
     return texts;
 }
 
-bool ScreenTest::hasFocus(const QString& screen, const QString& name) {
-    return Common::Forms.find(screen)->focusWidget() == control(screen, name);
+void ScreenTest::structure(const QString& tree, int problem) {
+    for (const auto& family : tree.split(u' ')) {
+        const auto children = family.section(u':', 1).split(u',');
+        for (int order = 1; const auto& child : children) {
+            const QString number = child.section(u'@', 0, 0);
+            const bool filled = tree.contains(u' ' + number + u':');
+            run(u"insert into 要因構成 values(%1,%2,%3,%4,'%5')"_s.arg(problem)
+                    .arg(family.section(u':', 0, 0), number)
+                    .arg(child.contains(u'@') ? child.section(u'@', 1).toInt() : order)
+                    .arg(filled ? 1 : 0));
+            ++order;
+        }
+    }
 }
 
-void ScreenTest::click(const QString& screen, const QString& button) {
+void ScreenTest::evaluators(const QList<int>& numbers) {
+    for (const int number : numbers) {
+        run(u"insert into 評価者 values(%1,'評価者%1','')"_s.arg(number));
+        run(u"insert into 課題評価者 values(1,%1,'')"_s.arg(number));
+    }
+}
+
+void ScreenTest::compare(int goal, const QList<int>& children, const QString& scales, int evaluator,
+                         int round) {
+    const auto texts = scales.split(u' ');
+    for (int source = 0, pair = 0; source < children.size(); ++source)
+        for (int target = source + 1; target < children.size(); ++target, ++pair) {
+            const QString& text = texts[pair];
+            const float value = text.startsWith(u"1/") ? 1.0F / text.mid(2).toFloat() : text.toFloat();
+            run(u"insert into 一対比較 values(1,%1,%2,%3,%4,%5,'2026/04/01',%6,%7)"_s.arg(goal)
+                    .arg(children[source])
+                    .arg(children[target])
+                    .arg(evaluator)
+                    .arg(round)
+                    .arg(pair + 1)
+                    .arg(static_cast<double>(value), 0, 'g', 17));
+        }
+}
+
+bool ScreenTest::hasFocus(QStringView screen, QStringView name) {
+    return Common::Forms.find(screen.toString())->focusWidget() == control(screen, name);
+}
+
+void ScreenTest::click(QStringView screen, QStringView button) {
     QTest::mouseClick(control<QAbstractButton>(screen, button), Qt::LeftButton);
 }
 
-void ScreenTest::type(const QString& screen, const QString& field, const QString& text) {
+void ScreenTest::type(QStringView screen, QStringView field, QStringView text) {
     auto* edit = control<QLineEdit>(screen, field);
     edit->selectAll();
-    edit->insert(text); // key events carry one character each, and none outside the basic plane
+    edit->insert(text.toString()); // key events carry one character each, and none outside the basic plane
 }
 
-QString ScreenTest::text(const QString& screen, const QString& field) {
+QString ScreenTest::text(QStringView screen, QStringView field) {
     QWidget* found = control(screen, field);
     if (auto* edit = qobject_cast<QLineEdit*>(found)) return edit->text();
     if (auto* combo = qobject_cast<QComboBox*>(found)) return combo->currentText();
@@ -91,13 +130,13 @@ QString ScreenTest::text(const QString& screen, const QString& field) {
     return qobject_cast<QLabel*>(found)->text();
 }
 
-void ScreenTest::choose(const QString& screen, const QString& combo, int index) {
+void ScreenTest::choose(QStringView screen, QStringView combo, int index) {
     auto* list = control<QComboBox>(screen, combo);
     list->setCurrentIndex(index);
     emit list->activated(index);
 }
 
-void ScreenTest::select(const QString& screen, const QString& list, const QList<int>& rows) {
+void ScreenTest::select(QStringView screen, QStringView list, const QList<int>& rows) {
     auto* box = control<QListWidget>(screen, list);
     box->clearSelection();
     for (const int row : rows) box->item(row)->setSelected(true);

@@ -36,26 +36,35 @@ class ScreenTest : public ::testing::Test {
     void run(const QString& sql);
     // Fields joined by "|", null as "NULL", one text for each record.
     QStringList rows(const QString& sql);
+    // The same as one text, with blanks between the records.
+    QString stored(const QString& sql) { return rows(sql).join(u' '); }
+
+    // The structure of a problem as "parent:child,child parent:…". Children stand in their display order, or
+    // behind "@" with one of their own; those that have children themselves count as filled.
+    void structure(const QString& tree, int problem = 1);
+    // Evaluators of problem 1, named 評価者1 and so on.
+    void evaluators(const QList<int>& numbers);
+    // The upper triangle of a goal factor, row by row, as scale texts such as "3 1/5 1".
+    void compare(int goal, const QList<int>& children, const QString& scales, int evaluator, int round = 1);
 
     // A control of a loaded screen by its name; fails the test when there is none.
     template <typename Control = QWidget>
-    Control* control(const QString& screen, const QString& name) {
-        auto* form = Common::Forms.find(screen);
-        auto* found = form == nullptr ? nullptr : form->findChild<Control*>(name);
+    Control* control(QStringView screen, QStringView name) {
+        auto* form = Common::Forms.find(screen.toString());
+        auto* found = form == nullptr ? nullptr : form->findChild<Control*>(name.toString());
         if (found == nullptr)
-            throw std::runtime_error(
-                (screen + QChar(u'.') + name + QStringLiteral(" is missing")).toStdString());
+            throw std::runtime_error(QStringLiteral("%1.%2 is missing").arg(screen, name).toStdString());
         return found;
     }
-    bool isOpen(const QString& screen) { return Common::Forms.find(screen) != nullptr; }
-    bool hasFocus(const QString& screen, const QString& name);
-    void click(const QString& screen, const QString& button);
-    void type(const QString& screen, const QString& field, const QString& text);
-    QString text(const QString& screen, const QString& field);
+    bool isOpen(QStringView screen) { return Common::Forms.find(screen.toString()) != nullptr; }
+    bool hasFocus(QStringView screen, QStringView name);
+    void click(QStringView screen, QStringView button);
+    void type(QStringView screen, QStringView field, QStringView text);
+    QString text(QStringView screen, QStringView field);
     // Chooses an entry of a list box or combo box as a user does.
-    void choose(const QString& screen, const QString& combo, int index);
+    void choose(QStringView screen, QStringView combo, int index);
     // Selects rows of a list that takes several.
-    void select(const QString& screen, const QString& list, const QList<int>& rows);
+    void select(QStringView screen, QStringView list, const QList<int>& rows);
 
     // Message boxes so far, taken off the list; each question is answered with the next of `answers`, then
     // with Yes.
@@ -70,4 +79,8 @@ class ScreenTest : public ::testing::Test {
 // Warnings of a screen: the exclamation icon under its title.
 inline std::vector<ShownMessage> warning(const QString& title, const QString& text) {
     return {{title, text, MessageStyle::Exclamation}};
+}
+// What a screen tells without an icon.
+inline std::vector<ShownMessage> notice(const QString& title, const QString& text) {
+    return {{title, text, MessageStyle::Plain}};
 }

@@ -8,7 +8,7 @@
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
 #include "support/PrintedPages.h"
-#include "support/RunProgram.h"
+#include "support/Helpers.h"
 
 using namespace Qt::StringLiterals;
 

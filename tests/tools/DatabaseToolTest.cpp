@@ -10,7 +10,7 @@
 #include "evaluation/Synthesis.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
-#include "support/RunProgram.h"
+#include "support/Helpers.h"
 
 using namespace Qt::StringLiterals;
 
