@@ -1,38 +1,22 @@
 #include "core/Schema.h"
 
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
-
-#include "core/Database.h"
-#include "platform/Connection.h"
-#include "platform/DatabaseFile.h"
-#include "platform/Recordset.h"
+#include "support/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
+using Common::DbConn;
 
 namespace {
 
-class SchemaTest : public testing::Test {
-  protected:
-    SchemaTest() {
-        createEncryptedDatabase(folder_.filePath(u"a.mdb"_s), databasePassword);
-        openDatabaseFile(connection_, folder_.filePath(u"a.mdb"_s));
-        createSchema(connection_);
-    }
-
-    QTemporaryDir folder_;
-    Connection connection_;
-};
+class SchemaTest : public ScreenTest {};
 
 TEST_F(SchemaTest, NamesTheTablesAndColumnsThatAreMissing) {
     EXPECT_EQ(schemaTables().size(), 11U);
-    EXPECT_TRUE(missingFromSchema(connection_).isEmpty());
-    connection_.execute(u"DROP TABLE 総合係数"_s);
-    connection_.execute(u"DROP TABLE workfac"_s);
-    connection_.execute(u"CREATE TABLE workfac (factor INTEGER, work2 NUMERIC)"_s);
-    EXPECT_EQ(missingFromSchema(connection_), (QStringList{u"表「総合係数」がありません。"_s,
-                                                           u"表「workfac」に列「work1」がありません。"_s}));
+    EXPECT_TRUE(missingFromSchema(*DbConn).isEmpty());
+    run(u"DROP TABLE 総合係数"_s);
+    run(u"DROP TABLE workfac"_s);
+    run(u"CREATE TABLE workfac (factor INTEGER, work2 NUMERIC)"_s);
+    EXPECT_EQ(missingFromSchema(*DbConn), (QStringList{u"表「総合係数」がありません。"_s,
+                                                       u"表「workfac」に列「work1」がありません。"_s}));
 }
 
 // Each lookup that the program makes, with the conditions it makes it with.
@@ -66,13 +50,10 @@ TEST_F(SchemaTest, StatementsFindTheirRowsByAnIndex) {
         u"delete from 総合係数 where 課題番号=1"_s,
     };
     for (const auto& statement : statements)
-        for (Recordset plan(u"EXPLAIN QUERY PLAN "_s + statement, connection_); !plan.eof();
-             plan.moveNext()) {
-            const QString step = plan[u"detail"_s].toText();
-            EXPECT_FALSE(step.startsWith(u"SCAN")) << statement.toStdString() << "\n" << step.toStdString();
-            EXPECT_FALSE(step.contains(u"AUTOMATIC")) << statement.toStdString() << "\n"
-                                                      << step.toStdString();
-        }
+        for (const auto& step : rows(u"EXPLAIN QUERY PLAN "_s + statement))
+            EXPECT_FALSE(step.contains(u"|SCAN") || step.contains(u"AUTOMATIC"))
+                << statement.toStdString() << "\n"
+                << step.toStdString();
 }
 
 } // namespace
