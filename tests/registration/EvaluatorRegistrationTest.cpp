@@ -1,7 +1,5 @@
 #include "registration/RegistrationTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class EvaluatorRegistrationTest : public RegistrationTest {
@@ -16,9 +14,7 @@ class EvaluatorRegistrationTest : public RegistrationTest {
 };
 
 TEST_F(EvaluatorRegistrationTest, ProposesOnePastTheHighestNumber) {
-    const std::vector<std::pair<QString, QStringView>> cases{
-        {u"7"_s, u"008"}, {u"999"_s, u"000"}, {u"9500"_s, u"050"}};
-    for (const auto& [highest, proposed] : cases) {
+    for (const auto& [highest, proposed] : {std::pair{7, u"008"_s}, {999, u"000"_s}, {9500, u"050"_s}}) {
         openWith(u"(%1,'a','b')"_s.arg(highest));
         EXPECT_EQ(texts({u"Text1"}), proposed);
         EXPECT_FALSE(isOpen(u"登録メニュー"));
@@ -28,19 +24,17 @@ TEST_F(EvaluatorRegistrationTest, ProposesOnePastTheHighestNumber) {
 }
 
 TEST_F(EvaluatorRegistrationTest, StaysInTheMenuWhenTheTableCannotBeRead) {
-    const auto expectFailure = [this](const QString& title) {
+    for (const auto& [evaluators, title] :
+         {std::pair{QString(), u"94評価者テーブルエラー"_s}, {u"(1)"_s, u"評価者テーブルエラー"_s}}) {
+        openWith(evaluators);
         const auto messages = takeMessages();
         ASSERT_EQ(messages.size(), 1U);
         EXPECT_EQ(messages[0].title, title);
         EXPECT_TRUE(isOpen(u"登録メニュー"));
         EXPECT_FALSE(isOpen(screen) || isOpen(u"評価者表示"));
-    };
-    openWith({});
-    expectFailure(u"94評価者テーブルエラー"_s);
-    run(u"DROP TABLE 評価者"_s);
-    run(u"CREATE TABLE 評価者 (評価者番号 INTEGER)"_s); // enough for the proposal, not for the list
-    openWith(u"(1)"_s);
-    expectFailure(u"評価者テーブルエラー"_s);
+        run(u"DROP TABLE 評価者"_s);
+        run(u"CREATE TABLE 評価者 (評価者番号 INTEGER)"_s); // enough for the proposal, not for the list
+    }
 }
 
 TEST_F(EvaluatorRegistrationTest, RefusesInTheOrderOfTheChecks) {
@@ -56,7 +50,7 @@ TEST_F(EvaluatorRegistrationTest, RefusesInTheOrderOfTheChecks) {
 
 TEST_F(EvaluatorRegistrationTest, KeepsEveryTextAsTyped) {
     openWith(u"(5,'名',NULL)"_s);
-    for (const auto& hurting : hurtingTexts()) {
+    for (const auto& hurting : hurtingTexts) {
         run(u"DELETE FROM 評価者 WHERE 評価者番号 > 5"_s);
         type({{u"Text1", u"40000"}, {u"Text3", hurting}, {u"Text4", u""}});
         click(u"Command1");
@@ -66,8 +60,8 @@ TEST_F(EvaluatorRegistrationTest, KeepsEveryTextAsTyped) {
         Common::Forms.show(u"評価者表示"_s);
         click(u"Command2");
         EXPECT_FALSE(isOpen(u"評価者表示"));
-        EXPECT_EQ(rows(u"SELECT * FROM 評価者 ORDER BY 評価者番号"_s),
-                  (QStringList{u"5|名|NULL"_s, u"40000|%1|%1"_s.replace(u"%1"_s, hurting)}));
+        EXPECT_EQ(stored(u"SELECT * FROM 評価者 ORDER BY 評価者番号"_s),
+                  u"5|名|NULL 40000|%1|%1"_s.replace(u"%1"_s, hurting));
         EXPECT_EQ(texts({u"Text1", u"Text3", u"Text4"}), u"||"_s);
         type({{u"Text1", u"４００００"}});
         click(u"Command3");

@@ -2,8 +2,6 @@
 
 #include "registration/RegistrationTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class ProblemConfigurationTest : public RegistrationTest {
@@ -36,8 +34,7 @@ TEST_F(ProblemConfigurationTest, RefusesInTheOrderOfTheChecks) {
     expectRefusals(u"課題登録", u"課題",
                    {{{{u"Text1", u"x"}}, u"Command2", u"課題区分が不正です。", u"Text2"},
                     {{{u"Text2", u"1"}}, u"Command2", u"構成レベルが不正です。", u"Text3"},
-                    {{{u"Text3", u"3"}}, u"Command2", u"最大分岐数が不正です。", u"Text4"},
-                    {{{u"Text4", u"7"}}, u"Command2", u"比較回数が不正です。", u"Text5"},
+                    {{{u"Text3", u"3"}, {u"Text4", u"7"}}, u"Command2", u"比較回数が不正です。", u"Text5"},
                     {{{u"Text5", u"1"}}, u"Command2", u"課題番号 'x' は存在しません。", u"Text1"},
                     {{}, u"Command3", u"課題番号 'x' は存在しません。", u"Text1"}});
 }
@@ -46,18 +43,18 @@ TEST_F(ProblemConfigurationTest, RegistersChangesAndShows) {
     type({{u"Text1", u"２"}, {u"Text2", u"-1"}, {u"Text5", u"100000"}});
     click(u"Command1");
     EXPECT_EQ(fields(), u"２||-1|||100000"_s);
-    EXPECT_TRUE(hasFocus(screen, u"Text1"_s));
+    EXPECT_TRUE(hasFocus(screen, u"Text1"));
     click(u"Command3");
     EXPECT_EQ(fields(), u"２|課題二|-1|0|0|100000"_s); // empty levels and branches are 0
     type({{u"Text1", u"5"}, {u"Text3", u"4"}});
     click(u"Command2"); // although the factor is no problem any more
-    EXPECT_EQ(rows(u"SELECT * FROM 課題 ORDER BY 課題番号"_s),
-              (QStringList{u"1|1|3|7|2"_s, u"2|-1|0|0|100000"_s, u"5|-1|4|0|100000"_s}));
+    EXPECT_EQ(stored(u"SELECT * FROM 課題 ORDER BY 課題番号"_s),
+              u"1|1|3|7|2 2|-1|0|0|100000 5|-1|4|0|100000"_s);
     EXPECT_EQ(fields(), u"|課題二||||"_s);
 }
 
 TEST_F(ProblemConfigurationTest, DoubleClickTakesWhatWasPicked) {
-    const auto doubleClick = [this] { QTest::mouseDClick(control(screen, u"Text1"_s), Qt::LeftButton); };
+    const auto doubleClick = [this] { QTest::mouseDClick(control(screen, u"Text1"), Qt::LeftButton); };
     EXPECT_TRUE(isOpen(u"課題候補表示"));
     doubleClick(); // the list of problems picks none
     EXPECT_EQ(fields(), u"|||||"_s);

@@ -6,6 +6,8 @@
 
 #include "support/ScreenTest.h"
 
+using namespace Qt::StringLiterals;
+
 class RegistrationTest : public ScreenTest {
   protected:
     using Typed = std::vector<std::pair<QStringView, QStringView>>; // field, text
@@ -18,47 +20,45 @@ class RegistrationTest : public ScreenTest {
         QStringView focus;
     };
 
+    using ScreenTest::click, ScreenTest::type;
     void open(QStringView name) { Common::Forms.show(screen = name.toString()); }
     void type(const Typed& typed) {
-        for (const auto& [field, text] : typed) ScreenTest::type(screen, field.toString(), text.toString());
+        for (const auto& [field, text] : typed) type(screen, field, text);
     }
-    void click(QStringView button) { ScreenTest::click(screen, button.toString()); }
-    bool isOpen(QStringView name) { return ScreenTest::isOpen(name.toString()); }
+    void click(QStringView button) { click(screen, button); }
     // Texts of the controls, joined by "|".
     QString texts(std::initializer_list<QStringView> controls) {
         QStringList found;
-        for (const auto control : controls) found << text(screen, control.toString());
+        for (const auto control : controls) found << text(screen, control);
         return found.join(u'|');
     }
-    QStringList entries(QStringView list) {
+    // The rows of a list, each on a line of its own.
+    QString entries(QStringView list) {
         QStringList found;
-        const auto* box = control<QListWidget>(screen, list.toString());
+        const auto* box = control<QListWidget>(screen, list);
         for (int row = 0; row < box->count(); ++row) found << box->item(row)->text();
-        return found;
+        return found.join(u'\n');
     }
 
     // Each refusal starts from the fields that the one before left, and leaves the table as it is.
     void expectRefusals(QStringView title, QStringView table, const std::vector<Refusal>& refusals) {
-        const QString everything = QStringLiteral("SELECT * FROM %1 ").arg(table);
-        const QStringList before = rows(everything);
+        const QString everything = u"SELECT * FROM %1 "_s.arg(table);
+        const QString before = stored(everything);
         for (const auto& [typed, button, text, focus] : refusals) {
             type(typed);
             click(button);
             EXPECT_EQ(takeMessages(), warning(title.toString(), text.toString()));
-            EXPECT_TRUE(hasFocus(screen, focus.toString())) << text.toString().toStdString();
+            EXPECT_TRUE(hasFocus(screen, focus)) << text.toString().toStdString();
         }
-        EXPECT_EQ(rows(everything), before);
+        EXPECT_EQ(stored(everything), before);
     }
 
-    static QStringList hurtingTexts() {
-        return {QStringLiteral("O'Hara"),
-                QStringLiteral("''); DELETE FROM 要因; -- "),
-                QStringLiteral("\"a\" 100%_;\\ /*"),
-                QStringLiteral("%1 %2 1e5AND"),
-                QStringLiteral("ﾊﾝｶｸ ｶﾅﾞ"),
-                QStringLiteral("𠮷野家の𠮷"),
-                QString(400, QChar(0x9577))};
-    }
-
+    const QStringList hurtingTexts{u"O'Hara"_s,
+                                   u"''); DELETE FROM 要因; -- "_s,
+                                   u"\"a\" 100%_;\\ /*"_s,
+                                   u"%1 %2 1e5AND"_s,
+                                   u"ﾊﾝｶｸ ｶﾅﾞ"_s,
+                                   u"𠮷野家の𠮷"_s,
+                                   QString(400, u'長')};
     QString screen;
 };

@@ -84,3 +84,6 @@ inline std::vector<ShownMessage> warning(const QString& title, const QString& te
 inline std::vector<ShownMessage> notice(const QString& title, const QString& text) {
     return {{title, text, MessageStyle::Plain}};
 }
+inline std::vector<ShownMessage> question(const QString& title, const QString& text) {
+    return {{title, text, MessageStyle::Question}};
+}
