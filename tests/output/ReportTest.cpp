@@ -1,146 +1,246 @@
+// Report pages and message letters as they stand in the printed document.
 #include "output/ReportPage.h"
 
-#include "output/ReportTest.h"
-#include "platform/RuntimeError.h"
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "output/PrintService.h"
+#include "platform/TextFile.h"
+#include "support/Helpers.h"
+#include "support/PrintedPages.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QList<ReportColumn> columns{{u"要因名"_s, 5, 20},
-                                  {u"評価値"_s, 30, 20, Alignment::Point, u"あなた"_s},
-                                  {u"順位"_s, 50, 12, Alignment::Right, u"あなた"_s}};
+constexpr double half = 1.764; // mm, the width of a half-width column
 
-class ReportPageTest : public ReportTest {
+// A print service whose documents are PDF files in a folder of the test's own.
+class ReportTest : public ::testing::Test {
   protected:
-    ReportHeading heading{u"報告作成"_s, {u"鈴木一郎様"_s, u"新製品（3回）"_s}, columns};
+    ReportTest() {
+        print.load(folder.path());
+        print.ToggleOutputTarget();
+        print.ChooseReportPrinter();
+        QDir(folder.path()).mkdir(u"file"_s);
+        printer.setOutputFolder(print.FileDir);
+        printer.onDocument([this](const QString& path) { document = path; });
+    }
+
+    QString messageFile(const QByteArray& content) {
+        QString path = print.FileDir + u"\\message.txt"_s;
+        writeWholeFile(path, content);
+        return path;
+    }
+    QList<PrintedPage> printMessage(const QByteArray& content, bool keepPage = true) {
+        printer.beginDocument(name);
+        print.SetUpPage(8);
+        print.PrintMessageFile(messageFile(content), 6, keepPage);
+        printer.EndDoc();
+        return printedPages(document);
+    }
+    // The pages of a report that `fill` writes.
+    QList<PrintedPage> printReport(const std::function<void(ReportPage&)>& fill) {
+        ReportPage page(print, heading, name);
+        fill(page);
+        page.finish();
+        return printedPages(document);
+    }
+    static void addRows(ReportPage& page, const QString& prefix, int count) {
+        for (int i = 0; i < count; ++i) page.row({prefix + QString::number(i), u"0.5"_s, u"1"_s});
+    }
+
+    QTemporaryDir folder;
+    ReportPrinter printer;
+    PrintService print{printer};
+    QString document;
     DocumentName name{u"報告作成"_s, u"新製品"_s, u"鈴木"_s};
+    ReportHeading heading{u"報告作成"_s,
+                          {u"鈴木一郎様"_s, u"新製品（3回）"_s},
+                          {{u"要因名"_s, 5, 20},
+                           {u"評価値"_s, 30, 20, Alignment::Point, u"あなた"_s},
+                           {u"順位"_s, 50, 12, Alignment::Right, u"あなた"_s}}};
 };
 
-TEST_F(ReportPageTest, TheHeadingStandsOnEveryPageAndRowsFillIt) {
-    ReportPage page(print, heading, name);
-    for (int i = 0; i < 70; ++i) page.row({u"r%1"_s.arg(i), u"0.5"_s, u"1"_s});
-    page.finish();
+TEST_F(ReportTest, WidthsFollowTheCodePage) {
+    for (const auto& [text, limit, fitting] : {std::tuple{u"評価"_s, 3, 1},
+                                               {u"評価"_s, 4, 2},
+                                               {u"abc"_s, 0, 0},
+                                               {u"ｱｲｳ"_s, 2, 2},
+                                               {u"\u00ffa"_s, 1, 0},
+                                               {u"𠮷𠮷a"_s, 4, 2},
+                                               {u"𠮷𠮷a"_s, 5, 3},
+                                               {u"①髙"_s, 3, 1}})
+        EXPECT_EQ(PrintService::FitChars(text, static_cast<qint16>(limit)), fitting) << text.toStdString();
+    EXPECT_EQ(PrintService::TextColumns(u"a評ｱ𠮷"_s), 6);
+}
 
-    const auto printed = pages();
-    ASSERT_EQ(printed.size(), 3);
+TEST_F(ReportTest, TheTargetChoosesThePrinterAndUnknownNamesLeaveIt) {
+    EXPECT_EQ(printer.DeviceName(), u"いきなりPDF 2"_s);
+    print.ToggleOutputTarget();
+    EXPECT_EQ(print.OutputTarget, u"印刷"_s);
+    print.ChooseReportPrinter(); // the office printer is not installed here
+    EXPECT_EQ(printer.DeviceName(), u"いきなりPDF 2"_s);
+}
+
+TEST_F(ReportTest, ThirteenColumnsAreLandscapeOnEveryPage) {
+    for (const auto& [columns, lines, width] : {std::tuple{13, 27, 297}, {12, 40, 210}}) {
+        print.SetUpPage(static_cast<qint16>(columns));
+        EXPECT_EQ(print.MaxLines, lines);
+        for (int page = 0; page < 2; ++page) {
+            printer.Print(u"評価"_s);
+            print.EndPage();
+        }
+        printer.EndDoc();
+        for (const auto& page : printedPages(document)) EXPECT_NEAR(page.size.width(), width, 0.3);
+    }
+}
+
+TEST_F(ReportTest, ParagraphsWrapAtTheirWidthAndBlankLinesTakeNoRow) {
+    const auto page =
+        printMessage("A\r\n\r\n" + QByteArray(200, 'x') + "\r\n" + QString(50, u'評').toUtf8())[0];
+    EXPECT_NEAR(page.word(u"A"_s).box.x(), 6 * half, 0.3);
+    QStringList rows;
+    for (int line = 2; line < 9; ++line) rows += page.row(6 * line);
+    EXPECT_EQ(rows, (QStringList{u"A"_s, QString(94, u'x'), QString(94, u'x'), QString(12, u'x'),
+                                 QString(47, u'評'), u"評評評"_s}));
+    EXPECT_EQ(print.LineNo, 8);
+    EXPECT_EQ(print.PageNo, 0);
+}
+
+TEST_F(ReportTest, MarkersStandForTheSlots) {
+    print.MsgSlots[0] = u"2024/05/01"_s;
+    print.MsgSlots[1] = u"鈴木様"_s;
+    print.MsgSlots[2] = u"新~2~案"_s; // a name may look like a marker
+    print.MsgSlots[3] = u"2"_s;
+    const QByteArray inCodePage = "\x95\x5d\x89\xbf\r\n"; // 評価 in windows-31j
+    const auto page = printMessage(inCodePage + "~2~ ~1~\r\n~0~:~03~\r\n~x~~20~\r\n").at(0);
+    EXPECT_EQ(page.row(12), QStringList{u"評価"_s});
+    EXPECT_EQ(page.row(18), (QStringList{u"新~2~案"_s, u"鈴木様"_s}));
+    EXPECT_EQ(page.row(24), QStringList{u"2024/05/01:2"_s});
+    EXPECT_EQ(page.row(30), QStringList{u"2024/05/01"_s});
+}
+
+TEST_F(ReportTest, ALongMessageGoesOnAndACoveringLetterEndsItsPage) {
+    QByteArray content;
+    for (int i = 1; i <= 40; ++i) content += "line" + QByteArray::number(i) + "\r\n";
+    const auto pages = printMessage(content, false);
+    ASSERT_EQ(pages.size(), 2);
+    EXPECT_EQ(pages[0].row(6 * 39), QStringList{u"line38"_s});
+    EXPECT_EQ(pages[1].row(12), QStringList{u"line39"_s});
+    EXPECT_EQ(print.LineNo, 0);
+    EXPECT_EQ(print.PageNo, 2);
+}
+
+TEST_F(ReportTest, FaultsOfTheFileNameTheirLineAndLeaveNothing) {
+    for (const auto& [content, error] :
+         {std::pair{"a\r\n~21~", 9}, {"a\r\n~99999999999~", 9}, {"a\r\nb~1", 5}, {"a\r\n~1~~", 5}}) {
+        const auto raised = raisedBy([&] {
+            printReport([&](ReportPage& page) {
+                page.row({u"r"_s});
+                page.coveringLetter(messageFile(content));
+            });
+        });
+        EXPECT_EQ(raised.number, error) << content;
+        EXPECT_TRUE(raised.description.contains(u"message.txt (2 行目)"_s));
+    }
+    const auto pages = printReport([](ReportPage& page) { page.row({u"again"_s}); });
+    EXPECT_EQ(pages.size(), 1);
+    EXPECT_EQ(pages[0].word(u"r"_s).text, QString());
+    EXPECT_EQ(QDir(folder.filePath(u"file"_s)).entryList({u"*.pdf"_s}).size(), 1);
+}
+
+TEST_F(ReportTest, TheHeadingStandsOnEveryPageAndRowsFillIt) {
+    const auto pages = printReport([](ReportPage& page) { addRows(page, u"r"_s, 70); });
+    ASSERT_EQ(pages.size(), 3);
     int next = 0;
-    for (int i = 0; i < printed.size(); ++i) {
-        const auto top = printed[i].row(6);
+    for (int i = 0; i < pages.size(); ++i) {
+        const auto top = pages[i].row(6);
         EXPECT_EQ(top.mid(0, 2), (QStringList{u"鈴木一郎様"_s, u"報告作成"_s}));
         EXPECT_EQ(top.mid(3).join(u' '), u"− %1 −"_s.arg(i + 1));
-        EXPECT_EQ(printed[i].row(12), QStringList{u"新製品（3回）"_s});
-        EXPECT_EQ(printed[i].row(24), QStringList{u"あなた"_s});
-        EXPECT_EQ(printed[i].row(30), (QStringList{u"要因名"_s, u"評価値"_s, u"順位"_s}));
+        EXPECT_EQ(pages[i].row(12), QStringList{u"新製品（3回）"_s});
+        EXPECT_EQ(pages[i].row(24), QStringList{u"あなた"_s});
+        EXPECT_EQ(pages[i].row(30), (QStringList{u"要因名"_s, u"評価値"_s, u"順位"_s}));
         for (int row = 6; row < 40 && next < 70; ++row)
-            EXPECT_EQ(printed[i].row(6 * row).value(0), u"r%1"_s.arg(next++)) << i << " " << row;
+            EXPECT_EQ(pages[i].row(6 * row).value(0), u"r%1"_s.arg(next++)) << i << " " << row;
     }
     EXPECT_EQ(next, 70);
 }
 
-TEST_F(ReportPageTest, CellsKeepTheirColumn) {
-    ReportPage page(print, heading, name);
-    page.row({u"長い名前の要因は切る"_s, u"0.25"_s, u"10"_s});
-    page.row({u"小"_s, u"1"_s, u"9"_s}, 4);
-    page.row({u"大"_s, u"12.1234"_s, u"123456789012"_s});
-    page.finish();
-
-    const auto printed = pages().at(0);
-    const double half = 1.764;
+TEST_F(ReportTest, CellsKeepTheirColumn) {
+    const auto page = printReport([](ReportPage& page) {
+        page.row({u"長い名前の要因は切る"_s, u"0.25"_s, u"10"_s});
+        page.row({u"小"_s, u"1"_s, u"9"_s}, 4);
+        page.row({u"大"_s, u"12.1234"_s, u"123456789012"_s});
+    })[0];
     const double point = 50 - 5 * half; // room for ".0000" up to the right edge of the column
-    EXPECT_EQ(printed.row(36).value(0), u"長い名前…"_s);
-    EXPECT_NEAR(printed.word(u"0.25"_s).box.left(), point - half, 0.1);
-    EXPECT_NEAR(printed.word(u"1"_s).box.right(), point, 0.1);
-    EXPECT_NEAR(printed.word(u"12.1234"_s).box.right(), 50, 0.1);
-    EXPECT_NEAR(printed.word(u"10"_s).box.right(), 62, 0.1);
-    EXPECT_NEAR(printed.word(u"9"_s).box.right(), 62, 0.1);
-    EXPECT_NEAR(printed.word(u"小"_s).box.left(), 5 + 4 * half, 0.1);
+    EXPECT_EQ(page.row(36).value(0), u"長い名前…"_s);
+    EXPECT_NEAR(page.word(u"0.25"_s).box.left(), point - half, 0.1);
+    EXPECT_NEAR(page.word(u"1"_s).box.right(), point, 0.1);
+    EXPECT_NEAR(page.word(u"12.1234"_s).box.right(), 50, 0.1);
+    EXPECT_NEAR(page.word(u"10"_s).box.right(), 62, 0.1);
+    EXPECT_NEAR(page.word(u"小"_s).box.left(), 5 + 4 * half, 0.1);
 }
 
-TEST_F(ReportPageTest, WhatBelongsTogetherIsNotParted) {
-    struct Case {
-        int before, rows, onFirstPage; // of the 34 that a page takes; a title stands above the group
-    };
+TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
+    const QString title = u"長い名前の目的要因も切らない"_s; // stands above the group
+    // {rows before, rows of the group, of the 34 that a page takes}
     for (const auto& [before, rows, onFirstPage] :
-         {Case{24, 9, 34}, Case{25, 9, 25}, Case{31, 40, 34}, Case{32, 40, 32}}) {
-        ReportPage page(print, heading, name);
-        for (int i = 0; i < before; ++i) page.row({u"r"_s});
-        page.group(rows, u"長い名前の目的要因も切らない"_s, 2);
-        for (int i = 0; i < rows; ++i) page.row({u"g"_s}, 4);
-        page.finish();
-        const auto printed = pages();
-        const auto& words = printed[0].words;
-        EXPECT_EQ(std::ranges::count_if(words, [](const auto& word) { return word.box.y() > 35; }),
-                  onFirstPage);
-        EXPECT_EQ(printed[onFirstPage == 34 ? 0 : 1].word(u"長い名前の目的要因も切らない"_s).box.x() > 5,
-                  true);
+         {std::tuple{24, 9, 34}, {25, 9, 25}, {31, 40, 34}, {32, 40, 32}}) {
+        const auto pages = printReport([&, before = before, rows = rows](ReportPage& page) {
+            for (int i = 0; i < before; ++i) page.row({u"r"_s});
+            page.group(rows, title, 2);
+            for (int i = 0; i < rows; ++i) page.row({u"g"_s}, 4);
+        });
+        const auto below = [](const auto& word) { return word.box.y() > 35; };
+        EXPECT_EQ(std::ranges::count_if(pages[0].words, below), onFirstPage);
+        EXPECT_GT(pages[onFirstPage == 34 ? 0 : 1].word(title).box.x(), 5);
     }
-    ReportPage group(print, heading, name); // the last two of a long group stay together
-    group.group(35);
-    for (int i = 0; i < 35; ++i) group.row({u"g%1"_s.arg(i)});
-    group.finish();
-    EXPECT_EQ(pages().at(1).row(36).value(0), u"g33"_s);
+    const auto group = printReport([](ReportPage& page) { // the last two of a long group stay together
+        page.group(35);
+        addRows(page, u"g"_s, 35);
+    });
+    EXPECT_EQ(group.at(1).row(36).value(0), u"g33"_s);
     for (const int rows : {20, 21}) { // a blank row, title, heading and 20 rows fill the page
-        ReportPage page(print, heading, name);
-        for (int i = 0; i < 11; ++i) page.row({u"r"_s});
-        page.newTable(u"市場性"_s, {{u"要因名"_s, 5, 60}}, rows);
-        EXPECT_EQ(print.PageNo, rows - 20);
-        for (int i = 0; i < 36; ++i) page.row({u"t%1"_s.arg(i)});
-        page.finish();
-        EXPECT_EQ(pages().at(1).row(24), QStringList{rows == 20 ? u"市場性（続き）"_s : u"市場性"_s});
-        EXPECT_EQ(pages().at(1).row(30), QStringList{u"要因名"_s});
+        const auto pages = printReport([&](ReportPage& page) {
+            addRows(page, u"r"_s, 11);
+            page.newTable(u"市場性"_s, {{u"要因名"_s, 5, 60}}, rows);
+            for (int i = 0; i < 36; ++i) page.row({u"t"_s});
+        });
+        EXPECT_EQ(pages.at(1).row(24), QStringList{rows == 20 ? u"市場性（続き）"_s : u"市場性"_s});
+        EXPECT_EQ(pages.at(1).row(30), QStringList{u"要因名"_s});
     }
 }
 
-TEST_F(ReportPageTest, TheLargestMatrixFitsThePage) {
-    QStringList names;
-    QList<QStringList> cells(21, QStringList(21, u"1/9"_s));
-    for (int i = 0; i < 21; ++i) names.append(u"とても長い名前をもつ要因はここで切れる"_s);
-    ReportPage page(print, heading, name);
-    page.row({u"r"_s});
-    page.matrix(u"市場性"_s, names, cells);
-    page.finish();
-    const auto printed = pages();
-    ASSERT_EQ(printed.size(), 1);
-    int values = 0;
-    for (const auto& word : printed[0].words) {
-        EXPECT_LT(word.box.right(), 205.1);
-        values += word.text == u"1/9"_s ? 1 : 0;
-    }
-    EXPECT_EQ(values, 21 * 21); // none touches its neighbour
-}
-
-TEST_F(ReportPageTest, EachPartBeginsWithItsMessage) {
-    const auto path = messageFile("~1~\r\n");
-    ReportPage page(print, heading, name);
-    for (const auto& evaluator : {u"鈴木様"_s, u"佐藤様"_s}) {
-        print.MsgSlots[1] = u"message:"_s + evaluator;
-        page.newPart({evaluator, u"新製品（3回）"_s});
-        page.message(path);
+TEST_F(ReportTest, TheLargestMatrixFitsThePage) {
+    const auto pages = printReport([](ReportPage& page) {
         page.row({u"r"_s});
-    }
-    page.finish();
-    const auto printed = pages();
-    ASSERT_EQ(printed.size(), 2);
-    EXPECT_EQ(printed[1].row(6).value(0), u"佐藤様"_s);
-    EXPECT_EQ(printed[1].row(12), QStringList{u"message:佐藤様"_s});
-    EXPECT_EQ(printed[1].row(24), QStringList{u"新製品（3回）"_s});
-    EXPECT_EQ(printed[1].row(48), QStringList{u"r"_s});
+        page.matrix(u"市場性"_s, QStringList(21, u"とても長い名前をもつ要因はここで切れる"_s),
+                    QList<QStringList>(21, QStringList(21, u"1/9"_s)));
+    });
+    ASSERT_EQ(pages.size(), 1);
+    const auto& words = pages[0].words;
+    for (const auto& word : words) EXPECT_LT(word.box.right(), 205.1);
+    EXPECT_EQ(std::ranges::count(words, u"1/9"_s, &PrintedWord::text), 21 * 21); // none touches its neighbour
 }
 
-TEST_F(ReportPageTest, AnInterruptedReportLeavesNothing) {
-    EXPECT_THROW(
-        {
-            ReportPage page(print, heading, name);
+TEST_F(ReportTest, EachPartBeginsWithItsMessage) {
+    const auto path = messageFile("~1~\r\n");
+    const auto pages = printReport([&](ReportPage& page) {
+        for (const auto& evaluator : {u"鈴木様"_s, u"佐藤様"_s}) {
+            print.MsgSlots[1] = u"message:"_s + evaluator;
+            page.newPart({evaluator, u"新製品（3回）"_s});
+            page.message(path);
             page.row({u"r"_s});
-            page.coveringLetter(messageFile("~30~"));
-        },
-        RuntimeError);
-    ReportPage page(print, heading, name);
-    page.row({u"again"_s});
-    page.finish();
-    EXPECT_EQ(pages().size(), 1);
-    EXPECT_EQ(QDir(folder.filePath(u"file"_s)).entryList({u"*.pdf"_s}).size(), 1);
+        }
+    });
+    ASSERT_EQ(pages.size(), 2);
+    EXPECT_EQ(pages[1].row(6).value(0), u"佐藤様"_s);
+    EXPECT_EQ(pages[1].row(12), QStringList{u"message:佐藤様"_s});
+    EXPECT_EQ(pages[1].row(24), QStringList{u"新製品（3回）"_s});
+    EXPECT_EQ(pages[1].row(48), QStringList{u"r"_s});
 }
 
 } // namespace
