@@ -15,6 +15,7 @@ using namespace Common;
 namespace {
 
 constexpr double negligibleVariance = 1e-8;
+constexpr int mostNameColumns = 160; // of a line of the heading in landscape
 
 const QList<ReportColumn> figureColumns{
     {u"要因名"_s, 5, 102},
@@ -92,7 +93,7 @@ QStringList cells(const QString& name, const FactorValues& factor) {
     const Statistics& group = factor.statistics;
     QStringList cells{name};
     for (const double figure : {group.minimum(), group.maximum(), group.mean(),
-                                group.deviation(negligibleVariance), group.geometricMean()})
+                                group.deviation(negligibleVariance), group.geometricMean(name)})
         cells << formatNumber(figure, u"0.0000"_s);
     std::vector<double> values;
     for (const auto& [evaluatorNo, value] : factor.values) values.push_back(value);
@@ -116,12 +117,18 @@ void printTotals(ReportPage& page, FactorNames& names, const std::vector<FactorV
     for (const auto& factor : totals) page.row(cells(names[factor.place.factorNo], factor));
 }
 
+// The names where they all have room.
+QString evaluatorLine(const QStringList& evaluators) {
+    const QString count = u"評価者 %1名"_s.arg(evaluators.size());
+    const QString names = u"："_s + evaluators.join(u"、"_s);
+    return PrintService::TextColumns(count + names) <= mostNameColumns ? count + names : count;
+}
+
 void printAnalysis(PrintService& print, const Analysis& analysis) {
     FactorNames names(*DbConn);
     const QString problem = names[ProblemNo];
-    const QStringList lines{u"変動度:"_s + analysis.grade, problemWithRound(problem, RoundCount),
-                            u"評価者 %1名：%2"_s.arg(QString::number(analysis.evaluators.size()),
-                                                     analysis.evaluators.join(u"、"_s))};
+    const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, RoundCount),
+                                   evaluatorLine(analysis.evaluators)};
     ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
     printTree(page, names, analysis.tree);
     printTotals(page, names, analysis.totals);

@@ -15,16 +15,18 @@ namespace {
 constexpr qsizetype longestFileName = 248; // bytes: 255, less what the file's name has while it is written
 
 // The coefficient of the factor whose rows come next, as text. Leaves the record set at the next factor.
-QString nextCoefficient(Recordset& rows) {
+QString nextCoefficient(Recordset& rows, const QString& name) {
     const auto factorNo = rows[u"子要因番号"_s].toLong();
     Statistics weights;
     for (; !rows.eof() && rows[u"子要因番号"_s].toLong() == factorNo; rows.moveNext())
         weights.add(rows[u"総合評価値"_s].toDouble());
-    return formatNumber(weights.geometricMean(), u"#0.0000"_s);
+    return formatNumber(weights.geometricMean(name), u"#0.0000"_s);
 }
 
 // A separator in the name would put the file into some other folder.
 QString filePath(const QString& folder, const QString& problem) {
+    if (problem.isEmpty())
+        throw RuntimeError(ErrorCode::InvalidCall, u"課題名がないため、ファイルを作成できません。"_s);
     if (problem.contains(u'/') || problem.contains(u'\\'))
         throw RuntimeError(ErrorCode::InvalidCall,
                            u"課題名に「/」や「\\」があるため、ファイルを作成できません。\n%1"_s.arg(problem));
@@ -48,7 +50,8 @@ bool SetCoefficients(PrintService& print, const ReportSelection& selection, cons
 }
 
 bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 problemNo, qint16 round) {
-    const QString problem = factorName(connection, problemNo);
+    const QString problem = NullToEmpty(
+        Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(problemNo), connection)[u"要因名"_s]);
     connection.execute(u"delete from 総合係数 where 課題番号=%1"_s.arg(problemNo));
     Recordset rows(
         u"select 子要因番号,総合評価値 from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2 order by 子要因番号"_s
@@ -63,8 +66,9 @@ bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 p
     QString coefficients = Quote(u"係数"_s);
     while (!rows.eof()) {
         const auto factorNo = rows[u"子要因番号"_s].toLong();
-        const QString coefficient = nextCoefficient(rows);
-        names += u',' + Quote(factorName(connection, factorNo));
+        const QString name = factorName(connection, factorNo);
+        const QString coefficient = nextCoefficient(rows, name);
+        names += u',' + Quote(name);
         coefficients += u',' + coefficient;
         connection.execute(
             u"insert into 総合係数 (課題番号,要因番号,係数値) values(%1,%2,%3)"_s.arg(problemNo)

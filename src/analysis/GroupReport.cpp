@@ -58,9 +58,9 @@ QStringList ownCells(const FactorValues& factor, qint32 evaluatorNo) {
     return {formatNumber(found->value, u"0.0000"_s), formatNumber(static_cast<double>(rank), u"##0"_s)};
 }
 
-QStringList groupCells(const Statistics& group) {
+QStringList groupCells(const QString& factor, const Statistics& group) {
     QStringList cells;
-    for (const double figure : {group.minimum(), group.maximum(), group.mean(), group.geometricMean()})
+    for (const double figure : {group.minimum(), group.maximum(), group.mean(), group.geometricMean(factor)})
         cells << formatNumber(figure, u"0.0000"_s);
     return cells;
 }
@@ -78,7 +78,7 @@ void printFactors(ReportPage& page, FactorNames& names, const std::vector<Factor
                                                   : totalsLabel;
             labelled = factor.isTotal;
             page.row(QStringList{label, names[factor.place.factorNo]} + ownCells(factor, evaluatorNo) +
-                     groupCells(factor.statistics));
+                     groupCells(names[factor.place.factorNo], factor.statistics));
         }
     }
 }
@@ -125,7 +125,7 @@ void PrintGroupReport(PrintService& print, qint32 problemNo, qint16 round, qint3
     const auto factors =
         readFactorValues(*DbConn, u"select * from tempfac order by dno,child,score desc"_s, u"long2"_s, {});
 
-    ReportPage page(print, {u"報告作成"_s, {evaluator + u"様"_s, problemWithRound(problem, round)}, columns},
+    ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, round)}, columns},
                     {u"報告作成"_s, problem, evaluator});
     page.coveringLetter(print.FileDir + u"\\message.txt"_s);
     printFactors(page, names, factors, evaluatorNo);

@@ -16,9 +16,10 @@ void Statistics::add(double value) {
     ++count_;
 }
 
-double Statistics::geometricMean() const {
+double Statistics::geometricMean(const QString& factor) const {
     if (!(product_ > 0))
-        throw RuntimeError(ErrorCode::InvalidCall, u"0 以下の評価値があるため、幾何平均を計算できません。"_s);
+        throw RuntimeError(ErrorCode::InvalidCall,
+                           u"0 以下の評価値があるため、幾何平均を計算できません。\n%1"_s.arg(factor));
     return static_cast<double>(std::exp(std::log(product_) / count_));
 }
 

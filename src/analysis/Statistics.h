@@ -1,6 +1,8 @@
 // What the analysis says of the values that several evaluators give one factor.
 #pragma once
 
+#include <QString>
+
 // Figures of a set of values, added one by one. All but the count need at least one value.
 class Statistics {
   public:
@@ -10,8 +12,8 @@ class Statistics {
     double minimum() const { return minimum_; }
     double maximum() const { return maximum_; }
     double mean() const { return sum_ / count_; }
-    // exp(ln(product) ÷ n). Raises error 5 when the product is 0 or below.
-    double geometricMean() const;
+    // exp(ln(product) ÷ n). Raises error 5 when the product is 0 or below, which names the factor.
+    double geometricMean(const QString& factor = {}) const;
     // Square root of the population variance (sum of squares ÷ n − mean²); 0 when the variance is below
     // `negligible`, since the difference of two nearly equal numbers leaves only their rounding errors.
     double deviation(double negligible) const;

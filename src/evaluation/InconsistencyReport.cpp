@@ -40,7 +40,7 @@ void printInconsistencyReport(PrintService& print, const InconsistencyList& find
         const int end = runEnd(findings, begin);
         const QString evaluator = evaluatorAt(begin);
         print.fillSlots(evaluator, problem, round);
-        page.newPart({evaluator + u"様"_s, problemWithRound(problem, round)});
+        page.newPart({{evaluator, u"様"_s}, problemLine(problem, round)});
         page.message(print.FileDir + u"\\errmsg.txt"_s);
         for (; begin < end; ++begin) page.row(cells(findings[begin]));
     }

@@ -148,11 +148,9 @@ void printTotals(ReportPage& page, FactorNames& names, const std::vector<TotalRo
 void printOne(PrintService& print, FactorNames& names, qint32 evaluatorNo, const IndividualResult& result) {
     const QString evaluator = evaluatorName(*DbConn, evaluatorNo);
     const QString problem = names[ProblemNo];
-    ReportPage page(print,
-                    {u"個人結果"_s,
-                     {evaluator + u"様"_s, u"%1（%2）"_s.arg(problem, QString::number(RoundCount))},
-                     treeColumns},
-                    {u"個人結果"_s, problem, evaluator});
+    ReportPage page(
+        print, {u"個人結果"_s, {{evaluator, u"様"_s}, {problem, u"（%1）"_s.arg(RoundCount)}}, treeColumns},
+        {u"個人結果"_s, problem, evaluator});
     printTree(page, names, result.tree);
     for (const auto& table : result.comparisons) printComparisons(page, names, table);
     printTotals(page, names, result.totals);

@@ -98,8 +98,7 @@ void PrintService::SetUpPage(qint16 columns) {
 }
 
 void PrintService::EndPage() {
-    printer_.EndPage();
-    ++PageNo;
+    if (printer_.EndPage()) ++PageNo;
     if (LandscapeFlag == 1) printer_.setOrientation(Orientation::Landscape);
 }
 

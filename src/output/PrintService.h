@@ -55,7 +55,7 @@ class PrintService {
     // ends, or with `keepPage` goes on at LineNo. Raises 53, 75 or 76 when the file cannot be read, 9 for a
     // slot above 20, 5 for a "~" without its pair, both with the place in the file.
     void PrintMessageFile(const QString& path, qint16 indent, bool keepPage);
-    // Ends the page and counts it.
+    // Ends the page, and counts it when there is anything on it: an empty letter makes no page.
     void EndPage();
 
     ReportPrinter& printer() { return printer_; }

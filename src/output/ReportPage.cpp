@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "output/ItemMark.h"
+#include "platform/Dates.h"
 #include "platform/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -22,7 +23,7 @@ constexpr qint16 titleRow = 1;
 constexpr qint16 firstRow = 2;
 constexpr qint16 messageIndent = 6;
 constexpr qsizetype decimalPlaces = 4;
-constexpr double leastMatrixCell = 4 * halfWidth; // "1/9" and a gap
+constexpr double leastMatrixCell = 4.6 * halfWidth; // "1/9" and a gap that sets neighbours apart
 constexpr double widestMatrixCell = 6 * halfWidth;
 constexpr double widestMatrixName = 80; // mm
 
@@ -42,7 +43,13 @@ QString mark(int item) {
     return item <= markedItems ? QString(itemMark(item)) : QString::number(item);
 }
 
+const QString continued = u"（続き）"_s;
+
 } // namespace
+
+HeadingLine problemLine(const QString& problem, qint16 round) {
+    return {problem, u"（%1回）"_s.arg(round)};
+}
 
 ReportPage::ReportPage(PrintService& print, ReportHeading heading, const DocumentName& document)
     : print_(print), printer_(print.printer()), heading_(std::move(heading)) {
@@ -72,8 +79,11 @@ void ReportPage::message(const QString& path) {
 
 void ReportPage::row(const QStringList& cells, int indent) {
     keepTogether(groupRows_ == 2 ? 2 : 1);
+    if (!tableOpen_) {
+        openTable();
+        if (groupRows_ > 0 && !groupTitle_.isEmpty()) printAcross(groupTitle_ + continued, groupIndent_);
+    }
     groupRows_ = std::max(0, groupRows_ - 1);
-    openTable();
     for (qsizetype i = 0; i < std::min(cells.size(), heading_.columns.size()); ++i) {
         auto column = heading_.columns[i];
         if (i == 0) {
@@ -91,6 +101,8 @@ void ReportPage::group(int rows, const QString& title, int indent) {
         beginRows(rows, 2);
     else
         beginRows(rows + 1, 3);
+    groupTitle_ = title;
+    groupIndent_ = indent;
     if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
     if (title.isEmpty()) return;
     openTable();
@@ -103,9 +115,10 @@ void ReportPage::newTable(const QString& title, const QList<ReportColumn>& colum
     closeTable();
     heading_.columns = columns;
     tableTitle_ = title;
+    groupTitle_.clear();
     beginRows(rows, 2);
     openTable();
-    if (!title.isEmpty()) tableTitle_ = title + u"（続き）"_s; // on the pages that follow
+    if (!title.isEmpty()) tableTitle_ = title + continued; // on the pages that follow
 }
 
 void ReportPage::matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells) {
@@ -120,7 +133,7 @@ void ReportPage::matrix(const QString& title, const QStringList& names, const QL
     for (int i = 0; i < count; ++i) row(QStringList{mark(i + 1) + u' ' + names[i]} + cells[i]);
 }
 
-void ReportPage::newPart(const QStringList& lines) {
+void ReportPage::newPart(const QList<HeadingLine>& lines) {
     leavePage();
     heading_.lines = lines;
 }
@@ -209,15 +222,16 @@ void ReportPage::closeTable() {
 void ReportPage::printRunningLine() {
     const double width = rightMargin(print_) - leftMargin;
     const double beside = (width - printer_.TextWidth(heading_.title)) / 2 - 2 * halfWidth;
-    const auto dateAndPage =
-        u"%1   − %2 −"_s.arg(QDate::currentDate().toString(u"yyyy/MM/dd"_s)).arg(print_.PageNo + 1);
-    printCell({{}, leftMargin, beside}, heading_.lines.value(0), titleRow);
+    const auto dateAndPage = u"%1   − %2 −"_s.arg(formatDate(QDate::currentDate())).arg(print_.PageNo + 1);
+    if (!heading_.lines.isEmpty())
+        printCell({{}, leftMargin, beside}, cut(heading_.lines.first(), beside), titleRow);
     printCell({{}, leftMargin, width, Alignment::Centre}, heading_.title, titleRow);
     printCell({{}, leftMargin, width, Alignment::Right}, dateAndPage, titleRow);
 }
 
 void ReportPage::printLines() {
-    for (const auto& line : heading_.lines.mid(1)) printAcross(line);
+    const double width = rightMargin(print_) - leftMargin;
+    for (const auto& line : heading_.lines.mid(1)) printAcross(cut(line, width));
     linesPrinted_ = true;
 }
 
@@ -263,6 +277,10 @@ QString ReportPage::cut(const QString& text, double width) const {
     const auto columns = static_cast<qint16>(width / halfWidth + 0.01); // so that 10 × 1.764 are ten columns
     if (PrintService::FitChars(text, columns) == characterCount(text)) return text;
     return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
+}
+
+QString ReportPage::cut(const HeadingLine& line, double width) const {
+    return cut(line.text, width - PrintService::TextColumns(line.tail) * halfWidth) + line.tail;
 }
 
 // A text over the whole width, in a row of its own.

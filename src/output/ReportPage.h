@@ -21,9 +21,20 @@ struct ReportColumn {
     QString over = {}; // second heading, above all neighbours that have the same one
 };
 
+// A line of the heading. A long text is cut, so that what follows it ("様", the round) is always there.
+struct HeadingLine {
+    HeadingLine(const QString& line, const QString& following = {}) : text(line), tail(following) {}
+
+    QString text;
+    QString tail;
+};
+
+// "課題（2回）".
+HeadingLine problemLine(const QString& problem, qint16 round);
+
 struct ReportHeading {
-    QString title;     // name of the screen
-    QStringList lines; // at the left, from the top: evaluator, problem, …
+    QString title;            // name of the screen
+    QList<HeadingLine> lines; // at the left, from the top: evaluator, problem, …
     QList<ReportColumn> columns;
 };
 
@@ -58,7 +69,7 @@ class ReportPage {
     void row(const QStringList& cells, int indent = 0);
     // Begins a group of `rows` rows, below a fine rule and the group's title, if any, in a row of its own
     // (`indent` in half-width columns). The group stays on one page where it fits on one; where it does not,
-    // neither its first row nor its last one stands alone.
+    // the title is repeated on the next, and neither its first row nor its last one stands alone.
     void group(int rows, const QString& title = {}, int indent = 0);
 
     // Closes the table and begins another one of `rows` rows below a title. It stays on one page where it
@@ -69,7 +80,7 @@ class ReportPage {
     void matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells);
 
     // The next row begins a new page, whose heading has these lines: the next evaluator of the document.
-    void newPart(const QStringList& lines);
+    void newPart(const QList<HeadingLine>& lines);
 
     // Ends the last page and sends the document. Without it the document is discarded.
     void finish();
@@ -94,6 +105,7 @@ class ReportPage {
     void printAcross(const QString& text, int indent = 0);
     void drawRule(int row, int width);
     QString cut(const QString& text, double width) const;
+    QString cut(const HeadingLine& line, double width) const;
 
     PrintService& print_;
     ReportPrinter& printer_;
@@ -104,5 +116,7 @@ class ReportPage {
     bool tableOpen_ = false;
     bool rowsPrinted_ = false; // in the open table, on this page
     int groupRows_ = 0;        // rows that the group still has
+    QString groupTitle_;
+    int groupIndent_ = 0;
     bool finished_ = false;
 };

@@ -25,6 +25,11 @@ void handOver(const ReportSelection& selection) {
 }
 
 void takeEvaluators(const QStringList& evaluatorEntries) {
+    if (evaluatorEntries.size() > static_cast<qsizetype>(EvaluatorNos.size()))
+        throw RuntimeError(
+            ErrorCode::SubscriptOutOfRange,
+            u"インデックスが有効範囲にありません。\n評価者は一度に %1 名まで選択できます。"_s.arg(
+                EvaluatorNos.size()));
     EvaluatorCount = 0;
     for (const auto& entry : evaluatorEntries) {
         EvaluatorNos[EvaluatorCount] = Value(entryNumber(entry)).toLong();
@@ -72,10 +77,6 @@ QString evaluatorName(Connection& connection, qint32 evaluatorNo) {
     return nameFrom(
         Recordset(u"select 評価者氏名 from 評価者 where 評価者番号=%1"_s.arg(evaluatorNo), connection),
         u"評価者氏名"_s);
-}
-
-QString problemWithRound(const QString& problem, qint16 round) {
-    return u"%1（%2回）"_s.arg(problem, QString::number(round));
 }
 
 bool takeSelection(const ReportSelection& selection) {

@@ -25,9 +25,6 @@ QString entryNumber(const QString& entry);
 QString factorName(Connection& connection, qint32 factorNo);
 QString evaluatorName(Connection& connection, qint32 evaluatorNo);
 
-// "課題（2回）", as the pages name what they are about.
-QString problemWithRound(const QString& problem, qint16 round);
-
 // Hands the choice to the session: ProblemNo, RoundCount, EvaluatorNos and EvaluatorCount. What is missing is
 // told in message boxes, and the result is false. The shared checks see the first evaluator; after them all
 // chosen ones stand in EvaluatorNos. More than 101 evaluators raise error 9.

@@ -10,6 +10,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QString>
+#include <utility>
 
 // Positions are millimetres from the upper left edge of the paper. A page comes into being with the first
 // thing drawn on it, so ending a page twice, or ending the last one, leaves no empty page.
@@ -30,7 +31,8 @@ class PrintDocument {
     void line(QPointF from, QPointF to, double width);
     void box(const QRectF& frame, double width);
 
-    void endPage() { pageOpen_ = false; }
+    // True when there was an open page.
+    bool endPage() { return std::exchange(pageOpen_, false); }
     bool hasPages() const { return painter_.isActive(); }
     // Ends the document and gives its bytes; nothing can be drawn any more.
     QByteArray finish();

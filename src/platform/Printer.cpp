@@ -137,8 +137,8 @@ void ReportPrinter::Box(double x1, double y1, double x2, double y2) {
     document().box({QPointF(x1, y1), QPointF(x2, y2)}, DrawWidth / 10.0);
 }
 
-void ReportPrinter::EndPage() {
-    if (document_) document_->endPage();
+bool ReportPrinter::EndPage() {
+    return document_ && document_->endPage();
 }
 
 void ReportPrinter::EndDoc() {

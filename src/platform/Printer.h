@@ -69,7 +69,8 @@ class ReportPrinter {
     void Line(double x1, double y1, double x2, double y2);
     void Box(double x1, double y1, double x2, double y2);
     // The page is complete; the next thing drawn begins another one.
-    void EndPage();
+    // True when something had been drawn on it.
+    bool EndPage();
     // Sends the document to the current printer, or writes its PDF file. Without a page it does nothing.
     // Raises error 482 when the printer does not take the document, 75 or 76 when the file cannot be written;
     // the document is gone then, and no file is left.

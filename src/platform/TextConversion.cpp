@@ -66,6 +66,8 @@ std::optional<QByteArray> characterInCodePage(char32_t character) {
     static const Converter converter = [] {
         Converter made = openConverter();
         UErrorCode status = U_ZERO_ERROR;
+        // The input method writes "〜" and "−" by other code points than the code page has for them.
+        ucnv_setFallback(made.get(), true);
         ucnv_setFromUCallBack(made.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
         return made;
     }();
@@ -85,9 +87,11 @@ QByteArray toCodePage(const QString& text) {
     for (const char32_t character : text.toUcs4()) {
         const auto encoded = characterInCodePage(character);
         if (!encoded)
-            throw RuntimeError(ErrorCode::InvalidCall,
-                               u"文字「%1」は Windows-31J の文字コードにないため、書き込めません。"_s.arg(
-                                   QString::fromUcs4(&character, 1)));
+            throw RuntimeError(
+                ErrorCode::InvalidCall,
+                u"文字「%1」(U+%2) は Windows-31J の文字コードにないため、書き込めません。"_s.arg(
+                    QString::fromUcs4(&character, 1),
+                    QString::number(character, 16).toUpper().rightJustified(4, u'0')));
         bytes += *encoded;
     }
     return bytes;

@@ -2,6 +2,7 @@
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QTextStream>
+#include <algorithm>
 #include <array>
 
 #include "analysis/AnalysisOutput.h"
@@ -155,7 +156,9 @@ ExitCode perform(const Request& request) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // pages need fonts, but no display
+    qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) {}); // the toolkit's chatter
+    qputenv("QT_QPA_PLATFORM", "offscreen");                          // pages need fonts, but no display
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(u"hollin-batch"_s);
     installFontSubstitutions();

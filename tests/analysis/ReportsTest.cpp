@@ -143,7 +143,7 @@ TEST_F(ReportsTest, WhatStopsAReportIsToldAndLeavesNoDocument) {
     run(u"update 評価結果 set 総合評価値=0 where レベル=2 and 子要因番号=23 and 評価者番号=5"_s);
     for (const auto& screen : {group, analysis, final}) {
         report(screen, {0});
-        EXPECT_EQ(failure(), u"0 以下の評価値があるため、幾何平均を計算できません。"_s)
+        EXPECT_EQ(failure(), u"0 以下の評価値があるため、幾何平均を計算できません。\n騒音"_s)
             << screen.toStdString();
     }
     EXPECT_EQ(stored(u"select 要因番号 from 総合係数"_s), u"21 22"_s);

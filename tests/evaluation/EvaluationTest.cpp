@@ -297,7 +297,9 @@ TEST_F(EvaluationTest, RunTimeErrorsAreShownUnderTheScreensName) {
     choose(screen, u"Combo1"_s, 0);
     click(screen, u"Command1"_s);
     click(screen, u"Command7"_s);
-    EXPECT_EQ(takeMessages(), warning(screen, u"インデックスが有効範囲にありません。"_s));
+    EXPECT_EQ(
+        takeMessages(),
+        warning(screen, u"インデックスが有効範囲にありません。\n評価者は一度に 101 名まで選択できます。"_s));
 }
 
 TEST_F(EvaluationTest, FindingsArePrintedForEachEvaluator) {
