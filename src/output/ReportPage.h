@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <utility>
 
 #include "output/PrintService.h"
 
@@ -23,7 +24,7 @@ struct ReportColumn {
 
 // A line of the heading. A long text is cut, so that what follows it ("様", the round) is always there.
 struct HeadingLine {
-    HeadingLine(const QString& line, const QString& following = {}) : text(line), tail(following) {}
+    HeadingLine(QString line, QString following = {}) : text(std::move(line)), tail(std::move(following)) {}
 
     QString text;
     QString tail;

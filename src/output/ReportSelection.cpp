@@ -24,12 +24,14 @@ void handOver(const ReportSelection& selection) {
     EvaluatorEntry = selection.evaluatorEntries.value(0);
 }
 
+constexpr qsizetype mostEvaluators = decltype(EvaluatorNos)::size();
+
 void takeEvaluators(const QStringList& evaluatorEntries) {
-    if (evaluatorEntries.size() > static_cast<qsizetype>(EvaluatorNos.size()))
+    if (evaluatorEntries.size() > mostEvaluators)
         throw RuntimeError(
             ErrorCode::SubscriptOutOfRange,
             u"インデックスが有効範囲にありません。\n評価者は一度に %1 名まで選択できます。"_s.arg(
-                EvaluatorNos.size()));
+                mostEvaluators));
     EvaluatorCount = 0;
     for (const auto& entry : evaluatorEntries) {
         EvaluatorNos[EvaluatorCount] = Value(entryNumber(entry)).toLong();

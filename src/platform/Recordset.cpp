@@ -13,15 +13,14 @@ namespace {
 Value fieldValue(sqlite3_stmt* statement, int column) {
     switch (sqlite3_column_type(statement, column)) {
         case SQLITE_INTEGER:
-            return Value(static_cast<qint64>(sqlite3_column_int64(statement, column)));
+            return {static_cast<qint64>(sqlite3_column_int64(statement, column))};
         case SQLITE_FLOAT:
-            return Value(sqlite3_column_double(statement, column));
+            return {sqlite3_column_double(statement, column)};
         case SQLITE_NULL:
             return {};
         default:
-            return Value(
-                QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
-                                  sqlite3_column_bytes(statement, column)));
+            return {QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+                                      sqlite3_column_bytes(statement, column))};
     }
 }
 

@@ -99,7 +99,7 @@ QByteArray toCodePage(const QString& text) {
 
 QString fromFileBytes(const QByteArray& bytes) {
     QStringDecoder utf8(QStringConverter::Utf8);
-    const QString decoded = utf8(bytes);
+    QString decoded = utf8(bytes);
     if (!utf8.hasError()) return decoded;
 
     const Converter converter = openConverter();
