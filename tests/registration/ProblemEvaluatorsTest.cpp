@@ -49,18 +49,6 @@ TEST_F(ProblemEvaluatorsTest, ReplacesAddsAndRemoves) {
     EXPECT_EQ(act({0, 1}, u"Command3", remove), u"1|100| 12|3|他"_s);
     EXPECT_EQ(act({1}, u"Command3", remove), u"1|100| 12|3|他"_s);
     EXPECT_EQ(entries(u"List2"), u"100 "_s);
-}
-
-TEST_F(ProblemEvaluatorsTest, TellsOfNoEvaluatorsAndOfErrorsUnderTheAction) {
-    choose(screen, u"Combo1", 1);
-    run(u"DROP TABLE 課題評価者"_s);
-    for (const auto& [button, title] : std::vector<std::pair<QStringView, QStringView>>{
-             {u"Command1", u"登録"}, {u"Command2", u"追加"}, {u"Command3", u"削除"}}) {
-        select(screen, u"List1", {0});
-        click(button);
-        EXPECT_EQ(takeMessages().back().title, title);
-    }
-    run(u"CREATE TABLE 課題評価者 (課題番号,評価者番号,役割)"_s);
     run(u"DELETE FROM 評価者"_s);
     choose(screen, u"Combo1", 1);
     EXPECT_EQ(takeMessages(), warning(screen, u"評価者が登録されてません。"_s));

@@ -1,0 +1,121 @@
+// Registration of factors, problems and evaluators.
+#include "platform/TextConversion.h"
+#include "registration/RegistrationTest.h"
+
+namespace {
+
+class RegistrationScreensTest : public RegistrationTest {
+  protected:
+    RegistrationScreensTest() {
+        run(u"INSERT INTO 要因 VALUES (1,0,'課題','goal'),(5,2,'要因',NULL)"_s);
+        run(u"INSERT INTO 評価者 VALUES (5,'名',NULL)"_s);
+    }
+    QString factors() { return stored(u"SELECT * FROM 要因 ORDER BY 要因番号"_s); }
+};
+
+TEST_F(RegistrationScreensTest, ProposesOnePastTheHighestNumber) {
+    for (const auto& [name, highest, proposed] :
+         {std::tuple{u"要因登録"_s, u"要因 VALUES (3,1,'',''),(12,0,'','')"_s, u"0013"_s},
+          {u"課題登録"_s, u"要因 VALUES (3,0,'',''),(12,1,'','')"_s, u"0013"_s},
+          {u"要因登録"_s, u"要因 VALUES (9999,1,'','')"_s, u"0000"_s},
+          {u"課題登録"_s, u"要因 VALUES (95000,1,'','')"_s, u"0500"_s},
+          {u"評価者登録"_s, u"評価者 VALUES (7,'','')"_s, u"008"_s},
+          {u"評価者登録"_s, u"評価者 VALUES (999,'','')"_s, u"000"_s},
+          {u"評価者登録"_s, u"評価者 VALUES (9500,'','')"_s, u"050"_s}}) {
+        for (const auto& table : {u"要因"_s, u"評価者"_s}) run(u"DELETE FROM "_s + table);
+        run(u"INSERT INTO "_s + highest);
+        open(name);
+        EXPECT_EQ(texts({u"Text1"}), proposed);
+        click(u"Command4");
+        EXPECT_FALSE(isOpen(screen));
+    }
+    run(u"DELETE FROM 要因"_s);
+    open(u"要因登録");
+    EXPECT_EQ(texts({u"Text1"}), u"0001"_s);
+    run(u"DELETE FROM 評価者"_s);
+    open(u"登録メニュー");
+    click(u"Command6");
+    EXPECT_EQ(takeMessages().at(0).title, u"94評価者テーブルエラー"_s);
+    EXPECT_TRUE(isOpen(u"登録メニュー"));
+    EXPECT_FALSE(isOpen(u"評価者登録") || isOpen(u"評価者表示"));
+}
+
+TEST_F(RegistrationScreensTest, RefusesInTheOrderOfTheChecks) {
+    for (const auto name : {u"要因登録", u"課題登録"}) {
+        open(name);
+        expectRefusals(
+            name, u"要因",
+            {{{{u"Text1", u"1,0"}}, u"Command1", u"要因番号が不正です。", u"Text1"},
+             {{{u"Text1", u"05"}, {u"Text2", u" "}}, u"Command1", u"要因区分が不正です。", u"Text2"},
+             {{{u"Text2", u"０"}}, u"Command1", u"要因番号 '05' 既に存在します。", u"Command1"},
+             {{{u"Text1", u"x"}, {u"Text2", u"y"}}, u"Command2", u"要因区分が不正です。", u"Text2"},
+             {{{u"Text2", u"3"}, {u"Text3", u" 　"}}, u"Command2", u"要因名が不正です。", u"Text3"},
+             {{{u"Text3", u"n"}}, u"Command2", u"要因番号 'x' は存在しません。", u"Text1"},
+             {{{u"Text1", u"%1'"}}, u"Command3", u"要因番号 '%1'' は存在しません。", u"Text1"}});
+    }
+    expectRefusals(u"課題登録", u"要因",
+                   {{{{u"Text1", u"5"}, {u"Text2", u"1"}}, u"Command1", u"要因区分が不正です。", u"Text2"}});
+    open(u"評価者登録");
+    expectRefusals(screen, u"評価者",
+                   {{{{u"Text1", u""}}, u"Command1", u"評価者番号が不正です。", u"Text1"},
+                    {{{u"Text1", u"05"}, {u"Text3", u" "}}, u"Command1", u"評価者氏名が不正です。", u"Text3"},
+                    {{{u"Text3", u"n"}}, u"Command1", u"評価者番号 '05' 既に存在します。", u"Command1"},
+                    {{{u"Text1", u"6x"}, {u"Text3", u""}}, u"Command2", u"評価者氏名が不正です。", u"Text3"},
+                    {{{u"Text3", u"n"}}, u"Command2", u"評価者番号 '6x' は存在しません。", u"Text1"},
+                    {{}, u"Command3", u"評価者番号 '6x' は存在しません。", u"Text1"}});
+}
+
+TEST_F(RegistrationScreensTest, KeepsEveryTextAsTyped) {
+    for (const auto& hurting : hurtingTexts)
+        for (const auto& [table, number, record] :
+             {std::tuple{u"要因"_s, u"8"_s, u"8|1|%1|%2"_s}, {u"評価者"_s, u"40000"_s, u"40000|%1|%2"_s}}) {
+            const auto last = [&] { return rows(u"SELECT * FROM %1 ORDER BY 1"_s.arg(table)).last(); };
+            open(table + u"登録"_s);
+            if (table == u"要因"_s) type({{u"Text2", u"1"}});
+            type({{u"Text1", number}, {u"Text3", hurting}, {u"Text4", hurting}});
+            click(u"Command1");
+            EXPECT_EQ(last(), record.arg(hurting, hurting));
+            EXPECT_FALSE(isOpen(table + u"表示"_s));
+            EXPECT_EQ(texts({u"Text1", u"Text3"}), number + u'|' + hurting);
+            type({{u"Text3", u"改"}});
+            click(u"Command2");
+            EXPECT_EQ(last(), record.arg(u"改"_s, hurting));
+            EXPECT_EQ(texts({u"Text1", u"Text3", u"Text4"}), u"||"_s);
+            type({{u"Text1", toFullWidth(number)}});
+            click(u"Command3");
+            EXPECT_EQ(texts({u"Text3", u"Text4"}), u"改|"_s + hurting);
+            run(u"DELETE FROM %1 WHERE %1番号 > 5"_s.arg(table));
+        }
+}
+
+TEST_F(RegistrationScreensTest, RegistersNumbersOfSixteenBitsAfterAQuestion) {
+    open(u"要因登録");
+    type({{u"Text1", u"32768"}, {u"Text2", u"1"}});
+    click(u"Command1");
+    EXPECT_EQ(takeMessages(), warning(u"登録"_s, u"オーバーフローしました。"_s));
+
+    type({{u"Text1", u"３２７６７"}}); // the name may be empty
+    answers = {MessageAnswer::No};
+    click(u"Command1");
+    EXPECT_EQ(takeMessages(), question(screen, u"登録しますか ？"_s));
+    EXPECT_EQ(factors(), u"1|0|課題|goal 5|2|要因|NULL"_s);
+    EXPECT_TRUE(isOpen(u"要因表示"));
+    click(u"Command1");
+    EXPECT_EQ(factors(), u"1|0|課題|goal 5|2|要因|NULL 32767|1||"_s);
+    EXPECT_TRUE(hasFocus(screen, u"Text1"));
+}
+
+TEST_F(RegistrationScreensTest, ProblemsBecomeFactorsByChangeAndTheirListStaysOpen) {
+    open(u"課題登録");
+    Common::Forms.show(u"要因表示"_s);
+    type({{u"Text1", u"1"}, {u"Text2", u"4"}, {u"Text3", u"n"}});
+    click(u"Command2");
+    EXPECT_EQ(factors(), u"1|4|n| 5|2|要因|NULL"_s);
+    EXPECT_FALSE(isOpen(u"要因表示"));
+    EXPECT_TRUE(isOpen(u"課題要因表示"));
+    Common::Forms.find(screen)->close();
+    EXPECT_FALSE(isOpen(screen) || isOpen(u"課題要因表示"));
+    EXPECT_TRUE(isOpen(u"登録メニュー"));
+}
+
+} // namespace
