@@ -28,17 +28,16 @@ class ReportsTest : public RoundTest {
                 .arg(evaluator)
                 .arg(weight));
     }
-    // The text of the only message.
-    QString failure() {
-        const auto messages = takeMessages();
+    // The text of the only message of a report.
+    QString failure(const QString& screen, const QList<int>& evaluatorRows = {}) {
+        const auto messages = report(screen, evaluatorRows);
         return messages.size() == 1 ? messages[0].text : QString();
     }
     QByteArray file(const QString& name) const { return bytesOf(directory() + u"/file/"_s + name); }
 };
 
 TEST_F(ReportsTest, TheGroupReportSetsTheEvaluatorBesideTheGroup) {
-    report(group, {0, 1});
-    EXPECT_EQ(takeMessages(), notice(group, u" 印刷終了"_s));
+    EXPECT_EQ(report(group, {0, 1}), notice(group, u" 印刷終了"_s));
     EXPECT_EQ(documents().size(), 2);
     EXPECT_EQ(printedRows(u"報告作成_候補地の選定_評価者5_"_s),
               u"評価者5様:候補地の選定:1 / 候補地の選定（1回） / あなた 全体 / "
@@ -65,8 +64,7 @@ TEST_F(ReportsTest, APairWithoutOwnValueIsBlankAndTotalsStandBehindDeepKeys) {
 }
 
 TEST_F(ReportsTest, TheAnalysisShowsGradeSpreadAndClasses) {
-    report(analysis, {});
-    EXPECT_EQ(takeMessages(), notice(analysis, u" 評価一覧終了"_s));
+    EXPECT_EQ(report(analysis, {}), notice(analysis, u" 評価一覧終了"_s));
     EXPECT_EQ(printedRows(u"分析出力_候補地の選定_"_s),
               u"候補地の選定（1回） / 評価者 3名：評価者2、評価者5、評価者7 / 分布（0 が最小、6 が最大） / "
               "要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6 / "
@@ -105,8 +103,7 @@ TEST_F(ReportsTest, TheGradeComparesDeviationsWithThoseOfTheFamilySize) {
 TEST_F(ReportsTest, CoefficientsAreStoredAndWrittenToTheByte) {
     run(u"insert into 総合係数 values(1,99,1),(2,99,1)"_s);
     for (int time = 0; time < 2; ++time) {
-        report(final, {});
-        EXPECT_EQ(takeMessages(), notice(final, u" 係数設定終了"_s));
+        EXPECT_EQ(report(final, {}), notice(final, u" 係数設定終了"_s));
         EXPECT_EQ(stored(u"select * from 総合係数 order by 要因番号"_s),
                   u"1|21|0.5 1|22|0.8154 1|23|0.4004 1|24|0.2177 2|99|1"_s);
         EXPECT_EQ(file(u"候補地の選定.csv"_s),
@@ -125,14 +122,12 @@ TEST_F(ReportsTest, CoefficientsAreStoredAndWrittenToTheByte) {
 TEST_F(ReportsTest, WithoutResultsOnlyTheEarlierCoefficientsAreGone) {
     report(final, {});
     const auto before = file(u"候補地の選定.csv"_s);
-    takeMessages();
     run(u"update 課題 set 比較回数=2"_s);
     for (const auto& screen : {final, analysis}) {
-        report(screen, {});
-        EXPECT_EQ(takeMessages(), warning(screen, u"選択された課題、評価回数の評価結果が存在しません。"_s));
+        EXPECT_EQ(report(screen, {}),
+                  warning(screen, u"選択された課題、評価回数の評価結果が存在しません。"_s));
     }
-    report(group, {1});
-    EXPECT_EQ(failure(),
+    EXPECT_EQ(failure(group, {1}),
               u"設定された条件、課題：1:候補地の選定 評価回数:2 評価者:5:評価者5は評価結果に存在しません"_s);
     EXPECT_EQ(stored(u"select * from 総合係数"_s), QString());
     EXPECT_EQ(file(u"候補地の選定.csv"_s), before);
@@ -142,14 +137,12 @@ TEST_F(ReportsTest, WithoutResultsOnlyTheEarlierCoefficientsAreGone) {
 TEST_F(ReportsTest, WhatStopsAReportIsToldAndLeavesNoDocument) {
     run(u"update 評価結果 set 総合評価値=0 where レベル=2 and 子要因番号=23 and 評価者番号=5"_s);
     for (const auto& screen : {group, analysis, final}) {
-        report(screen, {0});
-        EXPECT_EQ(failure(), u"0 以下の評価値があるため、幾何平均を計算できません。\n騒音"_s)
+        EXPECT_EQ(failure(screen, {0}), u"0 以下の評価値があるため、幾何平均を計算できません。\n騒音"_s)
             << screen.toStdString();
     }
     EXPECT_EQ(stored(u"select 要因番号 from 総合係数"_s), u"21 22"_s);
     QFile::remove(directory() + u"/file/message.txt"_s);
-    report(group, {0});
-    EXPECT_TRUE(failure().startsWith(u"ファイルが見つかりません。"));
+    EXPECT_TRUE(failure(group, {0}).startsWith(u"ファイルが見つかりません。"));
     EXPECT_EQ(documents(), QStringList());
 }
 
@@ -158,25 +151,20 @@ TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
          {std::pair{u"A/B"_s, u"「/」"_s}, {u"../A\\B"_s, u"「/」"_s}, {QString(300, u'A'), u"長すぎる"_s}}) {
         run(u"delete from 総合係数"_s);
         run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(problem));
-        report(final, {});
-        EXPECT_TRUE(failure().contains(says)) << problem.toStdString();
+        EXPECT_TRUE(failure(final).contains(says)) << problem.toStdString();
         EXPECT_EQ(rows(u"select * from 総合係数"_s).size(), 4);
     }
     run(u"update 要因 set 要因名='候補.' where 要因番号=1"_s);
     report(final, {});
     const auto before = file(u"候補..csv"_s);
     EXPECT_EQ(before.count("\r\n"), 2);
-    takeMessages();
-
     run(u"update 要因 set 要因名='費用😀' where 要因番号=21"_s);
-    report(final, {});
-    EXPECT_TRUE(failure().contains(u"😀"));
+    EXPECT_TRUE(failure(final).contains(u"😀"));
     EXPECT_EQ(file(u"候補..csv"_s), before);
 
     run(u"update 要因 set 要因名='費用' where 要因番号=21"_s);
     QDir(directory() + u"/file"_s).removeRecursively();
     for (const auto& screen : {final, analysis}) {
-        report(screen, {});
-        EXPECT_TRUE(failure().startsWith(u"パスが見つかりません。")) << screen.toStdString();
+        EXPECT_TRUE(failure(screen).startsWith(u"パスが見つかりません。")) << screen.toStdString();
     }
 }

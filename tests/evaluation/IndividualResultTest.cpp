@@ -16,8 +16,7 @@ const QString screen = u"個人結果"_s;
 class IndividualResultTest : public RoundTest {};
 
 TEST_F(IndividualResultTest, TreeComparisonsAndTotalsArePrinted) {
-    report(screen, {0});
-    EXPECT_EQ(takeMessages(), notice(screen, u" 印刷終了"_s));
+    EXPECT_EQ(report(screen, {0}), notice(screen, u" 印刷終了"_s));
     EXPECT_EQ(printedRows(u"個人結果_候補地の選定_評価者2_"_s),
               u"候補地の選定（1） / 要因名 評価値 累積評価値 / "
               "候補地の選定 / 費用 1 1 / 環境 0.3333 0.3333 / "
@@ -51,10 +50,9 @@ TEST_F(IndividualResultTest, EachEvaluatorHasADocumentOfTheCurrentRound) {
 
 TEST_F(IndividualResultTest, OneEvaluatorWithoutResultsIsNamedAndNothingIsPrinted) {
     run(u"delete from 評価結果 where 評価者番号=7"_s);
-    report(screen, {0, 2});
-    EXPECT_EQ(takeMessages(), warning(screen,
-                                      u"設定された条件、課題：1:候補地の選定 評価回数:1 "
-                                      "評価者:7:評価者7は評価結果に存在しません"_s));
+    EXPECT_EQ(report(screen, {0, 2}), warning(screen,
+                                              u"設定された条件、課題：1:候補地の選定 評価回数:1 "
+                                              "評価者:7:評価者7は評価結果に存在しません"_s));
     EXPECT_EQ(documents(), QStringList());
 }
 
@@ -63,10 +61,8 @@ TEST_F(IndividualResultTest, TwentyOneChildrenFillTheMatrixAndOneMoreIsAnError) 
     EXPECT_EQ(comparisonTexts(2.5), (std::pair{u"2"_s, u"1/2"_s}));
     for (int child = 101; child <= 121; ++child)
         run(u"insert into 一対比較 values(1,12,100,%1,2,1,'',%1,2)"_s.arg(child));
-    report(screen, {0});
-    EXPECT_EQ(takeMessages(), warning(screen, u"インデックスが有効範囲にありません。"_s));
+    EXPECT_EQ(report(screen, {0}), warning(screen, u"インデックスが有効範囲にありません。"_s));
     EXPECT_EQ(documents(), QStringList());
     run(u"delete from 一対比較 where 目的要因番号=12 and 比較対象要因番号 in (22,23,24,121)"_s);
-    report(screen, {0});
-    EXPECT_EQ(takeMessages(), notice(screen, u" 印刷終了"_s));
+    EXPECT_EQ(report(screen, {0}), notice(screen, u" 印刷終了"_s));
 }

@@ -131,12 +131,10 @@ TEST_F(StructureEditorTest, TheStructureLevelBoundsParentsAndDisplay) {
 TEST_F(StructureEditorTest, SavingWritesTheRowsAboveTheFirstFreeOne) {
     structure(u"2:11"_s, 2);
     open(3);
-    click(editor, u"Command1");
-    EXPECT_EQ(takeMessages(), warning(editor, u"要因（親）を選択して下さい"_s));
+    EXPECT_EQ(told(editor, u"Command1"), warning(editor, u"要因（親）を選択して下さい"_s));
     chooseParent(1);
     setRow(2, 21);
-    click(editor, u"Command1");
-    EXPECT_EQ(takeMessages(), warning(editor, u"要因（子）が設定されてません"_s));
+    EXPECT_EQ(told(editor, u"Command1"), warning(editor, u"要因（子）が設定されてません"_s));
     EXPECT_EQ(edges(), u"2|2|11|1|0"_s);
 
     setRow(1, 11);
@@ -166,8 +164,7 @@ TEST_F(StructureEditorTest, ChildrenThatCannotStandThereAreRefusedBeforeAnything
                                          {1, u"'0001住宅' は課題そのものなので"_s},
                                          {30, u"'0030要因30' は二重に設定されている要因なので"_s}}) {
         setRow(2, factor);
-        click(editor, u"Command1");
-        EXPECT_EQ(takeMessages(), warning(editor, u"要因（子） %1登録できません。"_s.arg(reason)));
+        EXPECT_EQ(told(editor, u"Command1"), warning(editor, u"要因（子） %1登録できません。"_s.arg(reason)));
         EXPECT_EQ(edges(), before);
         EXPECT_EQ(children(), u"30 %1"_s.arg(factor));
         EXPECT_EQ(grid()->row(), 2);
@@ -198,12 +195,10 @@ TEST_F(StructureEditorTest, DeletingARowShiftsTheRowsDownToTheTenth) {
         QTest::keyClick(grid(), Qt::Key_Delete);
         EXPECT_EQ(children(), left) << row;
     }
-    takeMessages();
     for (const auto& [row, message] :
          {std::pair{10, u"要因（子）が設定されてません"_s}, {0, u"削除行を選択して下さい"_s}}) {
         grid()->setCurrent(row, row == 0 ? 0 : 1);
-        click(editor, u"Command3");
-        EXPECT_EQ(takeMessages(), warning(editor, message));
+        EXPECT_EQ(told(editor, u"Command3"), warning(editor, message));
     }
     click(editor, u"Command1");
     EXPECT_TRUE(edges().endsWith(u" 1|1|19|9|0"));
@@ -242,9 +237,7 @@ TEST_F(StructureEditorTest, UnsavedChildrenAreNotDroppedWithoutAQuestion) {
     choose(editor, u"Combo1", 1);
     EXPECT_EQ(children(), QString());
     EXPECT_EQ(parents(), u"2"_s);
-    takeMessages();
-    click(editor, u"Command2");
-    EXPECT_EQ(takeMessages().size(), 0U);
+    EXPECT_EQ(told(editor, u"Command2").size(), 0U);
     EXPECT_TRUE(isOpen(u"登録メニュー"));
     EXPECT_FALSE(isOpen(editor));
 }
@@ -287,14 +280,11 @@ TEST_F(StructureEditorTest, TabGoesThroughTheControlsInReadingOrder) {
 TEST_F(StructureEditorTest, WhatCannotBeDoneIsTold) {
     Common::Forms.show(editor);
     EXPECT_EQ(takeMessages(), warning(editor, u"課題が未登録です。 課題登録を行ってください。"_s));
-    click(editor, u"Command1");
-    EXPECT_EQ(takeMessages(), warning(editor, u"課題を選択して下さい"_s));
+    EXPECT_EQ(told(editor, u"Command1"), warning(editor, u"課題を選択して下さい"_s));
     Common::Forms.unload(editor);
     open(2);
     run(u"DROP TABLE 構成表示"_s);
     save(1, {11});
-    const auto messages = takeMessages();
-    ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages.front().title, u"登録"_s);
+    EXPECT_EQ(takeMessages().at(0).title, u"登録"_s);
     EXPECT_EQ(edges(), u"1|1|11|1|0"_s);
 }

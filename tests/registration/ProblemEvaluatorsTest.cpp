@@ -14,8 +14,7 @@ class ProblemEvaluatorsTest : public RegistrationTest {
     // What is assigned after the action on the selected rows.
     QString act(const QList<int>& selected, QStringView button, const QString& asked) {
         select(screen, u"List1", selected);
-        click(button);
-        EXPECT_EQ(takeMessages(), question(screen, asked));
+        EXPECT_EQ(told(screen, button), question(screen, asked));
         return stored(u"SELECT * FROM 課題評価者 ORDER BY 課題番号,評価者番号"_s);
     }
 };

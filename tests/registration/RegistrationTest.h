@@ -46,8 +46,7 @@ class RegistrationTest : public ScreenTest {
         const QString before = stored(everything);
         for (const auto& [typed, button, text, focus] : refusals) {
             type(typed);
-            click(button);
-            EXPECT_EQ(takeMessages(), warning(title.toString(), text.toString()));
+            EXPECT_EQ(told(screen, button), warning(title.toString(), text.toString()));
             EXPECT_TRUE(hasFocus(screen, focus)) << text.toString().toStdString();
         }
         EXPECT_EQ(stored(everything), before);

@@ -1,22 +1,15 @@
 #include "support/PrintedPages.h"
 
-#include <QProcess>
 #include <QXmlStreamReader>
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
+#include "support/Helpers.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray outputOf(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
-        throw std::runtime_error(process.readAllStandardError().toStdString());
-    return process.readAllStandardOutput();
-}
 
 double millimetres(const QXmlStreamReader& xml, const QString& attribute) {
     return xml.attributes().value(attribute).toDouble() * 25.4 / 72;
@@ -41,8 +34,9 @@ QStringList PrintedPage::row(double y) const {
 }
 
 QList<PrintedPage> printedPages(const QString& pdfPath) {
-    const auto text = outputOf(u"pdftotext"_s, {u"-bbox"_s, pdfPath, u"-"_s});
-    QXmlStreamReader xml(text.mid(text.indexOf("<body>"))); // titles are not always well-formed
+    const auto [exitCode, text, errors] = runProgram(u"pdftotext"_s, {u"-bbox"_s, pdfPath, u"-"_s});
+    if (exitCode != 0) throw std::runtime_error(errors.toStdString());
+    QXmlStreamReader xml(text.mid(text.indexOf(u"<body>"))); // titles are not always well-formed
     QList<PrintedPage> pages;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement) continue;
@@ -55,11 +49,4 @@ QList<PrintedPage> printedPages(const QString& pdfPath) {
         }
     }
     return pages;
-}
-
-QStringList printedFonts(const QString& pdfPath) {
-    QStringList names;
-    for (const auto& line : QString::fromUtf8(outputOf(u"pdffonts"_s, {pdfPath})).split(u'\n').mid(2))
-        if (!line.isEmpty()) names.append(line.section(u' ', 0, 0));
-    return names;
 }

@@ -23,5 +23,3 @@ struct PrintedPage {
 };
 
 QList<PrintedPage> printedPages(const QString& pdfPath);
-// Names of the embedded fonts.
-QStringList printedFonts(const QString& pdfPath);

@@ -38,15 +38,16 @@ class RoundTest : public ScreenTest {
         Common::DbConn->endUnitOfWork();
     }
 
-    // What the user does on a report screen: the problem, the evaluators by row, PDF, the button.
-    void report(const QString& screen, const QList<int>& evaluatorRows) {
+    // What the user does on a report screen: the problem, the evaluators by row, PDF, the button. What the
+    // screen tells then.
+    std::vector<ShownMessage> report(const QString& screen, const QList<int>& evaluatorRows) {
         if (!isOpen(screen)) {
             Common::Forms.show(screen);
             if (screen != u"最終結果"_s) click(screen, u"Command17");
         }
         choose(screen, u"Combo1", 0);
         select(screen, u"List1", evaluatorRows);
-        click(screen, u"Command7");
+        return told(screen, u"Command7");
     }
     QStringList documents() const { return QDir(directory() + u"/file"_s).entryList({u"*.pdf"_s}); }
     // The rows of a document below its first one, which has the date, joined by " / ".

@@ -59,6 +59,12 @@ class ScreenTest : public ::testing::Test {
     bool isOpen(QStringView screen) { return Common::Forms.find(screen.toString()) != nullptr; }
     bool hasFocus(QStringView screen, QStringView name);
     void click(QStringView screen, QStringView button);
+    // The messages of one click.
+    std::vector<ShownMessage> told(QStringView screen, QStringView button) {
+        takeMessages();
+        click(screen, button);
+        return takeMessages();
+    }
     void type(QStringView screen, QStringView field, QStringView text);
     QString text(QStringView screen, QStringView field);
     // Chooses an entry of a list box or combo box as a user does.
