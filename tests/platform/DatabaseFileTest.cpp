@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -83,20 +82,6 @@ TEST_F(DatabaseFileTest, ACopyHoldsWhatIsDurableWhileTheProgramWrites) {
     Connection connection;
     openDatabaseFile(connection, path(u"copy.mdb"_s), password);
     EXPECT_EQ(Recordset(u"SELECT * FROM 要因"_s, connection).recordCount(), 300);
-}
-
-TEST_F(DatabaseFileTest, ANewFileNeverReplacesAnotherAndLeavesNothingBehind) {
-    {
-        NewFile late(path(u"b.mdb"_s));
-        writeWholeFile(late.temporaryPath(), "mine");
-        writeWholeFile(path(u"b.mdb"_s), "theirs");
-        EXPECT_THROW(late.publish(), RuntimeError);
-    }
-    EXPECT_EQ(bytesOf(path(u"b.mdb"_s)), "theirs");
-    EXPECT_THROW(NewFile(path(u"b.mdb"_s)), RuntimeError);
-    ASSERT_TRUE(QFile::link(path(u"nowhere"_s), path(u"link.mdb"_s)));
-    EXPECT_THROW(NewFile(path(u"link.mdb"_s)), RuntimeError);
-    EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"b.mdb"_s});
 }
 
 } // namespace

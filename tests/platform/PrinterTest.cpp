@@ -17,8 +17,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 class PrinterTest : public ::testing::Test {
   protected:
     PrinterTest() {
@@ -180,5 +178,3 @@ TEST_F(QueueTest, DocumentsGoToTheCurrentPrinterAndRefusalsAreErrors) {
     TearDown();
     EXPECT_EQ(raisedBy([&] { printOne({u"報告作成"_s, {}, {}}); }).number, 482);
 }
-
-} // namespace

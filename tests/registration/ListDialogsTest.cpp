@@ -3,8 +3,6 @@
 
 #include "registration/RegistrationTest.h"
 
-namespace {
-
 class ListDialogsTest : public RegistrationTest {
   protected:
     ListDialogsTest() {
@@ -76,5 +74,3 @@ TEST_F(ListDialogsTest, StandsWhereTheSettingsSay) {
     open(u"課題選択");
     EXPECT_EQ(Common::Forms.find(screen)->pos(), QPoint(200, 33));
 }
-
-} // namespace

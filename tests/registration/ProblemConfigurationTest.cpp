@@ -2,8 +2,6 @@
 
 #include "registration/RegistrationTest.h"
 
-namespace {
-
 class ProblemConfigurationTest : public RegistrationTest {
   protected:
     ProblemConfigurationTest() {
@@ -65,5 +63,3 @@ TEST_F(ProblemConfigurationTest, DoubleClickTakesWhatWasPicked) {
     Common::Forms.find(screen)->close();
     EXPECT_FALSE(isOpen(screen) || isOpen(u"課題候補表示"));
 }
-
-} // namespace

@@ -1,7 +1,5 @@
 #include "registration/RegistrationTest.h"
 
-namespace {
-
 class ProblemEvaluatorsTest : public RegistrationTest {
   protected:
     ProblemEvaluatorsTest() {
@@ -52,5 +50,3 @@ TEST_F(ProblemEvaluatorsTest, ReplacesAddsAndRemoves) {
     choose(screen, u"Combo1", 1);
     EXPECT_EQ(takeMessages(), warning(screen, u"評価者が登録されてません。"_s));
 }
-
-} // namespace

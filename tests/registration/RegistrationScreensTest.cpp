@@ -2,8 +2,6 @@
 #include "platform/TextConversion.h"
 #include "registration/RegistrationTest.h"
 
-namespace {
-
 class RegistrationScreensTest : public RegistrationTest {
   protected:
     RegistrationScreensTest() {
@@ -115,5 +113,3 @@ TEST_F(RegistrationScreensTest, ProblemsBecomeFactorsByChangeAndTheirListStaysOp
     EXPECT_FALSE(isOpen(screen) || isOpen(u"課題要因表示"));
     EXPECT_TRUE(isOpen(u"登録メニュー"));
 }
-
-} // namespace

@@ -12,8 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 // An application directory with the sample problem, and the program at work in it.
 class BatchTest : public testing::Test {
   protected:
@@ -90,5 +88,3 @@ TEST_F(BatchTest, NamedEvaluatorsAndActionsOnly) {
     EXPECT_EQ(Recordset(u"select * from 評価結果 where 評価者番号=4"_s, database).recordCount(), 75);
     EXPECT_EQ(screens(run(u"1 --evaluator 2 --print 分析出力 --print 個人結果"_s)), u"個人結果 分析出力"_s);
 }
-
-} // namespace

@@ -13,8 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 class DatabaseToolTest : public testing::Test {
   protected:
     QString path(const QString& name) const { return folder_.filePath(name); }
@@ -114,5 +112,3 @@ TEST_F(DatabaseToolTest, TheSampleProblemHasOneInconsistentEvaluatorAndASharedFa
                      .arg(findings[i].targetNo);
     EXPECT_EQ(found.join(u", "), u"4 12 32 35, 4 12 33 34, 4 12 34 36, 4 12 35 37, 4 14 -1 -1"_s);
 }
-
-} // namespace
