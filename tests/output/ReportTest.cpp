@@ -75,14 +75,6 @@ TEST_F(ReportTest, WidthsFollowTheCodePage) {
     EXPECT_EQ(PrintService::TextColumns(u"a評ｱ𠮷"_s), 6);
 }
 
-TEST_F(ReportTest, TheTargetChoosesThePrinterAndUnknownNamesLeaveIt) {
-    EXPECT_EQ(printer.DeviceName(), u"いきなりPDF 2"_s);
-    print.ToggleOutputTarget();
-    EXPECT_EQ(print.OutputTarget, u"印刷"_s);
-    print.ChooseReportPrinter(); // the office printer is not installed here
-    EXPECT_EQ(printer.DeviceName(), u"いきなりPDF 2"_s);
-}
-
 TEST_F(ReportTest, ThirteenColumnsAreLandscapeOnEveryPage) {
     for (const auto& [columns, lines, width] : {std::tuple{13, 27, 297}, {12, 40, 210}}) {
         print.SetUpPage(static_cast<qint16>(columns));

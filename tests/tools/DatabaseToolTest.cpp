@@ -3,11 +3,6 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-#include "core/Database.h"
-#include "evaluation/LocalWeights.h"
-#include "evaluation/Synthesis.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
 #include "platform/TextFile.h"
 #include "support/Helpers.h"
 
@@ -83,32 +78,4 @@ TEST_F(DatabaseToolTest, AFullDiskOrAReadOnlyFolderLeavesNoFile) {
     EXPECT_EQ(readOnly.exitCode, 1);
     EXPECT_TRUE(readOnly.errors.contains(u"ファイルを作成できません。")) << readOnly.errors.toStdString();
     EXPECT_EQ(createOnVolume(u"size=1m"_s).exitCode, 0);
-}
-
-// The figures were worked out apart from this program: eigenvectors by repeated squaring of the matrices,
-// overall weights by walking all paths.
-TEST_F(DatabaseToolTest, TheSampleProblemHasOneInconsistentEvaluatorAndASharedFactor) {
-    ASSERT_EQ(run(u"create a.mdb --sample"_s).exitCode, 0);
-    Connection connection;
-    openDatabaseFile(connection, path(u"a.mdb"_s));
-    InconsistencyList findings;
-    const QList<double> weights{1.3949, 0.3310, 0.3377, 0.6266, 0.7589}; // of factor 30, along two paths
-    for (qint32 evaluator = 1; evaluator <= 5; ++evaluator) {
-        ASSERT_EQ(calculateLocalWeights(connection, 1, evaluator, 1, findings), ComparisonData::Present);
-        synthesise(connection, 1, evaluator, 1);
-        const Recordset shared(
-            u"SELECT 評価値,総合評価値 FROM 評価結果 WHERE レベル = 2 AND 子要因番号 = 30 "
-            u"AND 評価者番号 = %1"_s.arg(evaluator),
-            connection);
-        EXPECT_EQ(shared[u"評価値"_s].toDouble(), 2);
-        EXPECT_NEAR(shared[u"総合評価値"_s].toDouble(), weights[evaluator - 1], 5e-5);
-    }
-    EXPECT_EQ(Recordset(u"SELECT * FROM 評価結果 WHERE レベル = 2"_s, connection).recordCount(), 5 * 30);
-    QStringList found;
-    for (int i = 0; i < findings.count(); ++i)
-        found << u"%1 %2 %3 %4"_s.arg(findings[i].evaluatorNo)
-                     .arg(findings[i].goalNo)
-                     .arg(findings[i].sourceNo)
-                     .arg(findings[i].targetNo);
-    EXPECT_EQ(found.join(u", "), u"4 12 32 35, 4 12 33 34, 4 12 34 36, 4 12 35 37, 4 14 -1 -1"_s);
 }
