@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "comparison/ComparisonScale.h"
 #include "output/ItemMark.h"
@@ -67,7 +68,7 @@ void 比較値設定::Form_Load() {
 }
 
 void 比較値設定::Command1_Click() {
-    if (!mayDiscardValues()) return;
+    if (!mayDiscardValues()) return showGoal();
     clearGrid();
     const int chosen = ui_->Combo1->currentIndex();
     if (chosen < 0) return refuseWithoutGoal();
@@ -86,7 +87,13 @@ void 比較値設定::refuseWithoutGoal() {
 
 // What was typed and not saved must not vanish by a slip of the hand.
 bool 比較値設定::mayDiscardValues() {
-    return !unsaved_ || confirm(u"保存されていない比較値があります。破棄しますか ？"_s);
+    return !unsaved_ || confirmDiscard(u"保存されていない比較値があります。破棄しますか ？"_s);
+}
+
+// The list shows the goal factor whose grid stands below, whatever was looked at in it meanwhile.
+void 比較値設定::showGoal() {
+    const auto goal = std::ranges::find(goals_, goalNo_);
+    if (goal != goals_.end()) ui_->Combo1->setCurrentIndex(static_cast<int>(goal - goals_.begin()));
 }
 
 void 比較値設定::clearGrid() {
@@ -130,6 +137,8 @@ void 比較値設定::MSFlexGrid1_Click(int row, int column) {
     chooser->show();
     chooser->setFocus();
     chooser->showPopup();
+    // Enter on a cell without a value must not choose the first entry, "9".
+    if (chooser->currentIndex() < 0) chooser->view()->setCurrentIndex({});
 }
 
 bool 比較値設定::isEntryCell(int row, int column) const {
@@ -162,6 +171,7 @@ void 比較値設定::Command2_Click() {
     replaceComparisons();
     DbConn->endUnitOfWork(); // only what is on the disk counts as saved
     unsaved_ = false;
+    showGoal();
     showProgress(u"登録しました。"_s);
 }
 
@@ -199,7 +209,7 @@ void 比較値設定::replaceComparisons() {
 }
 
 void 比較値設定::Command3_Click() {
-    if (unsaved_ && !confirm(u"保存されていない比較値があります。終了しますか ？"_s)) return;
+    if (unsaved_ && !confirmDiscard(u"保存されていない比較値があります。終了しますか ？"_s)) return;
     leaveTo(u"メニュー"_s);
 }
 

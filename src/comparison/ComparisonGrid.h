@@ -29,6 +29,7 @@ class 比較値設定 : public Screen {
     void CmbCell_Click(int position);
 
     bool mayDiscardValues();
+    void showGoal();
     void clearGrid();
     void refuseWithoutGoal();
     void readChildren(qint32 goalNo);

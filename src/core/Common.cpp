@@ -75,6 +75,11 @@ bool confirm(const QString& text) {
     return showMessage(MessageStyle::Question) == MessageAnswer::Yes;
 }
 
+bool confirmDiscard(const QString& text) {
+    MsgText = text;
+    return showMessage(MessageStyle::Discard) == MessageAnswer::Yes;
+}
+
 Value NullToZero(const Value& value) {
     return value.isNull() || value.isEmptyText() ? Value(0) : value;
 }

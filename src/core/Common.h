@@ -72,6 +72,8 @@ void refuse(const QString& text);
 void inform(const QString& text);
 // MsgText = text, asked with Yes and No under MsgTitle; true for Yes.
 bool confirm(const QString& text);
+// The same for a Yes that loses what the user has entered: Enter answers No.
+bool confirmDiscard(const QString& text);
 
 // The value, or 0 for null and "".
 Value NullToZero(const Value& value);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QLineEdit>
 
 #include "core/Actions.h"
 #include "core/Common.h"
@@ -33,10 +34,16 @@ class Screen : public Form {
                 [caption, procedure] { runAction(caption, procedure); });
     }
 
-    // Says what is wrong and puts the focus on the field to mend.
+    // The focus goes to the field, and what is typed next takes the place of its text.
+    static void goTo(QWidget* field) {
+        field->setFocus();
+        if (auto* text = qobject_cast<QLineEdit*>(field)) text->selectAll();
+    }
+
+    // Says what is wrong and goes to the field to mend.
     static void refuseAt(QWidget* field, const QString& text) {
         Common::refuse(text);
-        field->setFocus();
+        goTo(field);
     }
 
     // Leaves the screen: shows the menu, then closes the screen.

@@ -36,6 +36,7 @@ std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
 要因構成登録::要因構成登録()
     : Screen(u"要因構成登録"_s), ui_(layOut(this)), tree_(ui_->TreeView1, ui_->TreeView2) {
     setUpGrid();
+    ui_->Label6->setElideMode(Qt::ElideLeft); // the parent itself stands at the end of its path
     for (QObject* watched : std::initializer_list<QObject*>{ui_->MSFlexGrid1, ui_->List1, ui_->Text1,
                                                             ui_->TreeView1, ui_->TreeView2})
         watched->installEventFilter(this);
@@ -301,7 +302,7 @@ void 要因構成登録::Command2_Click() {
 
 // What was chosen and not saved must not vanish by a slip of the hand.
 bool 要因構成登録::mayDiscardChildren(const QString& question) {
-    return !unsaved_ || confirm(u"登録されていない要因（子）があります。"_s + question);
+    return !unsaved_ || confirmDiscard(u"登録されていない要因（子）があります。"_s + question);
 }
 
 void 要因構成登録::refuseChild(const RefusedChild& refused) {

@@ -19,6 +19,11 @@ ReportForm::ReportForm(const ReportFormOptions& options)
         widget->setVisible(options.hasEvaluators);
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label4), static_cast<QWidget*>(ui_->Command17)})
         widget->setVisible(options.printsReport);
+    for (QWidget* widget : std::initializer_list<QWidget*>{ui_->progress, ui_->progressText}) {
+        QSizePolicy policy = widget->sizePolicy();
+        policy.setRetainSizeWhenHidden(true); // the window keeps its size when the bar comes and goes
+        widget->setSizePolicy(policy);
+    }
     showProgressBar(false);
 
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });

@@ -3,7 +3,6 @@
 #include <sqlcipher/sqlite3.h>
 
 #include <QFileInfo>
-#include <QScopeGuard>
 
 #include "platform/SqlText.h"
 #include "platform/TextFile.h"
@@ -73,8 +72,9 @@ void Connection::endUnitOfWork(sqlite3* database) {
     if (sqlite3_get_autocommit(database) ||
         sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK)
         return;
-    const auto undo = qScopeGuard([=] { sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr); });
-    throw databaseError(database, u"データベースの処理に失敗しました。"_s);
+    const auto error = databaseError(database, u"データベースの処理に失敗しました。"_s);
+    sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+    throw RuntimeError(error);
 }
 
 Connection::Statement Connection::prepare(const QString& sql) {

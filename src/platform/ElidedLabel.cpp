@@ -20,6 +20,5 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
     painter.drawItemText(contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
-                         fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()),
-                         foregroundRole());
+                         fontMetrics().elidedText(text(), mode_, contentsRect().width()), foregroundRole());
 }

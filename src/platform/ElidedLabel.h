@@ -12,9 +12,14 @@ class ElidedLabel : public QLabel {
     using QLabel::QLabel;
 
     void setWholeText(const QString& text);
+    // Where "…" stands for what has no room; at the end unless another place is set.
+    void setElideMode(Qt::TextElideMode mode) { mode_ = mode; }
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override { return minimumSizeHint(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Qt::TextElideMode mode_ = Qt::ElideRight;
 };

@@ -12,9 +12,9 @@ MessageAnswer showBox(const QString& text, const QString& title, MessageStyle st
     box.setTextFormat(Qt::PlainText); // a name may look like markup
     box.setText(text);
     if (style == MessageStyle::Exclamation) box.setIcon(QMessageBox::Warning);
-    if (style == MessageStyle::Question) {
+    if (isQuestion(style)) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        box.setDefaultButton(QMessageBox::Yes);
+        box.setDefaultButton(style == MessageStyle::Discard ? QMessageBox::No : QMessageBox::Yes);
         box.setEscapeButton(QMessageBox::No);
     }
     switch (box.exec()) {
@@ -36,6 +36,6 @@ MessagePresenter desktopPresenter() {
 MessagePresenter consolePresenter() {
     return [](const QString& text, const QString& title, MessageStyle style) {
         QTextStream(stderr) << title << ": " << text << '\n';
-        return style == MessageStyle::Question ? MessageAnswer::Yes : MessageAnswer::Ok;
+        return isQuestion(style) ? MessageAnswer::Yes : MessageAnswer::Ok;
     };
 }

@@ -4,8 +4,14 @@
 #include <QString>
 #include <functional>
 
-enum class MessageStyle { Plain, Exclamation, Question }; // Question: Yes and No, without an icon
+// Question: Yes and No, without an icon. Discard: the same, but No is what Enter answers, since Yes loses
+// work.
+enum class MessageStyle { Plain, Exclamation, Question, Discard };
 enum class MessageAnswer { Ok, Yes, No };
+
+constexpr bool isQuestion(MessageStyle style) {
+    return style == MessageStyle::Question || style == MessageStyle::Discard;
+}
 
 // Shows the box and waits for the user's answer.
 using MessagePresenter =

@@ -56,7 +56,7 @@ void 評価者登録::Command1_Click() {
     if (!same.eof()) return refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addEvaluator(number);
-    ui_->Text1->setFocus();
+    goTo(ui_->Text1);
     Forms.unload(list());
 }
 

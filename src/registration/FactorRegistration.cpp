@@ -57,7 +57,7 @@ void FactorRegistration::Command1_Click() {
         return refuse(u"要因番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addFactor(number);
-    ui_->Text1->setFocus();
+    goTo(ui_->Text1);
     closeFactorList();
 }
 

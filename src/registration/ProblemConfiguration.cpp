@@ -51,7 +51,7 @@ void 課題構成登録::Command1_Click() {
     }
     if (!confirm(u"登録しますか ？"_s)) return;
     addProblem();
-    ui_->Text1->setFocus();
+    goTo(ui_->Text1);
 }
 
 bool 課題構成登録::problemCanBeConfigured() {

@@ -1,8 +1,6 @@
 // What the registration screens have in common: how a field is read and refused, and how the screen is left.
 #pragma once
 
-#include <QLineEdit>
-
 #include "core/Screen.h"
 
 class RegistrationScreen : public Screen {

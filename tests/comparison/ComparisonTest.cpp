@@ -189,6 +189,10 @@ TEST_F(ComparisonTest, TheKeyboardAloneFillsTheGrid) {
     EXPECT_EQ(std::pair(cells()->row(), cells()->column()), std::pair(2, 3));
     QTest::keyClick(cells(), Qt::Key_F2);
     EXPECT_TRUE(chooser()->isVisible());
+    QTest::keyClick(chooser()->view(), Qt::Key_Return); // nothing is chosen yet
+    EXPECT_EQ(cells()->text(2, 3), u""_s);
+    QTest::keyClick(cells(), Qt::Key_Return);
+    QTest::keyClick(chooser()->view(), Qt::Key_Down);
     QTest::keyClick(chooser()->view(), Qt::Key_End);
     QTest::keyClick(chooser()->view(), Qt::Key_Return);
     EXPECT_EQ(QStringList({cells()->text(1, 2), cells()->text(1, 3), cells()->text(2, 3)}),

@@ -37,7 +37,7 @@ ScreenTest::ScreenTest() {
     Common::DbConn->endUnitOfWork();
     Common::Presenter = [this](const QString& text, const QString& title, MessageStyle style) {
         shown_.push_back({title, text, style});
-        if (style != MessageStyle::Question) return MessageAnswer::Ok;
+        if (!isQuestion(style)) return MessageAnswer::Ok;
         if (answers.empty()) return MessageAnswer::Yes;
         const auto answer = answers.front();
         answers.pop_front();
