@@ -127,10 +127,11 @@ TEST_F(ReportTest, ALongMessageGoesOnAndACoveringLetterEndsItsPage) {
 TEST_F(ReportTest, FaultsOfTheFileNameTheirLineAndLeaveNothing) {
     for (const auto& [content, error] :
          {std::pair{"a\r\n~21~", 9}, {"a\r\n~99999999999~", 9}, {"a\r\nb~1", 5}, {"a\r\n~1~~", 5}}) {
+        const QString letter = messageFile(content);
         const auto raised = raisedBy([&] {
             printReport([&](ReportPage& page) {
                 page.row({u"r"_s});
-                page.coveringLetter(messageFile(content));
+                page.coveringLetter(letter);
             });
         });
         EXPECT_EQ(raised.number, error) << content;

@@ -67,7 +67,9 @@ TEST_F(RegistrationScreensTest, KeepsEveryTextAsTyped) {
     for (const auto& hurting : hurtingTexts)
         for (const auto& [table, number, record] :
              {std::tuple{u"要因"_s, u"8"_s, u"8|1|%1|%2"_s}, {u"評価者"_s, u"40000"_s, u"40000|%1|%2"_s}}) {
-            const auto last = [&] { return rows(u"SELECT * FROM %1 ORDER BY 1"_s.arg(table)).last(); };
+            const auto last = [this, table = table] {
+                return rows(u"SELECT * FROM %1 ORDER BY 1"_s.arg(table)).last();
+            };
             open(table + u"登録"_s);
             if (table == u"要因"_s) type({{u"Text2", u"1"}});
             type({{u"Text1", number}, {u"Text3", hurting}, {u"Text4", hurting}});
