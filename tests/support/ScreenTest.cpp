@@ -91,20 +91,22 @@ void ScreenTest::evaluators(const QList<int>& numbers) {
     }
 }
 
+double ScreenTest::scaleValue(const QString& text) {
+    return static_cast<double>(text.startsWith(u"1/") ? 1.0F / text.mid(2).toFloat() : text.toFloat());
+}
+
 void ScreenTest::compare(int goal, const QList<int>& children, const QString& scales, int evaluator,
                          int round) {
     const auto texts = scales.split(u' ');
     for (int source = 0, pair = 0; source < children.size(); ++source)
         for (int target = source + 1; target < children.size(); ++target, ++pair) {
-            const QString& text = texts[pair];
-            const float value = text.startsWith(u"1/") ? 1.0F / text.mid(2).toFloat() : text.toFloat();
             run(u"insert into 一対比較 values(1,%1,%2,%3,%4,%5,'2026/04/01',%6,%7)"_s.arg(goal)
                     .arg(children[source])
                     .arg(children[target])
                     .arg(evaluator)
                     .arg(round)
                     .arg(pair + 1)
-                    .arg(static_cast<double>(value), 0, 'g', 17));
+                    .arg(scaleValue(texts[pair]), 0, 'g', 17));
         }
 }
 

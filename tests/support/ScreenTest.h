@@ -44,8 +44,11 @@ class ScreenTest : public ::testing::Test {
     void structure(const QString& tree, int problem = 1);
     // Evaluators of problem 1, named 評価者1 and so on.
     void evaluators(const QList<int>& numbers);
+    // What the grid stores for a scale text such as "1/3".
+    static double scaleValue(const QString& text);
     // The upper triangle of a goal factor, row by row, as scale texts such as "3 1/5 1".
-    void compare(int goal, const QList<int>& children, const QString& scales, int evaluator, int round = 1);
+    void compare(int goal, const QList<int>& children, const QString& scales, int evaluator = 1,
+                 int round = 1);
 
     // A control of a loaded screen by its name; fails the test when there is none.
     template <typename Control = QWidget>
