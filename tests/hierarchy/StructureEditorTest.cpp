@@ -260,6 +260,16 @@ TEST_F(StructureEditorTest, FactorsAreFoundByNumberOrNameAndTakenByEnter) {
     EXPECT_EQ(list()->item(2)->text(), u"0005新しい"_s);
 }
 
+TEST_F(StructureEditorTest, ALongNameLeavesTheScreenItsSize) {
+    open(2);
+    save(1, {12, 11});
+    const int width = Common::Forms.find(editor)->minimumSizeHint().width();
+    run(u"UPDATE 要因 SET 要因名 = '%1' WHERE 要因番号 = 12"_s.arg(QString(400, u'A')));
+    choose(editor, u"Combo1", 0);
+    click(editor, u"Command4");
+    EXPECT_EQ(Common::Forms.find(editor)->minimumSizeHint().width(), width);
+}
+
 TEST_F(StructureEditorTest, TabGoesThroughTheControlsInReadingOrder) {
     open(2);
     auto* form = Common::Forms.find(editor);

@@ -160,6 +160,14 @@ TEST_F(ReportTest, TheHeadingStandsOnEveryPageAndRowsFillIt) {
     EXPECT_EQ(next, 70);
 }
 
+TEST_F(ReportTest, LongNamesLeaveRoomForWhatFollowsThem) {
+    heading.lines = {{QString(200, u'長'), u"様"_s}, {QString(200, u'題'), u"（3回）"_s}};
+    const auto page = printReport([](ReportPage& report) { report.row({u"r"_s}); })[0];
+    EXPECT_TRUE(page.row(6).value(0).endsWith(u"長…様"));
+    EXPECT_TRUE(page.row(12).value(0).endsWith(u"題…（3回）"));
+    EXPECT_LE(page.words[0].box.right(), 105);
+}
+
 TEST_F(ReportTest, CellsKeepTheirColumn) {
     const auto page = printReport([](ReportPage& page) {
         page.row({u"長い名前の要因は切る"_s, u"0.25"_s, u"10"_s});
@@ -188,6 +196,8 @@ TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
         const auto below = [](const auto& word) { return word.box.y() > 35; };
         EXPECT_EQ(std::ranges::count_if(pages[0].words, below), onFirstPage);
         EXPECT_GT(pages[onFirstPage == 34 ? 0 : 1].word(title).box.x(), 5);
+        // A group that goes over to another page says again whose it is.
+        EXPECT_EQ(pages.back().row(36).value(0) == title + u"（続き）"_s, rows == 40);
     }
     const auto group = printReport([](ReportPage& page) { // the last two of a long group stay together
         page.group(35);

@@ -78,6 +78,8 @@ TEST(TextConversion, WidthsAndCodePage) {
     EXPECT_EQ(toHalfWidth(u"ガＡ１　"_s), u"ｶﾞA1 "_s);
     EXPECT_EQ(leadingCharacters(u"𠮷野家"_s, 1), u"𠮷"_s);
     EXPECT_EQ(toCodePage(u"係数①"_s), QByteArray("\x8c\x57\x90\x94\x87\x40"));
+    EXPECT_EQ(toCodePage(u"\u301C\u2212"_s),
+              QByteArray("\x81\x60\x81\x7c")); // as the input method writes 〜 and −
     EXPECT_EQ(raisedBy([] { toCodePage(u"𠮷"_s); }).number, 5);
     EXPECT_EQ(fromFileBytes(toCodePage(u"前略～"_s)), u"前略～"_s);
     EXPECT_EQ(fromFileBytes(QByteArray("\xef\xbb\xbf") + u"前略"_s.toUtf8()), u"前略"_s);

@@ -49,6 +49,18 @@ TEST_F(ProblemConfigurationTest, RegistersChangesAndShows) {
     EXPECT_EQ(stored(u"SELECT * FROM 課題 ORDER BY 課題番号"_s),
               u"1|1|3|7|2 2|-1|0|0|100000 5|-1|4|0|100000"_s);
     EXPECT_EQ(fields(), u"|課題二||||"_s);
+
+    // Whole numbers only: what no screen could read again is refused, fractions are rounded to the even
+    // neighbour.
+    type({{u"Text1", u"1"},
+          {u"Text2", u"0"},
+          {u"Text3", u"3000000000"},
+          {u"Text4", u"2.5"},
+          {u"Text5", u"1"}});
+    EXPECT_EQ(told(screen, u"Command2"), warning(u"変更"_s, u"オーバーフローしました。"_s));
+    type({{u"Text3", u"3"}});
+    click(u"Command2");
+    EXPECT_EQ(stored(u"SELECT * FROM 課題 WHERE 課題番号=1"_s), u"1|0|3|2|1"_s);
 }
 
 TEST_F(ProblemConfigurationTest, DoubleClickTakesWhatWasPicked) {
