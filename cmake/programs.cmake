@@ -9,7 +9,8 @@ function(hollin_program name)
   install(TARGETS ${name} RUNTIME DESTINATION .)
 endfunction()
 
-hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp LIBRARIES hollin_registration hollin_analysis)
+hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp
+               RESOURCES src/hollin.qrc LIBRARIES hollin_registration hollin_analysis)
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
                RESOURCES src/tools/tools.qrc LIBRARIES hollin_comparison)
 hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis)
@@ -23,7 +24,7 @@ add_custom_target(
 install(CODE "set(DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")\nset(SHARE \"${CMAKE_SOURCE_DIR}/share\")")
 install(SCRIPT cmake/program_directory.cmake)
 install(SCRIPT cmake/delivered_database.cmake)
-install(FILES share/hollin.desktop share/hollin.svg README.md DESTINATION .)
+install(FILES share/hollin.desktop share/hollin.svg share/hollin.png README.md DESTINATION .)
 
 # An archive that is unpacked anywhere and run.
 set(CPACK_GENERATOR TGZ)

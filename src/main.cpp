@@ -1,6 +1,7 @@
 // Starts the program: fonts, translator, the table of screens, メニュー.
 #include <QApplication>
 #include <QDesktopServices>
+#include <QIcon>
 #include <QUrl>
 
 #include "ScreenTable.h"
@@ -16,6 +17,7 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Hollin"_s);
     QApplication::setQuitOnLastWindowClosed(false); // the last form that unloads ends the program
+    QApplication::setWindowIcon(QIcon(u":/hollin.png"_s));
     installFontSubstitutions();
     QApplication::setFont(QFont(u"ＭＳ Ｐゴシック"_s, 11));
 
