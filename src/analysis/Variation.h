@@ -18,5 +18,6 @@ QString gradeLetter(double variation);
 constexpr int valueClasses = 7;
 // How many of the values stand in each seventh of their range; the largest one in the last, all in the
 // middle one when they do not differ. Positions in the range are rounded to the nearest class, halves to the
-// even one, so class 0 is half as wide as the others and class 6 half as wide again. `minimum` and `maximum` are those of the values.
+// even one, so class 0 is half as wide as the others and class 6 half as wide again. `minimum` and `maximum`
+// are those of the values.
 std::array<int, valueClasses> classCounts(const std::vector<double>& values, double minimum, double maximum);
