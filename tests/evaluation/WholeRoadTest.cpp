@@ -1,4 +1,5 @@
 // From the delivered database to results, through the screens only.
+#include <QListWidget>
 #include <QTest>
 
 #include "platform/FlexGrid.h"
