@@ -3,6 +3,7 @@
 #include "analysis/FactorValues.h"
 #include "analysis/Variation.h"
 #include "core/Common.h"
+#include "hierarchy/FamilyRows.h"
 #include "hierarchy/NumberHierarchy.h"
 #include "output/FactorNames.h"
 #include "output/ReportPage.h"
@@ -89,9 +90,9 @@ Analysis analyse() {
     return analysis;
 }
 
-QStringList cells(const QString& name, const FactorValues& factor) {
+QStringList figures(const QString& name, const FactorValues& factor) {
     const Statistics& group = factor.statistics;
-    QStringList cells{name};
+    QStringList cells;
     for (const double figure : {group.minimum(), group.maximum(), group.mean(),
                                 group.deviation(negligibleVariance), group.geometricMean(name)})
         cells << formatNumber(figure, u"0.0000"_s);
@@ -102,19 +103,12 @@ QStringList cells(const QString& name, const FactorValues& factor) {
     return cells;
 }
 
-void printTree(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& tree) {
-    for (std::size_t begin = 0; begin < tree.size();) {
-        const auto end = familyEnd(tree, begin);
-        const int level = tree[begin].place.level;
-        page.group(static_cast<int>(end - begin), names[tree[begin].place.parentNo], 2 * (level - 1));
-        for (; begin < end; ++begin)
-            page.row(cells(names[tree[begin].place.factorNo], tree[begin]), 2 * level);
-    }
-}
-
 void printTotals(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& totals) {
     page.newTable(u"総合評価値（最終レベル）"_s, allColumns(), static_cast<int>(totals.size()));
-    for (const auto& factor : totals) page.row(cells(names[factor.place.factorNo], factor));
+    for (const auto& factor : totals) {
+        const QString name = names[factor.place.factorNo];
+        page.row(QStringList{name} + figures(name, factor));
+    }
 }
 
 // The names where they all have room.
@@ -130,7 +124,9 @@ void printAnalysis(PrintService& print, const Analysis& analysis) {
     const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, RoundCount),
                                    evaluatorLine(analysis.evaluators)};
     ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
-    printTree(page, names, analysis.tree);
+    printFamilies(page, names, analysis.tree, [&names](const FactorValues& factor) {
+        return figures(names[factor.place.factorNo], factor);
+    });
     printTotals(page, names, analysis.totals);
     page.finish();
 }

@@ -40,16 +40,6 @@ bool hasTotals(qint32 evaluatorNo) {
                 .eof();
 }
 
-// The first chosen evaluator without overall weights is told.
-bool allHaveTotals(const ReportSelection& selection) {
-    for (int index = 0; index < EvaluatorCount; ++index) {
-        if (hasTotals(EvaluatorNos[index])) continue;
-        refuseMissing(selection, selection.evaluatorEntries[index], u"評価回数"_s, u"評価結果"_s);
-        return false;
-    }
-    return true;
-}
-
 // Value and rank of the evaluator: the values come in descending order. Blank where there is no value.
 QStringList ownCells(const FactorValues& factor, qint32 evaluatorNo) {
     const auto found = std::ranges::find(factor.values, evaluatorNo, &EvaluatorValue::evaluatorNo);
@@ -86,7 +76,7 @@ void printFactors(ReportPage& page, FactorNames& names, const std::vector<Factor
 } // namespace
 
 bool MakeGroupReport(PrintService& print, const ReportSelection& selection, const Progress& progress) {
-    if (!takeSelection(selection) || !allHaveTotals(selection)) return false;
+    if (!takeSelection(selection) || !allHaveResults(selection, hasTotals)) return false;
     progress(0, EvaluatorCount, {});
     FillGroupTable(*DbConn, ProblemNo, RoundCount);
     for (int index = 0; index < EvaluatorCount; ++index) {

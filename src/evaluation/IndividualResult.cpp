@@ -4,6 +4,7 @@
 
 #include "core/Common.h"
 #include "evaluation/ComparisonTable.h"
+#include "hierarchy/FamilyRows.h"
 #include "hierarchy/NumberHierarchy.h"
 #include "hierarchy/TreePlace.h"
 #include "output/FactorNames.h"
@@ -45,16 +46,6 @@ bool hasResults(qint32 evaluatorNo) {
                           .arg(evaluatorNo),
                       *DbConn)
                 .eof();
-}
-
-// The first chosen evaluator without results is told.
-bool allHaveResults(const ReportSelection& selection) {
-    for (int index = 0; index < EvaluatorCount; ++index) {
-        if (hasResults(EvaluatorNos[index])) continue;
-        refuseMissing(selection, selection.evaluatorEntries[index], u"評価回数"_s, u"評価結果"_s);
-        return false;
-    }
-    return true;
 }
 
 std::vector<TreeRow> readTree(const QString& sql, const QHash<double, int>& levels) {
@@ -116,15 +107,9 @@ IndividualResult collect(qint32 evaluatorNo, bool showValues, const QHash<double
 }
 
 void printTree(ReportPage& page, FactorNames& names, const std::vector<TreeRow>& tree) {
-    for (std::size_t begin = 0; begin < tree.size();) {
-        const auto end = familyEnd(tree, begin);
-        const int level = tree[begin].place.level;
-        page.group(static_cast<int>(end - begin), names[tree[begin].place.parentNo], 2 * (level - 1));
-        for (; begin < end; ++begin)
-            page.row({names[tree[begin].place.factorNo], formatNumber(tree[begin].value, u"0.####"_s),
-                      formatNumber(tree[begin].cumulative, u"0.####"_s)},
-                     2 * level);
-    }
+    printFamilies(page, names, tree, [](const TreeRow& row) {
+        return QStringList{formatNumber(row.value, u"0.####"_s), formatNumber(row.cumulative, u"0.####"_s)};
+    });
 }
 
 void printComparisons(ReportPage& page, FactorNames& names, const ComparisonTable& table) {
@@ -161,7 +146,7 @@ void printOne(PrintService& print, FactorNames& names, qint32 evaluatorNo, const
 
 bool PrintIndividualResult(PrintService& print, const ReportSelection& selection, bool showValues,
                            const Progress& progress) {
-    if (!takeSelection(selection) || !allHaveResults(selection)) return false;
+    if (!takeSelection(selection) || !allHaveResults(selection, hasResults)) return false;
     NumberHierarchy(*DbConn, ProblemNoText, 1);
     copyToWorkfac(*DbConn);
     const auto levels = levelsByKey(*DbConn);

@@ -13,7 +13,7 @@ ReportForm::ReportForm(const ReportFormOptions& options)
     setWindowTitle(options.name);
     ui_->CommandAction->setObjectName(options.actionControl);
     ui_->CommandAction->setText(options.actionCaption);
-    ui_->CommandAction->setShortcut(Qt::ALT | Qt::Key_S); // setText takes away the one of the form file
+    ui_->CommandAction->setShortcut(Qt::ALT | Qt::Key_S); // after setText, which takes a shortcut away
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label2), static_cast<QWidget*>(ui_->List1),
                             static_cast<QWidget*>(ui_->Command1)})
         widget->setVisible(options.hasEvaluators);

@@ -93,6 +93,15 @@ bool takeProblemAndRound(const ReportSelection& selection) {
     return CheckProblemChosen() && CheckRoundChosen();
 }
 
+bool allHaveResults(const ReportSelection& selection, const std::function<bool(qint32)>& hasResults) {
+    for (int index = 0; index < EvaluatorCount; ++index) {
+        if (hasResults(EvaluatorNos[index])) continue;
+        refuseMissing(selection, selection.evaluatorEntries[index], u"評価回数"_s, u"評価結果"_s);
+        return false;
+    }
+    return true;
+}
+
 void refuseMissing(const ReportSelection& selection, const QString& evaluatorEntry, const QString& roundWord,
                    const QString& tableName) {
     refuse(u"設定された条件、課題：%1 %2:%3 評価者:%4は%5に存在しません"_s.arg(

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 class Connection;
 
@@ -31,6 +32,10 @@ QString evaluatorName(Connection& connection, qint32 evaluatorNo);
 bool takeSelection(const ReportSelection& selection);
 // The same for what is made of all evaluators of the round.
 bool takeProblemAndRound(const ReportSelection& selection);
+
+// Whether all chosen evaluators (EvaluatorNos) have what the report needs. The first who has not is refused.
+bool allHaveResults(const ReportSelection& selection,
+                    const std::function<bool(qint32 evaluatorNo)>& hasResults);
 
 // The refusal of a report: "設定された条件、課題：… 評価回数:… 評価者:…は評価結果に存在しません", with the
 // words that stand for the round and for the table.

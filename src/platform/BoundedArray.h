@@ -13,7 +13,6 @@ class BoundedArray {
     const T& operator[](long long index) const { return items_[checked(index)]; }
 
     static constexpr std::size_t size() { return Size; }
-    void fill(const T& value) { items_.fill(value); }
 
   private:
     static std::size_t checked(long long index) {

@@ -20,7 +20,6 @@ class Form : public QWidget {
 
     // Hides the window for good; the owner then discards the instance.
     void unload();
-    bool isUnloading() const { return unloading_; }
 
     // left = (screen width − form width) / 2, top likewise, in one move.
     void centre();
