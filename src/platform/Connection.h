@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/DatabaseEngine.h"
+#include "platform/Value.h"
 
 struct sqlite3_stmt;
 
@@ -41,6 +42,7 @@ class Connection {
 
   private:
     friend class Recordset;
+    friend void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
     struct StatementCloser {
         void operator()(sqlite3_stmt* statement) const;
     };

@@ -120,3 +120,14 @@ qint32 readNumber(const QString& sql, Connection& connection) {
     const Recordset row(sql, connection);
     return row.field(row.fieldNames().first()).toLong();
 }
+
+void addRecord(Connection& connection, const QString& table, const NamedValues& fields) {
+    QStringList columns;
+    for (const auto& [name, value] : fields) columns << u'"' + name + u'"';
+    const QString parameters = QStringList(columns.size(), u"?"_s).join(u',');
+    const auto statement = connection.prepare(
+        u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, columns.join(u','), parameters));
+    int parameter = 0;
+    for (const auto& [name, value] : fields) bindValue(statement.get(), ++parameter, value);
+    connection.step(statement);
+}

@@ -13,6 +13,10 @@ class Connection;
 // The whole number that a statement with one row and one field gives.
 qint32 readNumber(const QString& sql, Connection& connection);
 
+// Adds one record to a table: columns that are not named stay null. Raises a database error for a table or a
+// column that does not exist.
+void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
+
 class Recordset {
   public:
     // `source` is a SELECT statement, or the bare name of a table that rows are to be added to.

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <utility>
 #include <variant>
+#include <vector>
 
 class Value {
   public:
@@ -31,3 +33,6 @@ class Value {
   private:
     std::variant<std::monostate, qint64, double, QString> content_;
 };
+
+// Values of a record by the names of their columns.
+using NamedValues = std::vector<std::pair<QString, Value>>;

@@ -5,8 +5,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <initializer_list>
-#include <utility>
 #include <vector>
 
 #include "comparison/ComparisonScale.h"
@@ -20,12 +18,6 @@ namespace {
 
 using Children = std::vector<int>;
 using Structure = QHash<int, Children>; // parent → children in display order
-
-void addRow(Recordset& table, std::initializer_list<std::pair<QString, Value>> fields) {
-    table.addNew();
-    for (const auto& [name, value] : fields) table.setField(name, value);
-    table.update();
-}
 
 [[noreturn]] void reject(const QString& what) {
     throw RuntimeError(ErrorCode::TypeMismatch, u"課題のデータが不正です。%1"_s.arg(what));
@@ -41,24 +33,24 @@ Structure readStructure(const QJsonArray& parents) {
 }
 
 void addFactors(Connection& connection, const QJsonArray& factors) {
-    Recordset table(u"要因"_s, connection);
     for (const auto factor : factors)
-        addRow(table, {{u"要因番号"_s, factor[u"number"].toInt()},
-                       {u"要因区分"_s, factor[u"class"].toInt()},
-                       {u"要因名"_s, factor[u"name"].toString()},
-                       {u"要因内容"_s, factor[u"description"].toString()}});
+        addRecord(connection, u"要因"_s,
+                  {{u"要因番号"_s, factor[u"number"].toInt()},
+                   {u"要因区分"_s, factor[u"class"].toInt()},
+                   {u"要因名"_s, factor[u"name"].toString()},
+                   {u"要因内容"_s, factor[u"description"].toString()}});
 }
 
 void addStructure(Connection& connection, int problemNo, const Structure& structure) {
-    Recordset table(u"要因構成"_s, connection);
     for (const auto& [parent, children] : structure.asKeyValueRange()) {
         int order = 0;
         for (const int child : children)
-            addRow(table, {{u"課題番号"_s, problemNo},
-                           {u"親要因番号"_s, parent},
-                           {u"子要因番号"_s, child},
-                           {u"子要因表示順"_s, ++order},
-                           {u"子作成済"_s, structure.contains(child) ? u"1"_s : u"0"_s}});
+            addRecord(connection, u"要因構成"_s,
+                      {{u"課題番号"_s, problemNo},
+                       {u"親要因番号"_s, parent},
+                       {u"子要因番号"_s, child},
+                       {u"子要因表示順"_s, ++order},
+                       {u"子作成済"_s, structure.contains(child) ? u"1"_s : u"0"_s}});
     }
 }
 
@@ -81,37 +73,37 @@ std::vector<double> readMatrix(const QJsonArray& rows, qsizetype n) {
     return values;
 }
 
-void addComparisons(Recordset& table, int problemNo, const QJsonObject& evaluator, const QJsonObject& matrix,
-                    const Children& children) {
+void addComparisons(Connection& connection, int problemNo, const QJsonObject& evaluator,
+                    const QJsonObject& matrix, const Children& children) {
     const auto values = readMatrix(matrix[u"rows"].toArray(), static_cast<qsizetype>(children.size()));
     int order = 0;
     for (std::size_t source = 0; source + 1 < children.size(); ++source)
         for (std::size_t target = source + 1; target < children.size(); ++target, ++order)
-            addRow(table, {{u"課題番号"_s, problemNo},
-                           {u"目的要因番号"_s, matrix[u"goal"].toInt()},
-                           {u"比較元要因番号"_s, children[source]},
-                           {u"比較対象要因番号"_s, children[target]},
-                           {u"評価者番号"_s, evaluator[u"number"].toInt()},
-                           {u"比較回数"_s, 1},
-                           {u"比較日付"_s, evaluator[u"date"].toString()},
-                           {u"比較表示順"_s, order + 1},
-                           {u"比較値"_s, values[static_cast<std::size_t>(order)]}});
+            addRecord(connection, u"一対比較"_s,
+                      {{u"課題番号"_s, problemNo},
+                       {u"目的要因番号"_s, matrix[u"goal"].toInt()},
+                       {u"比較元要因番号"_s, children[source]},
+                       {u"比較対象要因番号"_s, children[target]},
+                       {u"評価者番号"_s, evaluator[u"number"].toInt()},
+                       {u"比較回数"_s, 1},
+                       {u"比較日付"_s, evaluator[u"date"].toString()},
+                       {u"比較表示順"_s, order + 1},
+                       {u"比較値"_s, values[static_cast<std::size_t>(order)]}});
 }
 
 void addEvaluators(Connection& connection, int problemNo, const QJsonArray& evaluators,
                    const Structure& structure) {
-    Recordset masters(u"評価者"_s, connection);
-    Recordset assigned(u"課題評価者"_s, connection);
-    Recordset comparisons(u"一対比較"_s, connection);
     for (const auto entry : evaluators) {
         const auto evaluator = entry.toObject();
         const int number = evaluator[u"number"].toInt();
-        addRow(masters, {{u"評価者番号"_s, number},
-                         {u"評価者氏名"_s, evaluator[u"name"].toString()},
-                         {u"所属部門"_s, evaluator[u"department"].toString()}});
-        addRow(assigned, {{u"課題番号"_s, problemNo}, {u"評価者番号"_s, number}, {u"役割"_s, u""_s}});
+        addRecord(connection, u"評価者"_s,
+                  {{u"評価者番号"_s, number},
+                   {u"評価者氏名"_s, evaluator[u"name"].toString()},
+                   {u"所属部門"_s, evaluator[u"department"].toString()}});
+        addRecord(connection, u"課題評価者"_s,
+                  {{u"課題番号"_s, problemNo}, {u"評価者番号"_s, number}, {u"役割"_s, u""_s}});
         for (const auto matrix : evaluator[u"comparisons"].toArray())
-            addComparisons(comparisons, problemNo, evaluator, matrix.toObject(),
+            addComparisons(connection, problemNo, evaluator, matrix.toObject(),
                            structure[matrix[u"goal"].toInt()]);
     }
 }
@@ -132,12 +124,12 @@ void addProblem(Connection& connection, const QByteArray& json) {
     const int problemNo = problem[u"number"].toInt();
     const auto structure = readStructure(document[u"structure"].toArray());
     addFactors(connection, document[u"factors"].toArray());
-    Recordset problems(u"課題"_s, connection);
-    addRow(problems, {{u"課題番号"_s, problemNo},
-                      {u"課題区分"_s, problem[u"class"].toInt()},
-                      {u"構成レベル"_s, problem[u"levels"].toInt()},
-                      {u"最大分岐数"_s, problem[u"branches"].toInt()},
-                      {u"比較回数"_s, problem[u"rounds"].toInt()}});
+    addRecord(connection, u"課題"_s,
+              {{u"課題番号"_s, problemNo},
+               {u"課題区分"_s, problem[u"class"].toInt()},
+               {u"構成レベル"_s, problem[u"levels"].toInt()},
+               {u"最大分岐数"_s, problem[u"branches"].toInt()},
+               {u"比較回数"_s, problem[u"rounds"].toInt()}});
     addStructure(connection, problemNo, structure);
     addEvaluators(connection, problemNo, document[u"evaluators"].toArray(), structure);
 }
