@@ -31,6 +31,7 @@ void forEachPair(int n, Visit visit) {
 
 比較値設定::比較値設定() : Screen(u"比較値設定"_s), ui_(std::make_unique<Ui::ComparisonGrid>()) {
     ui_->setupUi(this);
+    addStatusLine();
     ui_->MSFlexGrid1->setSize(gridSize, gridSize);
     ui_->MSFlexGrid1->horizontalHeader()->setDefaultSectionSize(cellWidth);
     ui_->MSFlexGrid1->setCellAlignment(Qt::AlignCenter);

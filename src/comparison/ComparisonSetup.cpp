@@ -11,6 +11,7 @@ using namespace Common;
 
 比較者設定::比較者設定() : Screen(u"比較者設定"_s), ui_(std::make_unique<Ui::ComparisonSetup>()) {
     ui_->setupUi(this);
+    addStatusLine();
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onAction(ui_->Command1, u"開始"_s, [this] { Command1_Click(); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { Command2_Click(); });

@@ -18,6 +18,8 @@ class 比較者設定 : public Screen {
     void Form_Load() override;
 
   private:
+    bool hasInput() const override { return false; } // choices, quickly made again
+
     void end() override { Command2_Click(); }
     void Combo1_Click();
     void Command1_Click();

@@ -33,6 +33,7 @@ qint16 EvaluatorLoadFailed = 0;
 qint32 StructProblemNo = 0;
 std::vector<NumberedName> StructList;
 MessagePresenter Presenter = consolePresenter();
+std::function<void(const QString&)> HelpPresenter = [](const QString&) {};
 ReportPrinter Printer;
 Screens Forms;
 

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -51,9 +52,10 @@ extern qint16 EvaluatorLoadFailed;
 extern qint32 StructProblemNo;
 extern std::vector<NumberedName> StructList;
 
-// What the program shows with: who presents message boxes, the printer that stays selected for the whole run,
-// and the open forms.
+// What the program shows with: who presents message boxes and the manual, the printer that stays selected for
+// the whole run, and the open forms.
 extern MessagePresenter Presenter;
+extern std::function<void(const QString& screen)> HelpPresenter; // opens the manual at a screen's section
 extern ReportPrinter Printer;
 extern Screens Forms;
 

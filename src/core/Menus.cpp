@@ -1,5 +1,6 @@
 #include "core/Menus.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
@@ -78,6 +79,10 @@ void メニュー::Form_Load() {
 void メニュー::end() {
     Common::DbConn->close();
     Common::Forms.unload(name());
+}
+
+void メニュー::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Escape) Menu::keyPressEvent(event);
 }
 
 登録メニュー::登録メニュー() : Menu(u"登録メニュー"_s, registrationEntries) {}

@@ -31,6 +31,8 @@ class メニュー : public Menu {
 
   protected:
     void end() override;
+    // Esc, pressed once too often on the way back, must not end the program.
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 // Registration menu.

@@ -1,4 +1,5 @@
-// Base of the program's screens: how their controls are tied to event procedures.
+// Base of the program's screens: how their controls are tied to event procedures, what their status line
+// says, the keys that all of them know.
 #pragma once
 
 #include <QAbstractButton>
@@ -8,6 +9,8 @@
 #include "core/Common.h"
 #include "core/Screens.h"
 #include "platform/Form.h"
+
+class ElidedLabel;
 
 class Screen : public Form {
   public:
@@ -30,9 +33,24 @@ class Screen : public Form {
     // Ties a button to an action procedure whose errors are shown under `caption`.
     template <typename Procedure>
     void onAction(QAbstractButton* button, const QString& caption, Procedure procedure) {
-        connect(button, &QAbstractButton::clicked, this,
-                [caption, procedure] { runAction(caption, procedure); });
+        connect(button, &QAbstractButton::clicked, this, [this, caption, procedure] {
+            clearStatus();
+            if (!runAction(caption, procedure)) say(caption + QStringLiteral("できませんでした。"), true);
+        });
     }
+
+    // Where the status line stands: at the screen's lower edge, or the label given, which is laid out
+    // already. A screen without one says nothing.
+    void addStatusLine(ElidedLabel* line = nullptr);
+    // What the last action did; `warns` sets off what the user should look at. Each action clears it first.
+    void say(const QString& text, bool warns = false);
+    void clearStatus() { say({}); }
+
+    // Whether leaving would lose what was typed without a question: then Esc does not leave.
+    virtual bool hasInput() const;
+
+    // F1 opens the manual at this screen's section, Esc leaves.
+    void keyPressEvent(QKeyEvent* event) override;
 
     // The focus goes to the field, and what is typed next takes the place of its text.
     static void goTo(QWidget* field) {
@@ -51,4 +69,7 @@ class Screen : public Form {
         Common::Forms.show(menu);
         Common::Forms.unload(name());
     }
+
+  private:
+    ElidedLabel* status_ = nullptr;
 };

@@ -310,12 +310,6 @@ void 要因構成登録::refuseChild(const RefusedChild& refused) {
     ui_->MSFlexGrid1->setCurrent(refused.row, factorColumn);
 }
 
-// What was done last, under the pages.
-void 要因構成登録::say(const QString& note, bool warns) {
-    ui_->Label8->setText(note);
-    ui_->Label8->setStyleSheet(warns ? u"color: #b00020;"_s : QString());
-}
-
 bool 要因構成登録::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return Screen::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();

@@ -22,6 +22,8 @@ class 要因構成登録 : public Screen {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    bool hasInput() const override { return false; } // leaving asks itself
+
     void Combo1_Click();
     void Combo2_Click();
     void List1_DblClick();
@@ -54,7 +56,6 @@ class 要因構成登録 : public Screen {
     void showChildren();
     void showChild(int row);
     void showPosition();
-    void say(const QString& note, bool warns = false);
     void refuseChild(const RefusedChild& refused);
     void finishSave(std::size_t saved);
     bool mayDiscardChildren(const QString& question);

@@ -10,6 +10,7 @@ using namespace Common;
 ReportForm::ReportForm(const ReportFormOptions& options)
     : Screen(options.name), print_(Printer), options_(options), ui_(std::make_unique<Ui::ReportForm>()) {
     ui_->setupUi(this);
+    addStatusLine();
     setWindowTitle(options.name);
     ui_->CommandAction->setObjectName(options.actionControl);
     ui_->CommandAction->setText(options.actionCaption);

@@ -1,6 +1,7 @@
 #include "platform/ElidedLabel.h"
 
 #include <QStylePainter>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +15,8 @@ void ElidedLabel::setWholeText(const QString& text) {
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-    return {0, QLabel::minimumSizeHint().height()};
+    return {0,
+            std::max(QLabel::minimumSizeHint().height(), fontMetrics().height())}; // empty, it keeps its room
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {

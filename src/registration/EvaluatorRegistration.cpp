@@ -24,6 +24,7 @@ QString proposedNumber() {
     : RegistrationScreen(u"評価者登録"_s, u"評価者表示"_s),
       ui_(std::make_unique<Ui::EvaluatorRegistration>()) {
     ui_->setupUi(this);
+    addStatusLine();
     onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"変更"_s, [this] { Command2_Click(); });
     onAction(ui_->Command3, u"表示"_s, [this] { Command3_Click(); });

@@ -33,6 +33,7 @@ FactorRegistration::FactorRegistration(const FactorScreenKind& kind)
       kind_(kind),
       ui_(std::make_unique<Ui::FactorRegistration>()) {
     ui_->setupUi(this);
+    addStatusLine();
     setWindowTitle(name());
     ui_->Label1->setText(kind.numberLabel.toString());
     onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });

@@ -13,6 +13,7 @@ using namespace Common;
     : RegistrationScreen(u"課題構成登録"_s, u"課題候補表示"_s),
       ui_(std::make_unique<Ui::ProblemConfiguration>()) {
     ui_->setupUi(this);
+    addStatusLine();
     ui_->Text1->installEventFilter(this);
     onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"変更"_s, [this] { Command2_Click(); });

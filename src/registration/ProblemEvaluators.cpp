@@ -22,6 +22,7 @@ void showEntries(QListWidget* list, const std::vector<NumberedName>& evaluators)
 課題評価者登録::課題評価者登録()
     : RegistrationScreen(u"課題評価者登録"_s), ui_(std::make_unique<Ui::ProblemEvaluators>()) {
     ui_->setupUi(this);
+    addStatusLine();
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"追加"_s, [this] { Command2_Click(); });

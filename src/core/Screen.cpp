@@ -1,0 +1,60 @@
+#include "core/Screen.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "platform/ElidedLabel.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int lowerMargin = 10; // pixels between the status line and the frame
+
+} // namespace
+
+void Screen::addStatusLine(ElidedLabel* line) {
+    status_ = line != nullptr ? line : new ElidedLabel;
+    status_->setObjectName(u"Status"_s);
+    if (line != nullptr) return;
+    status_->setTextFormat(Qt::PlainText);
+    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    auto* page = qobject_cast<QVBoxLayout*>(layout());
+    // What has no use for more height stays together when the window is enlarged.
+    if (!page->expandingDirections().testFlag(Qt::Vertical)) page->addStretch();
+    page->addWidget(status_);
+    QMargins margins = page->contentsMargins();
+    margins.setBottom(std::min(margins.bottom(), lowerMargin));
+    page->setContentsMargins(margins);
+}
+
+void Screen::say(const QString& text, bool warns) {
+    if (status_ == nullptr) return;
+    QFont font = status_->font();
+    font.setBold(warns);
+    status_->setFont(font);
+    status_->setWholeText(text);
+    status_->setAccessibleName(text);
+    QAccessibleEvent changed(status_, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+bool Screen::hasInput() const {
+    return std::ranges::any_of(findChildren<QLineEdit*>(), &QLineEdit::isModified);
+}
+
+void Screen::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_F1:
+            runEvent([this] { Common::HelpPresenter(name()); });
+            break;
+        case Qt::Key_Escape:
+            if (hasInput()) return say(u"入力した内容があります。終了するときは Alt+X を押してください。"_s);
+            runEvent([this] { end(); });
+            break;
+        default:
+            Form::keyPressEvent(event);
+    }
+}
