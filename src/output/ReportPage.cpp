@@ -145,12 +145,14 @@ void ReportPage::finish() {
 }
 
 int ReportPage::headingRows() const {
-    const auto& columns = heading_.columns;
-    if (std::any_of(columns.begin(), columns.end(),
-                    [](const auto& column) { return !column.over.isEmpty(); }))
-        return 2;
-    return std::any_of(columns.begin(), columns.end(),
-                       [](const auto& column) { return !column.heading.isEmpty(); });
+    int lines = 0;
+    bool spanned = false;
+    for (const auto& column : heading_.columns) {
+        if (!column.heading.isEmpty())
+            lines = std::max(lines, static_cast<int>(column.heading.count(u'\n')) + 1);
+        spanned = spanned || !column.over.isEmpty();
+    }
+    return spanned ? lines + 1 : lines;
 }
 
 // What is printed between LineNo and the next row of the table.
@@ -243,7 +245,9 @@ void ReportPage::printColumnHeadings() {
             printSpanningHeading(i);
         auto column = columns[i];
         if (column.alignment == Alignment::Point) column.alignment = Alignment::Right;
-        printCell(column, column.heading, print_.LineNo + rows - 1);
+        const QStringList lines = column.heading.split(u'\n');
+        for (qsizetype line = 0; line < lines.size(); ++line)
+            printCell(column, lines[line], static_cast<int>(print_.LineNo + rows - lines.size() + line));
     }
     print_.LineNo = static_cast<qint16>(print_.LineNo + rows);
 }

@@ -15,7 +15,7 @@ enum class Alignment { Left, Right, Centre, Point };
 // Positions in mm from the left edge of the paper: 5 to 205 in portrait, 5 to 292 in landscape. A half-width
 // character takes 1.764 mm.
 struct ReportColumn {
-    QString heading;
+    QString heading; // may have several lines
     double left = 0;
     double width = 0;
     Alignment alignment = Alignment::Left;

@@ -1,13 +1,11 @@
 #include "platform/Printer.h"
 
-#include <QDateTime>
-#include <QFile>
 #include <algorithm>
 
 #include "platform/CupsQueue.h"
+#include "platform/DocumentFile.h"
 #include "platform/PrintDocument.h"
 #include "platform/RuntimeError.h"
-#include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,45 +13,8 @@ namespace {
 
 const QString pdfDeviceName = u"いきなりPDF 2"_s;
 
-// A file name takes 255 bytes. The screen, the date, a number and the suffix of the file while it is being
-// written leave this much for each of the two names.
-constexpr qsizetype namePartBytes = 90;
-
 PrinterDevice deviceOf(const CupsQueue& queue) {
     return {queue.description.isEmpty() ? queue.name : queue.description, queue.name};
-}
-
-// Characters that file systems do not take, in their full-width form.
-QString fileNamePart(const QString& text) {
-    static const QString refused = u"/\\:*?\"<>|"_s;
-    static const QString replacements = u"／￥：＊？”＜＞｜"_s;
-    QString part;
-    for (const char32_t character : text.toUcs4()) {
-        const auto position =
-            character < 0x80 ? refused.indexOf(QChar(static_cast<char16_t>(character))) : -1;
-        const auto kept = character < 0x20 || character == 0x7f ? u"＿"_s
-                          : position >= 0                       ? replacements.mid(position, 1)
-                                                                : QString::fromUcs4(&character, 1);
-        if ((part + kept).toUtf8().size() > namePartBytes) break;
-        part += kept;
-    }
-    return part;
-}
-
-QString joined(const DocumentName& name, const QString& time) {
-    QStringList parts;
-    for (const auto& part : {name.screen, name.problem, name.evaluator, time})
-        if (!part.isEmpty()) parts.append(fileNamePart(part));
-    return parts.join(u'_');
-}
-
-// Takes a name that no file has by creating the file, so that no other program can take it meanwhile.
-QString reserveFile(const QString& folder, const QString& name) {
-    for (int number = 1;; ++number) {
-        const auto suffix = number == 1 ? QString() : u"_%1"_s.arg(number);
-        QFile file(u"%1/%2%3.pdf"_s.arg(folder, name, suffix));
-        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !file.exists()) return file.fileName();
-    }
 }
 
 } // namespace
@@ -108,7 +69,7 @@ void ReportPrinter::setOrientation(Orientation orientation) {
 
 PrintDocument& ReportPrinter::document() {
     if (!document_) {
-        document_ = std::make_unique<PrintDocument>(joined(name_, {}));
+        document_ = std::make_unique<PrintDocument>(documentTitle(name_));
         if (!font_.isEmpty()) setFont(font_);
         setOrientation(orientation_);
     }
@@ -147,23 +108,11 @@ void ReportPrinter::EndDoc() {
     const auto device = installedPrinter();
     const auto pdf = document->finish();
     if (device.queue.isEmpty()) {
-        const auto path = writeFile(pdf);
+        const auto path = writeDocument(outputFolder_, name_, u"pdf"_s, pdf);
         if (listener_) listener_(path);
     } else {
-        sendToCupsQueue(device.queue, joined(name_, {}), pdf);
+        sendToCupsQueue(device.queue, documentTitle(name_), pdf);
     }
-}
-
-QString ReportPrinter::writeFile(const QByteArray& pdf) const {
-    const auto time = QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
-    auto path = reserveFile(nativePath(outputFolder_), joined(name_, time));
-    try {
-        writeWholeFile(path, pdf);
-    } catch (const RuntimeError&) {
-        QFile::remove(path);
-        throw;
-    }
-    return path;
 }
 
 void ReportPrinter::KillDoc() {

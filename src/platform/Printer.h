@@ -86,7 +86,6 @@ class ReportPrinter {
     PrinterDevice current() const;
     PrinterDevice installedPrinter() const;
     PrintDocument& document();
-    QString writeFile(const QByteArray& pdf) const;
 
     std::optional<PrinterDevice> selected_;
     std::unique_ptr<PrintDocument> document_;
