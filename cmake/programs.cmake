@@ -10,9 +10,9 @@ function(hollin_program name)
 endfunction()
 
 hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp
-               RESOURCES src/hollin.qrc LIBRARIES hollin_registration hollin_analysis)
+               RESOURCES src/hollin.qrc LIBRARIES hollin_registration hollin_comparison hollin_analysis)
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
-               RESOURCES src/tools/tools.qrc LIBRARIES hollin_comparison)
+               RESOURCES src/tools/tools.qrc LIBRARIES hollin_output)
 hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis)
 
 # Users edit the message files and fill the database: what stands in the program directory is never replaced.

@@ -4,8 +4,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
-#include "comparison/ComparisonScale.h"
-#include "output/ItemMark.h"
+#include "judgement/ComparisonScale.h"
+#include "judgement/ItemMark.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/TextConversion.h"

@@ -1,10 +1,10 @@
 #include "evaluation/LocalWeights.h"
 
-#include <array>
-#include <cmath>
-
+#include "core/Common.h"
 #include "evaluation/EvaluatorRound.h"
-#include "evaluation/PowerMethod.h"
+#include "judgement/Consistency.h"
+#include "judgement/PairOrder.h"
+#include "judgement/PowerMethod.h"
 #include "platform/Connection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
@@ -13,21 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int pairLimit = 21;
-constexpr double consistencyIndexLimit = 0.15;
-constexpr double consistencyRatioLimit = 0.15;
-constexpr double pairDeviationLimit = 3.0;
-
-// The random index RI, looked up with the number of items itself: three items use 0.9.
-constexpr std::array randomIndex{0.0, 0.0, 0.58, 0.9, 1.12, 1.24, 1.32, 1.41, 1.45, 1.49, 1.49, 1.51, 1.53};
-
 // The comparisons under one goal factor, in pair order: row by row over the upper triangle.
 struct GoalPairs {
     qint32 goalNo = 0;
     int count = 0;
-    BoundedArray<qint32, pairLimit> source;
-    BoundedArray<qint32, pairLimit> target;
-    BoundedArray<double, pairLimit> value;
+    BoundedArray<qint32, mostCalculatedPairs> source;
+    BoundedArray<qint32, mostCalculatedPairs> target;
+    std::vector<double> value;
 };
 
 // Reads the rows of one goal factor and leaves the record set at the next one.
@@ -37,56 +29,34 @@ GoalPairs readGoal(Recordset& rows) {
     for (; !rows.eof() && rows[u"目的要因番号"_s].toLong() == pairs.goalNo; rows.moveNext()) {
         pairs.source[pairs.count] = rows[u"比較元要因番号"_s].toLong();
         pairs.target[pairs.count] = rows[u"比較対象要因番号"_s].toLong();
-        pairs.value[pairs.count] = rows[u"比較値"_s].toDouble();
+        pairs.value.push_back(rows[u"比較値"_s].toDouble());
         ++pairs.count;
     }
     return pairs;
 }
 
 // The number of items that a full set of pairs has.
-qint16 itemCount(const GoalPairs& pairs) {
-    const auto n = toInteger((std::sqrt(8.0 * pairs.count + 1) + 1) / 2);
-    if (n * (n - 1) / 2 != pairs.count)
-        throw RuntimeError(
-            ErrorCode::InvalidCall,
-            u"目的要因 %1 の一対比較が不完全です（%2 組）。比較値を登録し直してください。"_s.arg(pairs.goalNo)
-                .arg(pairs.count));
-    return n;
-}
-
-int pairNumber(int i, int j, int n) {
-    return i * n - i * (i + 1) / 2 + j - i - 1;
-}
-
-void fillMatrix(ComparisonMatrix& comparison, const GoalPairs& pairs, int n) {
-    for (int i = 0; i < n; ++i) {
-        comparison.value[i][i] = 1;
-        for (int j = i + 1; j < n; ++j) {
-            const double value = pairs.value[pairNumber(i, j, n)];
-            if (value == 0) throw RuntimeError(ErrorCode::DivisionByZero);
-            comparison.value[i][j] = value;
-            comparison.value[j][i] = 1 / value;
-        }
-    }
-}
-
-bool isConsistent(double eigenvalue, int n) {
-    const double consistencyIndex = (eigenvalue - n) / (n - 1);
-    const double consistencyRatio = consistencyIndex / randomIndex.at(static_cast<std::size_t>(n));
-    return !(consistencyIndex > consistencyIndexLimit || consistencyRatio > consistencyRatioLimit);
+qint16 itemsOf(const GoalPairs& pairs) {
+    if (const auto n = itemCount(pairs.count)) return static_cast<qint16>(*n);
+    throw RuntimeError(
+        ErrorCode::InvalidCall,
+        u"目的要因 %1 の一対比較が不完全です（%2 組）。比較値を登録し直してください。"_s.arg(pairs.goalNo)
+            .arg(pairs.count));
 }
 
 void findInconsistentPairs(const EvaluatorRound& of, const ComparisonMatrix& comparison,
                            const GoalPairs& pairs, int n, InconsistencyList& findings) {
-    const auto before = findings.count();
-    const auto& w = comparison.weight;
-    for (int i = 0; i < n - 1; ++i)
-        for (int j = i + 1; j < n; ++j) {
-            const int k = pairNumber(i, j, n);
-            if (std::abs(w[i] / w[j] - pairs.value[k]) > pairDeviationLimit)
-                findings.append({of.evaluatorNo, pairs.goalNo, pairs.source[k], pairs.target[k]});
-        }
-    if (findings.count() == before) findings.append({.evaluatorNo = of.evaluatorNo, .goalNo = pairs.goalNo});
+    const auto atOdds = pairsAtOdds(comparison, n);
+    for (const auto& pair : atOdds)
+        findings.append({of.evaluatorNo, pairs.goalNo, pairs.source[pair.number], pairs.target[pair.number]});
+    if (atOdds.empty()) findings.append({.evaluatorNo = of.evaluatorNo, .goalNo = pairs.goalNo});
+}
+
+// False when the weights do not converge; too many items are told.
+bool weigh(ComparisonMatrix& comparison, qint16 n) {
+    const Convergence convergence = power(comparison, n);
+    if (convergence == Convergence::TooManyItems) Common::refuse(u"項目数は20までです"_s);
+    return convergence == Convergence::Converged;
 }
 
 void writeWeight(const EvaluatorRound& of, qint32 goalNo, qint32 childNo, double weight) {
@@ -110,13 +80,14 @@ void writeWeights(const EvaluatorRound& of, const ComparisonMatrix& comparison, 
 // False when the weights of the goal factor do not converge.
 bool calculateGoal(const EvaluatorRound& of, const GoalPairs& pairs, ComparisonMatrix& comparison,
                    InconsistencyList& findings) {
-    const auto n = itemCount(pairs);
-    fillMatrix(comparison, pairs, n);
-    if (!power(comparison, n)) {
+    const auto n = itemsOf(pairs);
+    fillMatrix(comparison, pairs.value, n);
+    if (!weigh(comparison, n)) {
         findings.append({.evaluatorNo = of.evaluatorNo, .goalNo = pairs.goalNo});
         return false;
     }
-    if (!isConsistent(comparison.eigenvalue, n)) findInconsistentPairs(of, comparison, pairs, n, findings);
+    if (!consistencyOf(comparison.eigenvalue, n).isAcceptable())
+        findInconsistentPairs(of, comparison, pairs, n, findings);
     writeWeights(of, comparison, pairs, n);
     return true;
 }

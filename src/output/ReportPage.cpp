@@ -4,7 +4,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "output/ItemMark.h"
+#include "judgement/ItemMark.h"
+#include "judgement/Limits.h"
 #include "platform/Dates.h"
 #include "platform/TextConversion.h"
 
@@ -40,7 +41,7 @@ qsizetype columnsBehind(const QString& number) {
 
 // A matrix on paper may have one item more than there are marks.
 QString mark(int item) {
-    return item <= markedItems ? QString(itemMark(item)) : QString::number(item);
+    return item <= mostChildren ? QString(itemMark(item)) : QString::number(item);
 }
 
 const QString continued = u"（続き）"_s;

@@ -7,7 +7,7 @@
 #include <QJsonObject>
 #include <vector>
 
-#include "comparison/ComparisonScale.h"
+#include "judgement/ComparisonScale.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"

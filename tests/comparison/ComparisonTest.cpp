@@ -3,7 +3,7 @@
 #include <QComboBox>
 #include <QTest>
 
-#include "comparison/ComparisonScale.h"
+#include "judgement/ComparisonScale.h"
 #include "platform/Dates.h"
 #include "platform/FlexGrid.h"
 #include "platform/Recordset.h"

@@ -1,4 +1,4 @@
-#include "comparison/ComparisonScale.h"
+#include "judgement/ComparisonScale.h"
 
 #include "platform/RuntimeError.h"
 

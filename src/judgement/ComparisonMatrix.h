@@ -1,11 +1,12 @@
-// The principal eigenvector of a pairwise comparison matrix by the power method.
+// The pairwise comparisons under one goal factor as a reciprocal matrix.
 #pragma once
 
-#include <QtGlobal>
+#include <vector>
 
+#include "judgement/Limits.h"
 #include "platform/BoundedArray.h"
 
-constexpr int comparisonItems = 21; // cells of one side of the matrix; `power` takes one less
+constexpr int comparisonItems = mostChildren + 1; // cells of one side; `power` takes one less
 
 // Matrix, weights and eigenvalue of one goal factor. Only the first n rows and columns are set and read.
 struct ComparisonMatrix {
@@ -15,7 +16,6 @@ struct ComparisonMatrix {
     double eigenvalue = 0;                        // last estimate of the principal eigenvalue λ
 };
 
-// The power method with the maximum norm (R. von Mises, H. Pollaczek-Geiringer, 1929), tolerance 1e-6, at
-// most 200 products. True when the iteration converged. More than 20 items are refused with a message, and
-// false.
-bool power(ComparisonMatrix& comparison, qint16 n);
+// Sets the n × n cells from the values of the upper triangle in pair order. Raises error 11 for a value of 0,
+// 9 for fewer values than pairs or more than 21 items.
+void fillMatrix(ComparisonMatrix& comparison, const std::vector<double>& pairs, int n);

@@ -1,11 +1,7 @@
-#include "evaluation/PowerMethod.h"
+#include "judgement/PowerMethod.h"
 
 #include <algorithm>
 #include <cmath>
-
-#include "core/Common.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,7 +9,6 @@ using Vector = BoundedArray<double, comparisonItems>;
 
 constexpr double tolerance = 1e-6;
 constexpr int iterationLimit = 200;
-constexpr int itemLimit = 20;
 
 Vector product(const ComparisonMatrix& comparison, int n) {
     Vector y;
@@ -32,25 +27,22 @@ double largestComponent(const Vector& y, int n) {
 
 } // namespace
 
-bool power(ComparisonMatrix& comparison, qint16 n) {
-    if (n > itemLimit) {
-        Common::refuse(u"項目数は20までです"_s);
-        return false;
-    }
+Convergence power(ComparisonMatrix& comparison, qint16 n) {
+    if (n > mostChildren) return Convergence::TooManyItems;
     auto& w = comparison.weight;
     for (int i = 0; i < n; ++i) w[i] = i == 0 ? 1 : 0;
 
     for (int iteration = 1; iteration <= iterationLimit; ++iteration) {
         const Vector y = product(comparison, n);
         comparison.eigenvalue = largestComponent(y, n);
-        if (comparison.eigenvalue <= tolerance) return true;
+        if (comparison.eigenvalue <= tolerance) return Convergence::Converged;
         double difference = 0;
         for (int i = 0; i < n; ++i) {
             const double scaled = y[i] / comparison.eigenvalue;
             difference = std::max(difference, std::abs(w[i] - scaled));
             w[i] = scaled;
         }
-        if (difference <= tolerance) return true;
+        if (difference <= tolerance) return Convergence::Converged;
     }
-    return false;
+    return Convergence::NotConverged;
 }

@@ -3,7 +3,5 @@
 
 #include <QChar>
 
-constexpr int markedItems = 20;
-
 // ① for item 1 to ⑳ for item 20. Raises error 9 outside.
 QChar itemMark(int item);

@@ -1,9 +1,0 @@
-#include "output/ItemMark.h"
-
-#include "platform/RuntimeError.h"
-
-QChar itemMark(int item) {
-    if (item < 1 || item > markedItems) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
-    constexpr char16_t first = u'①';
-    return QChar(first + item - 1);
-}
