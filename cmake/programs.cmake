@@ -1,19 +1,31 @@
 # The three programs and what stands beside them, laid out alike in the build and in an installation.
 function(hollin_program name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;RESOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "" "SOURCES;RESOURCES;LIBRARIES")
   qt_add_resources(arg_SOURCES ${arg_RESOURCES})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
-  hollin_precompile(${name})
+  if(arg_WIDGETS)
+    hollin_precompile(${name} WIDGETS)
+  else()
+    hollin_precompile(${name})
+  endif()
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${HOLLIN_DIRECTORY})
   install(TARGETS ${name} RUNTIME DESTINATION .)
 endfunction()
 
-hollin_program(hollin SOURCES src/main.cpp src/ScreenTable.cpp
-               RESOURCES src/hollin.qrc LIBRARIES hollin_registration hollin_comparison hollin_analysis)
+# The one place that knows all screens.
+add_library(hollin_screen_table STATIC src/ScreenTable.cpp)
+target_include_directories(hollin_screen_table PUBLIC src)
+foreach(room core registration hierarchy comparison evaluation analysis)
+  target_link_libraries(hollin_screen_table PUBLIC hollin_${room}_screens)
+endforeach()
+hollin_precompile(hollin_screen_table WIDGETS)
+
+hollin_program(hollin WIDGETS SOURCES src/main.cpp RESOURCES src/hollin.qrc LIBRARIES hollin_screen_table)
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
                RESOURCES src/tools/tools.qrc LIBRARIES hollin_output)
-hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis)
+hollin_include_root(hollin-database PRIVATE tools)
+hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_evaluation hollin_analysis)
 
 # Users edit the message files and fill the database: what stands in the program directory is never replaced.
 add_custom_target(

@@ -1,31 +1,72 @@
-# One static library for each folder of src/. Includes are written from src/ ("core/Common.h"), and the
-# link dependencies say who may include whom.
+# hollin_room(NAME [USES ROOM…] [SCREENS SOURCE…] [LIBRARIES …] [PRIVATE_LIBRARIES …])
+#
+# A folder of src/ is a room. It exposes itself alone, below an include directory of its own, so that
+# "core/Common.h" is found only by the rooms that use core: a wrong include does not compile. What a room that it
+# USES may include, it may include too.
+#
+# Its library hollin_NAME knows no widget. The sources listed as SCREENS (without ".cpp"; ALL for every one) and the
+# forms go into hollin_NAME_screens, which programs without a window do not link.
 function(hollin_room name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES;SCREENS;LIBRARIES;PRIVATE_LIBRARIES")
   set(room ${CMAKE_SOURCE_DIR}/src/${name})
   file(GLOB sources CONFIGURE_DEPENDS ${room}/*.cpp)
   file(GLOB forms CONFIGURE_DEPENDS ${room}/*.ui)
   file(GLOB resources CONFIGURE_DEPENDS ${room}/*.qrc)
-  qt_wrap_ui(sources ${forms})
-  qt_add_resources(sources ${resources})
-  set(target hollin_${name})
-  add_library(${target} STATIC ${sources})
-  target_include_directories(
-    ${target}
-    PUBLIC ${CMAKE_SOURCE_DIR}/src
-    PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
-  target_link_libraries(${target} PUBLIC ${ARGN})
-  hollin_precompile(${target})
-endfunction()
+  set(screens ${sources})
+  if(NOT "${arg_SCREENS}" STREQUAL "ALL")
+    list(TRANSFORM arg_SCREENS REPLACE "(.+)" "${room}/\\1.cpp" OUTPUT_VARIABLE screens)
+  endif()
+  list(REMOVE_ITEM sources ${screens})
 
-# All targets share one precompiled header of the toolkit, built once.
-function(hollin_precompile target)
-  if(TARGET hollin_precompiled)
-    target_precompile_headers(${target} REUSE_FROM hollin_precompiled)
+  set(target hollin_${name})
+  list(TRANSFORM arg_USES PREPEND hollin_ OUTPUT_VARIABLE used)
+  if(sources)
+    qt_add_resources(sources ${resources})
+    add_library(${target} STATIC ${sources})
+    target_link_libraries(${target} PUBLIC Qt6::Gui ${used} ${arg_LIBRARIES} PRIVATE ${arg_PRIVATE_LIBRARIES})
+    hollin_include_root(${target} PUBLIC ${name})
+    hollin_precompile(${target})
+  else()
+    add_library(${target} INTERFACE)
+    target_link_libraries(${target} INTERFACE ${used} ${arg_LIBRARIES})
+    hollin_include_root(${target} INTERFACE ${name})
+  endif()
+
+  if(screens)
+    qt_wrap_ui(screens ${forms})
+    add_library(${target}_screens STATIC ${screens})
+    target_link_libraries(${target}_screens PUBLIC Qt6::Widgets ${target})
+    target_include_directories(${target}_screens PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+    foreach(library IN LISTS used)
+      if(TARGET ${library}_screens)
+        target_link_libraries(${target}_screens PUBLIC ${library}_screens)
+      endif()
+    endforeach()
+    hollin_precompile(${target}_screens WIDGETS)
   endif()
 endfunction()
 
-file(WRITE ${CMAKE_BINARY_DIR}/precompiled.cpp "")
-add_library(hollin_precompiled OBJECT ${CMAKE_BINARY_DIR}/precompiled.cpp)
-target_link_libraries(hollin_precompiled PRIVATE Qt6::Widgets)
-target_compile_definitions(hollin_precompiled PRIVATE SQLITE_HAS_CODEC QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
-target_precompile_headers(hollin_precompiled PRIVATE <QtWidgets/QtWidgets> <optional> <vector> <map> <functional>)
+# The directory through which TARGET and, by the SCOPE, its users include the headers of a room.
+function(hollin_include_root target scope room)
+  set(root ${CMAKE_BINARY_DIR}/rooms/${room})
+  file(MAKE_DIRECTORY ${root})
+  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src/${room} ${root}/${room} SYMBOLIC)
+  target_include_directories(${target} ${scope} ${root})
+endfunction()
+
+# hollin_precompile(TARGET [WIDGETS]): headers of the toolkit, compiled once with the widgets, and once without them
+# for whoever must not know any.
+function(hollin_precompile target)
+  set(component Gui)
+  if("WIDGETS" IN_LIST ARGN)
+    set(component Widgets)
+  endif()
+  set(shared hollin_precompiled_${component})
+  if(NOT TARGET ${shared})
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/precompiled.cpp CONTENT "")
+    add_library(${shared} OBJECT ${CMAKE_BINARY_DIR}/precompiled.cpp)
+    target_link_libraries(${shared} PRIVATE Qt6::${component})
+    target_precompile_headers(${shared} PRIVATE <Qt${component}/Qt${component}> <optional> <vector> <map> <functional>)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${shared})
+endfunction()

@@ -8,6 +8,7 @@
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "core/Screens.h"
+#include "platform/DesktopMessageBox.h"
 #include "platform/Fonts.h"
 #include "platform/StandardTexts.h"
 

@@ -5,7 +5,7 @@
 #include "core/Common.h"
 #include "hierarchy/FamilyRows.h"
 #include "hierarchy/NumberHierarchy.h"
-#include "output/FactorNames.h"
+#include "core/FactorNames.h"
 #include "output/ReportPage.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"

@@ -2,6 +2,7 @@
 
 #include "analysis/Statistics.h"
 #include "core/Common.h"
+#include "core/FactorNames.h"
 #include "output/PrintService.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"

@@ -5,7 +5,7 @@
 #include "analysis/FactorValues.h"
 #include "core/Common.h"
 #include "hierarchy/NumberHierarchy.h"
-#include "output/FactorNames.h"
+#include "core/FactorNames.h"
 #include "output/ReportPage.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"

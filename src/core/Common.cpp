@@ -1,7 +1,6 @@
 #include "core/Common.h"
 
 #include "core/Database.h"
-#include "core/Screens.h"
 #include "platform/Numbers.h"
 #include "platform/TextConversion.h"
 
@@ -35,7 +34,6 @@ std::vector<NumberedName> StructList;
 MessagePresenter Presenter = consolePresenter();
 std::function<void(const QString&)> HelpPresenter = [](const QString&) {};
 ReportPrinter Printer;
-Screens Forms;
 
 namespace {
 

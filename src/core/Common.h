@@ -13,8 +13,6 @@
 #include "platform/Printer.h"
 #include "platform/Value.h"
 
-class Screens;
-
 namespace Common {
 
 // A number and a name, both as text, of one row of a list.
@@ -52,12 +50,11 @@ extern qint16 EvaluatorLoadFailed;
 extern qint32 StructProblemNo;
 extern std::vector<NumberedName> StructList;
 
-// What the program shows with: who presents message boxes and the manual, the printer that stays selected for
-// the whole run, and the open forms.
+// What the program shows with: who presents message boxes and the manual, and the printer that stays selected
+// for the whole run.
 extern MessagePresenter Presenter;
 extern std::function<void(const QString& screen)> HelpPresenter; // opens the manual at a screen's section
 extern ReportPrinter Printer;
-extern Screens Forms;
 
 // Opens a fresh connection to DB/Hollin.mdb beside the program in place of the previous one. Raises a
 // database error when the file is missing, no database or locked by another password.

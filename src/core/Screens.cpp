@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+Screens Common::Forms;
+
 void Screens::show(const QString& name) {
     if (!loaded_.contains(name)) {
         const auto maker = makers_.find(name);

@@ -36,3 +36,10 @@ class Screens {
     std::map<QString, Maker> makers_;
     std::map<QString, std::unique_ptr<Form, DeleteLater>> loaded_;
 };
+
+namespace Common {
+
+// The open forms of the program.
+extern Screens Forms;
+
+} // namespace Common

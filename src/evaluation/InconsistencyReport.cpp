@@ -1,6 +1,7 @@
 #include "evaluation/InconsistencyReport.h"
 
 #include "core/Common.h"
+#include "core/FactorNames.h"
 #include "evaluation/LocalWeights.h"
 #include "output/ReportPage.h"
 #include "output/ReportSelection.h"

@@ -7,7 +7,7 @@
 #include "hierarchy/FamilyRows.h"
 #include "hierarchy/NumberHierarchy.h"
 #include "hierarchy/TreePlace.h"
-#include "output/FactorNames.h"
+#include "core/FactorNames.h"
 #include "output/ReportPage.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"

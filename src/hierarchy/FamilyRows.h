@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "hierarchy/TreePlace.h"
-#include "output/FactorNames.h"
+#include "core/FactorNames.h"
 #include "output/ReportPage.h"
 
 // Family by family: below the name of the parent a row for each child, its name indented by its level. A row

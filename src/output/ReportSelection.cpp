@@ -14,10 +14,6 @@ QStringList entries(Recordset rows, const QString& number, const QString& name) 
     return texts;
 }
 
-QString nameFrom(const Recordset& row, const QString& field) {
-    return row.eof() ? QString() : NullToEmpty(row[field]);
-}
-
 void handOver(const ReportSelection& selection) {
     ProblemEntry = selection.problemEntry;
     RoundEntry = selection.roundEntry;
@@ -68,17 +64,6 @@ QString currentRound(Connection& connection, const QString& problemNo) {
 
 QString entryNumber(const QString& entry) {
     return entry.left(entry.indexOf(u':')).trimmed();
-}
-
-QString factorName(Connection& connection, qint32 factorNo) {
-    return nameFrom(Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(factorNo), connection),
-                    u"要因名"_s);
-}
-
-QString evaluatorName(Connection& connection, qint32 evaluatorNo) {
-    return nameFrom(
-        Recordset(u"select 評価者氏名 from 評価者 where 評価者番号=%1"_s.arg(evaluatorNo), connection),
-        u"評価者氏名"_s);
 }
 
 bool takeSelection(const ReportSelection& selection) {

@@ -22,10 +22,6 @@ QString currentRound(Connection& connection, const QString& problemNo);
 // The number before the ":" of an entry, as text.
 QString entryNumber(const QString& entry);
 
-// Name of a factor or problem, of an evaluator; empty when there is no such row.
-QString factorName(Connection& connection, qint32 factorNo);
-QString evaluatorName(Connection& connection, qint32 evaluatorNo);
-
 // Hands the choice to the session: ProblemNo, RoundCount, EvaluatorNos and EvaluatorCount. What is missing is
 // told in message boxes, and the result is false. The shared checks see the first evaluator; after them all
 // chosen ones stand in EvaluatorNos. More than 101 evaluators raise error 9.

@@ -17,7 +17,5 @@ constexpr bool isQuestion(MessageStyle style) {
 using MessagePresenter =
     std::function<MessageAnswer(const QString& text, const QString& title, MessageStyle style)>;
 
-// A real box on the desktop.
-MessagePresenter desktopPresenter();
 // Text and title on standard error; questions are answered with Yes.
 MessagePresenter consolePresenter();

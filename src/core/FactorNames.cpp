@@ -1,0 +1,31 @@
+#include "core/FactorNames.h"
+
+#include "core/Common.h"
+#include "platform/Recordset.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString nameFrom(const Recordset& row, const QString& field) {
+    return row.eof() ? QString() : Common::NullToEmpty(row[field]);
+}
+
+} // namespace
+
+QString factorName(Connection& connection, qint32 factorNo) {
+    return nameFrom(Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(factorNo), connection),
+                    u"要因名"_s);
+}
+
+QString evaluatorName(Connection& connection, qint32 evaluatorNo) {
+    return nameFrom(
+        Recordset(u"select 評価者氏名 from 評価者 where 評価者番号=%1"_s.arg(evaluatorNo), connection),
+        u"評価者氏名"_s);
+}
+
+QString FactorNames::operator[](qint32 factorNo) {
+    auto known = names_.find(factorNo);
+    if (known == names_.end()) known = names_.insert(factorNo, factorName(connection_, factorNo));
+    return *known;
+}
