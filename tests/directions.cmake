@@ -1,0 +1,40 @@
+# Who may include whom: headers along the direction of the rooms are found, those against it are not.
+# DIRECTORIES is a file with a line "LIBRARY|INCLUDE DIRECTORY|…" for each library.
+set(allowed
+    "core platform/Connection.h" "core_screens QWidget" "output core/Common.h" "evaluation hierarchy/TreePlace.h"
+    "analysis hierarchy/TreePlace.h" "comparison judgement/Scale.h" "evaluation judgement/Scale.h" "registration output/Progress.h")
+set(forbidden
+    "platform core/Common.h" "platform QWidget" "judgement core/Common.h" "core output/PrintService.h" "core QWidget"
+    "output hierarchy/TreePlace.h" "registration hierarchy/TreePlace.h" "hierarchy evaluation/Evaluation.h"
+    "comparison evaluation/Evaluation.h" "evaluation analysis/Statistics.h" "evaluation comparison/ComparisonGrid.h"
+    "evaluation QWidget" "analysis evaluation/Evaluation.h" "analysis QWidget" "analysis tools/SampleProblem.h")
+
+function(look_up case expected)
+  separate_arguments(case)
+  list(GET case 0 library)
+  list(GET case 1 header)
+  file(STRINGS ${DIRECTORIES} directories REGEX "^${library}[|]")
+  string(REPLACE "|" ";" directories "${directories}")
+  list(POP_FRONT directories)
+  list(TRANSFORM directories PREPEND -I)
+  file(WRITE ${DIRECTORIES}.cpp "#include <${header}>\n")
+  execute_process(COMMAND ${COMPILER} -std=c++20 -E ${directories} ${DIRECTORIES}.cpp
+                  RESULT_VARIABLE code OUTPUT_QUIET ERROR_VARIABLE errors)
+  if(code EQUAL 0)
+    set(found found)
+  elseif(errors MATCHES "${header}: No such file")
+    set(found missing)
+  else()
+    set(found "neither found nor missing: ${errors}")
+  endif()
+  if(NOT found STREQUAL expected)
+    message(SEND_ERROR "${library} includes ${header}: ${found}, expected ${expected}")
+  endif()
+endfunction()
+
+foreach(case IN LISTS allowed)
+  look_up("${case}" found)
+endforeach()
+foreach(case IN LISTS forbidden)
+  look_up("${case}" missing)
+endforeach()
