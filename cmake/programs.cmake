@@ -16,7 +16,7 @@ endfunction()
 # The one place that knows all screens.
 add_library(hollin_screen_table STATIC src/ScreenTable.cpp)
 target_include_directories(hollin_screen_table PUBLIC src)
-foreach(room core registration hierarchy comparison evaluation analysis)
+foreach(room core registration hierarchy comparison analysis)
   target_link_libraries(hollin_screen_table PUBLIC hollin_${room}_screens)
 endforeach()
 hollin_precompile(hollin_screen_table WIDGETS)
@@ -25,7 +25,7 @@ hollin_program(hollin WIDGETS SOURCES src/main.cpp RESOURCES src/hollin.qrc LIBR
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
                RESOURCES src/tools/tools.qrc LIBRARIES hollin_output)
 hollin_include_root(hollin-database PRIVATE tools)
-hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_evaluation hollin_analysis)
+hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis)
 
 # Users edit the message files and fill the database: what stands in the program directory is never replaced.
 add_custom_target(

@@ -3,15 +3,15 @@
 #include "analysis/FactorValues.h"
 #include "analysis/Variation.h"
 #include "core/Common.h"
+#include "core/FactorNames.h"
 #include "hierarchy/FamilyRows.h"
 #include "hierarchy/NumberHierarchy.h"
-#include "core/FactorNames.h"
 #include "output/ReportPage.h"
+#include "output/RoundSelection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
 
 namespace {
 
@@ -38,30 +38,31 @@ QList<ReportColumn> allColumns() {
     return columns;
 }
 
-bool hasTotals() {
+bool hasTotals(const ProblemRound& of) {
     return !Recordset(
                 u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
-                " order by 子要因番号"_s.arg(ProblemNo)
-                    .arg(RoundCount),
-                *DbConn)
+                " order by 子要因番号"_s.arg(of.problemNo)
+                    .arg(of.round),
+                of.connection)
                 .eof();
 }
 
 // The weights of all edges with the keys of the tree, then the totals of the leaves: evaluator in long3.
-void fillTable() {
-    DbConn->execute(u"DELETE from tempfac"_s);
+void fillTable(const ProblemRound& of) {
+    of.connection.execute(u"DELETE from tempfac"_s);
     const QString head = u"insert into tempfac (parent,child,long2,score,score2,long3,dno)"_s;
-    DbConn->execute(
+    of.connection.execute(
         head +
         u"select 親要因番号,子要因番号,レベル,評価値,総合評価値,評価者番号,work2 from 評価結果,workfac"
         " where 課題番号=%1 and 比較回数=%2 and 親要因番号=factor and 子要因番号=work1"
-        " and レベル <> 2"_s.arg(ProblemNo)
-            .arg(RoundCount));
-    DbConn->execute(head +
-                    u"select 親要因番号,子要因番号,レベル,総合評価値,総合評価値,評価者番号,%3 from 評価結果"
-                    " where 課題番号=%1 and 比較回数=%2 and レベル = 2"_s.arg(ProblemNo)
-                        .arg(RoundCount)
-                        .arg(totalsKey));
+        " and レベル <> 2"_s.arg(of.problemNo)
+            .arg(of.round));
+    of.connection.execute(
+        head +
+        u"select 親要因番号,子要因番号,レベル,総合評価値,総合評価値,評価者番号,%3 from 評価結果"
+        " where 課題番号=%1 and 比較回数=%2 and レベル = 2"_s.arg(of.problemNo)
+            .arg(of.round)
+            .arg(totalsKey));
 }
 
 struct Analysis {
@@ -71,21 +72,21 @@ struct Analysis {
     std::vector<FactorValues> totals;
 };
 
-QStringList readEvaluators() {
+QStringList readEvaluators(Connection& connection) {
     QStringList names;
-    for (Recordset rows(u"select distinct long3 from tempfac"_s, *DbConn); !rows.eof(); rows.moveNext())
-        names << evaluatorName(*DbConn, rows[u"long3"_s].toLong());
+    for (Recordset rows(u"select distinct long3 from tempfac"_s, connection); !rows.eof(); rows.moveNext())
+        names << evaluatorName(connection, rows[u"long3"_s].toLong());
     return names;
 }
 
-Analysis analyse() {
-    NumberHierarchy(*DbConn, ProblemNoText, 1);
-    const auto levels = levelsByKey(*DbConn);
-    copyToWorkfac(*DbConn);
-    fillTable();
-    Analysis analysis{VariationGrade(*DbConn, ProblemNo, RoundCount), readEvaluators(), {}, {}};
+Analysis analyse(const ProblemRound& of) {
+    NumberHierarchy(of.connection, QString::number(of.problemNo), 1);
+    const auto levels = levelsByKey(of.connection);
+    copyToWorkfac(of.connection);
+    fillTable(of);
+    Analysis analysis{VariationGrade(of), readEvaluators(of.connection), {}, {}};
     for (auto& factor :
-         readFactorValues(*DbConn, u"select * from tempfac order by dno,child"_s, u"long3"_s, levels))
+         readFactorValues(of.connection, u"select * from tempfac order by dno,child"_s, u"long3"_s, levels))
         (factor.isTotal ? analysis.totals : analysis.tree).push_back(std::move(factor));
     return analysis;
 }
@@ -118,10 +119,10 @@ QString evaluatorLine(const QStringList& evaluators) {
     return PrintService::TextColumns(count + names) <= mostNameColumns ? count + names : count;
 }
 
-void printAnalysis(PrintService& print, const Analysis& analysis) {
-    FactorNames names(*DbConn);
-    const QString problem = names[ProblemNo];
-    const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, RoundCount),
+void printAnalysis(PrintService& print, const ProblemRound& of, const Analysis& analysis) {
+    FactorNames names(of.connection);
+    const QString problem = names[of.problemNo];
+    const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, of.round),
                                    evaluatorLine(analysis.evaluators)};
     ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
     printFamilies(page, names, analysis.tree, [&names](const FactorValues& factor) {
@@ -133,15 +134,15 @@ void printAnalysis(PrintService& print, const Analysis& analysis) {
 
 } // namespace
 
-bool PrintAnalysis(PrintService& print, const ReportSelection& selection, const Progress& progress) {
-    if (!takeProblemAndRound(selection)) return false;
-    if (!hasTotals()) {
-        refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
+bool PrintAnalysis(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+                   const Progress& progress) {
+    if (!hasTotals(chosen)) {
+        Common::refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
         return false;
     }
-    progress(0, 1, selection.problemEntry);
-    printAnalysis(print, analyse());
-    progress(1, 1, selection.problemEntry);
-    inform(u" 評価一覧終了"_s);
+    progress(0, 1, chosen.problemEntry);
+    printAnalysis(print, chosen, analyse(chosen));
+    progress(1, 1, chosen.problemEntry);
+    Common::inform(u" 評価一覧終了"_s);
     return true;
 }

@@ -4,6 +4,7 @@
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "output/PrintService.h"
+#include "output/RoundSelection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/TextFile.h"
@@ -40,24 +41,26 @@ QString filePath(const QString& folder, const QString& problem) {
 
 } // namespace
 
-bool SetCoefficients(PrintService& print, const ReportSelection& selection, const Progress& progress) {
-    if (!takeProblemAndRound(selection)) return false;
-    progress(0, 1, selection.problemEntry);
-    if (!ComputeCoefficients(*DbConn, print.FileDir, ProblemNo, RoundCount)) return false;
-    progress(1, 1, selection.problemEntry);
-    if (print.FileExported) print.FileExported(filePath(print.FileDir, factorName(*DbConn, ProblemNo)));
+bool SetCoefficients(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+                     const Progress& progress) {
+    progress(0, 1, chosen.problemEntry);
+    if (!ComputeCoefficients(chosen, print.FileDir)) return false;
+    progress(1, 1, chosen.problemEntry);
+    if (print.FileExported)
+        print.FileExported(filePath(print.FileDir, factorName(chosen.connection, chosen.problemNo)));
     inform(u" 係数設定終了"_s);
     return true;
 }
 
-bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 problemNo, qint16 round) {
+bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
+    auto& connection = of.connection;
     const QString problem = NullToEmpty(
-        Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(problemNo), connection)[u"要因名"_s]);
-    connection.execute(u"delete from 総合係数 where 課題番号=%1"_s.arg(problemNo));
+        Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(of.problemNo), connection)[u"要因名"_s]);
+    connection.execute(u"delete from 総合係数 where 課題番号=%1"_s.arg(of.problemNo));
     Recordset rows(
         u"select 子要因番号,総合評価値 from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2 order by 子要因番号"_s
-            .arg(problemNo)
-            .arg(round),
+            .arg(of.problemNo)
+            .arg(of.round),
         connection);
     if (rows.eof()) {
         refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
@@ -72,7 +75,7 @@ bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 p
         names += u',' + Quote(name);
         coefficients += u',' + coefficient;
         connection.execute(
-            u"insert into 総合係数 (課題番号,要因番号,係数値) values(%1,%2,%3)"_s.arg(problemNo)
+            u"insert into 総合係数 (課題番号,要因番号,係数値) values(%1,%2,%3)"_s.arg(of.problemNo)
                 .arg(factorNo)
                 .arg(coefficient));
     }

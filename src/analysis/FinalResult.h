@@ -3,15 +3,14 @@
 
 #include <QString>
 
-#include "output/Progress.h"
-#include "output/ReportSelection.h"
+#include "output/ReportWork.h"
 
-class Connection;
-class PrintService;
+struct ProblemRound;
 
 // Computes, stores and writes the coefficients of the chosen problem and round. False when there was nothing
 // to do it with; the user has been told why.
-bool SetCoefficients(PrintService& print, const ReportSelection& selection, const Progress& progress);
+bool SetCoefficients(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
+                     const Progress& progress);
 
 // Replaces the rows of the problem in 総合係数 by the geometric mean of the evaluators' overall weights of
 // each bottom-level factor, to four decimals, and writes them by factor number into `folder`\〈problem〉.csv:
@@ -21,7 +20,7 @@ bool SetCoefficients(PrintService& print, const ReportSelection& selection, cons
 //
 // Raises error 5 for a weight of 0 or below, for a problem name that has a folder separator in it or is
 // longer than a file name, and for a name that the code page lacks, 75 or 76 when the file cannot be written.
-bool ComputeCoefficients(Connection& connection, const QString& folder, qint32 problemNo, qint16 round);
+bool ComputeCoefficients(const ProblemRound& of, const QString& folder);
 
 // The text between double quotes; those inside it stay as they are.
 QString Quote(const QString& text);

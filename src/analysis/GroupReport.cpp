@@ -4,14 +4,14 @@
 
 #include "analysis/FactorValues.h"
 #include "core/Common.h"
-#include "hierarchy/NumberHierarchy.h"
 #include "core/FactorNames.h"
+#include "evaluation/EvaluatorRound.h"
+#include "hierarchy/NumberHierarchy.h"
 #include "output/ReportPage.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
 
 namespace {
 
@@ -30,13 +30,13 @@ const QList<ReportColumn> columns{
 const QString totalsLabel = u"総合評価値（最終レベル）"_s;
 const QString labelBlank(14, u' ');
 
-bool hasTotals(qint32 evaluatorNo) {
+bool hasTotals(const EvaluatorRound& of) {
     return !Recordset(
                 u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
-                " and 評価者番号=%3 order by 子要因番号"_s.arg(ProblemNo)
-                    .arg(RoundCount)
-                    .arg(evaluatorNo),
-                *DbConn)
+                " and 評価者番号=%3 order by 子要因番号"_s.arg(of.problemNo)
+                    .arg(of.round)
+                    .arg(of.evaluatorNo),
+                of.connection)
                 .eof();
 }
 
@@ -75,21 +75,30 @@ void printFactors(ReportPage& page, FactorNames& names, const std::vector<Factor
 
 } // namespace
 
-bool MakeGroupReport(PrintService& print, const ReportSelection& selection, const Progress& progress) {
-    if (!takeSelection(selection) || !allHaveResults(selection, hasTotals)) return false;
-    progress(0, EvaluatorCount, {});
-    FillGroupTable(*DbConn, ProblemNo, RoundCount);
-    for (int index = 0; index < EvaluatorCount; ++index) {
-        progress(index, EvaluatorCount, selection.evaluatorEntries[index]);
-        PrintGroupReport(print, ProblemNo, RoundCount, EvaluatorNos[index]);
+bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+                     const Progress& progress) {
+    const auto evaluated = [&chosen](qint32 evaluatorNo) {
+        return hasTotals(evaluatorRound(chosen, evaluatorNo));
+    };
+    if (!allHave(chosen, evaluated, u"評価回数"_s, u"評価結果"_s)) return false;
+    const auto count = static_cast<int>(chosen.evaluators.size());
+    int done = 0;
+    progress(done, count, {});
+    FillGroupTable(chosen);
+    const auto group = readFactorValues(
+        chosen.connection, u"select * from tempfac order by dno,child,score desc"_s, u"long2"_s, {});
+    for (const auto& evaluator : chosen.evaluators) {
+        progress(done++, count, evaluator.entry);
+        PrintGroupReport(print, evaluatorRound(chosen, evaluator.number), group);
     }
-    progress(EvaluatorCount, EvaluatorCount, {});
-    inform(u" 印刷終了"_s);
+    progress(count, count, {});
+    Common::inform(u" 印刷終了"_s);
     return true;
 }
 
-void FillGroupTable(Connection& connection, qint32 problemNo, qint16 round) {
-    NumberHierarchy(connection, QString::number(problemNo), 1);
+void FillGroupTable(const ProblemRound& of) {
+    auto& connection = of.connection;
+    NumberHierarchy(connection, QString::number(of.problemNo), 1);
     copyToWorkfac(connection);
     connection.execute(u"delete from tempfac"_s);
     // A leaf right below the problem has a row of level 2 with the same parent: its value counts paths.
@@ -97,27 +106,25 @@ void FillGroupTable(Connection& connection, qint32 problemNo, qint16 round) {
         u"insert into tempfac(parent,child,dno,score,long2)"
         " select t1.factor,t1.work1,t1.work2,t2.評価値,t2.評価者番号"
         " from workfac t1,評価結果 t2 where t2.課題番号 = %1 and t2.比較回数=%2"
-        " and t1.work1 = t2.子要因番号 and t1.factor = t2.親要因番号 and t2.レベル <> 2"_s.arg(problemNo)
-            .arg(round));
+        " and t1.work1 = t2.子要因番号 and t1.factor = t2.親要因番号 and t2.レベル <> 2"_s.arg(of.problemNo)
+            .arg(of.round));
     connection.execute(
         u"insert into tempfac(parent,child,dno,score,long2)"
         " select 親要因番号,子要因番号,%3,総合評価値,評価者番号"
-        " from 評価結果 where 課題番号 = %1 and 比較回数=%2 and レベル=2"_s.arg(problemNo)
-            .arg(round)
+        " from 評価結果 where 課題番号 = %1 and 比較回数=%2 and レベル=2"_s.arg(of.problemNo)
+            .arg(of.round)
             .arg(totalsKey));
 }
 
-void PrintGroupReport(PrintService& print, qint32 problemNo, qint16 round, qint32 evaluatorNo) {
-    FactorNames names(*DbConn);
-    const QString problem = names[problemNo];
-    const QString evaluator = evaluatorName(*DbConn, evaluatorNo);
-    print.fillSlots(evaluator, problem, round);
-    const auto factors =
-        readFactorValues(*DbConn, u"select * from tempfac order by dno,child,score desc"_s, u"long2"_s, {});
+void PrintGroupReport(PrintService& print, const EvaluatorRound& of, const std::vector<FactorValues>& group) {
+    FactorNames names(of.connection);
+    const QString problem = names[of.problemNo];
+    const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
+    print.fillSlots(evaluator, problem, of.round);
 
-    ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, round)}, columns},
+    ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, of.round)}, columns},
                     {u"報告作成"_s, problem, evaluator});
     page.coveringLetter(print.FileDir + u"\\message.txt"_s);
-    printFactors(page, names, factors, evaluatorNo);
+    printFactors(page, names, group, of.evaluatorNo);
     page.finish();
 }

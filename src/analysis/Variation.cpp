@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "analysis/Statistics.h"
+#include "output/RoundSelection.h"
 #include "platform/BoundedArray.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
@@ -65,12 +66,12 @@ QString gradeLetter(double variation) {
     return {labels[position]};
 }
 
-QString VariationGrade(Connection& connection, qint32 problemNo, qint16 round) {
+QString VariationGrade(const ProblemRound& of) {
     Recordset rows(
         u"select 親要因番号,子要因番号,評価値 from 評価結果 where 課題番号=%1 and 比較回数=%2 and レベル<>2"
-        " order by 親要因番号,子要因番号"_s.arg(problemNo)
-            .arg(round),
-        connection);
+        " order by 親要因番号,子要因番号"_s.arg(of.problemNo)
+            .arg(of.round),
+        of.connection);
     Variation variation;
     while (!rows.eof()) addNextFamily(variation, rows);
     return gradeLetter(variation.children == 0 ? 0 : variation.total / variation.children);

@@ -5,13 +5,13 @@
 #include <array>
 #include <vector>
 
-class Connection;
+struct ProblemRound;
 
 // The grade of the round, "A" (they agree) to "E": the mean, over all children of all parents, of the
 // standard deviation of the evaluators' local weights relative to the divisor of the family's size. Without
 // results the round has the grade "A". Raises error 9 for more children of one parent than there are
 // divisors (20).
-QString VariationGrade(Connection& connection, qint32 problemNo, qint16 round);
+QString VariationGrade(const ProblemRound& of);
 // The letter for a mean of 0 or more.
 QString gradeLetter(double variation);
 

@@ -7,7 +7,7 @@
 
 #include "platform/BoundedArray.h"
 
-class Connection;
+struct EvaluatorRound;
 
 struct ComparisonTable {
     static constexpr int size = 21;
@@ -17,10 +17,9 @@ struct ComparisonTable {
     BoundedArray<BoundedArray<QString, size>, size> cells;
 };
 
-// The comparisons of a problem, round and evaluator under a goal factor; without items when there are none.
-// Raises error 9 for more than 21 children.
-ComparisonTable readComparisonTable(Connection& connection, qint32 problemNo, qint16 round,
-                                    qint32 evaluatorNo, qint32 goalNo);
+// The evaluator's comparisons of the round under a goal factor; without items when there are none. Raises
+// error 9 for more than 21 children.
+ComparisonTable readComparisonTable(const EvaluatorRound& of, qint32 goalNo);
 
 // A comparison value as a whole number or the reciprocal of one ("3", "1/3"), and its mirror image. Raises
 // error 11 for 0.

@@ -1,34 +1,34 @@
 #include "evaluation/Evaluation.h"
 
 #include "core/Common.h"
+#include "evaluation/EvaluatorRound.h"
 #include "evaluation/InconsistencyReport.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
 
-bool evaluate(PrintService& print, const ReportSelection& selection, const Progress& progress) {
-    if (!takeSelection(selection)) return false;
+bool evaluate(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+              const Progress& progress) {
+    const auto compared = [&chosen](qint32 evaluatorNo) {
+        return hasComparisons(evaluatorRound(chosen, evaluatorNo));
+    };
+    if (!allHave(chosen, compared, u"比較回数"_s, u"一対比較"_s)) return false;
 
     InconsistencyList findings;
-    const int steps = 2 * EvaluatorCount;
-    for (int index = 0; index < EvaluatorCount; ++index) {
-        const QString& evaluator = selection.evaluatorEntries[index];
-        progress(index, steps, evaluator);
-        if (calculateLocalWeights(*DbConn, ProblemNo, EvaluatorNos[index], RoundCount, findings) ==
-            ComparisonData::Missing) {
-            refuseMissing(selection, evaluator, u"比較回数"_s, u"一対比較"_s);
-            return false;
-        }
+    const auto steps = 2 * static_cast<int>(chosen.evaluators.size());
+    int step = 0;
+    for (const auto& evaluator : chosen.evaluators) {
+        progress(step++, steps, evaluator.entry);
+        calculateLocalWeights(evaluatorRound(chosen, evaluator.number), findings);
     }
-    for (int index = 0; index < EvaluatorCount; ++index) {
-        progress(EvaluatorCount + index, steps, selection.evaluatorEntries[index]);
-        synthesise(*DbConn, ProblemNo, EvaluatorNos[index], RoundCount);
+    for (const auto& evaluator : chosen.evaluators) {
+        progress(step++, steps, evaluator.entry);
+        synthesise(evaluatorRound(chosen, evaluator.number));
     }
     progress(steps, steps, {});
-    DbConn->endUnitOfWork(); // a report is handed out only of weights that are on the disk
-    printInconsistencyReport(print, findings, ProblemNo, RoundCount);
-    inform(u" 評価値計算終了"_s);
+    chosen.connection.endUnitOfWork(); // a report is handed out only of weights that are on the disk
+    printInconsistencyReport(print, chosen, findings);
+    Common::inform(u" 評価値計算終了"_s);
     return true;
 }

@@ -1,9 +1,7 @@
-// What one calculation is about.
+// One evaluator's part of a round.
 #pragma once
 
-#include <QtGlobal>
-
-class Connection;
+#include "output/RoundSelection.h"
 
 struct EvaluatorRound {
     Connection& connection;
@@ -11,3 +9,7 @@ struct EvaluatorRound {
     qint32 evaluatorNo;
     qint16 round;
 };
+
+inline EvaluatorRound evaluatorRound(const ProblemRound& of, qint32 evaluatorNo) {
+    return {of.connection, of.problemNo, evaluatorNo, of.round};
+}

@@ -1,13 +1,11 @@
 #include "evaluation/InconsistencyReport.h"
 
-#include "core/Common.h"
 #include "core/FactorNames.h"
 #include "evaluation/LocalWeights.h"
 #include "output/ReportPage.h"
-#include "output/ReportSelection.h"
+#include "output/RoundSelection.h"
 
 using namespace Qt::StringLiterals;
-using Common::DbConn;
 
 namespace {
 
@@ -20,19 +18,21 @@ int runEnd(const InconsistencyList& findings, int begin) {
     return end;
 }
 
-QStringList cells(const Inconsistency& finding) {
-    const QString goal = factorName(*DbConn, finding.goalNo);
+QStringList cells(Connection& connection, const Inconsistency& finding) {
+    const QString goal = factorName(connection, finding.goalNo);
     if (finding.sourceNo < 0) return {goal, u"全体的に不整合"_s};
-    return {goal, factorName(*DbConn, finding.sourceNo), factorName(*DbConn, finding.targetNo)};
+    return {goal, factorName(connection, finding.sourceNo), factorName(connection, finding.targetNo)};
 }
 
 } // namespace
 
-void printInconsistencyReport(PrintService& print, const InconsistencyList& findings, qint32 problemNo,
-                              qint16 round) {
+void printInconsistencyReport(PrintService& print, const ProblemRound& of,
+                              const InconsistencyList& findings) {
     if (findings.count() == 0) return;
-    const QString problem = factorName(*DbConn, problemNo);
-    const auto evaluatorAt = [&](int index) { return evaluatorName(*DbConn, findings[index].evaluatorNo); };
+    const QString problem = factorName(of.connection, of.problemNo);
+    const auto evaluatorAt = [&](int index) {
+        return evaluatorName(of.connection, findings[index].evaluatorNo);
+    };
     const bool single = runEnd(findings, 0) == findings.count();
 
     ReportPage page(print, {u"評価計算"_s, {}, columns},
@@ -40,10 +40,10 @@ void printInconsistencyReport(PrintService& print, const InconsistencyList& find
     for (int begin = 0; begin < findings.count();) {
         const int end = runEnd(findings, begin);
         const QString evaluator = evaluatorAt(begin);
-        print.fillSlots(evaluator, problem, round);
-        page.newPart({{evaluator, u"様"_s}, problemLine(problem, round)});
+        print.fillSlots(evaluator, problem, of.round);
+        page.newPart({{evaluator, u"様"_s}, problemLine(problem, of.round)});
         page.message(print.FileDir + u"\\errmsg.txt"_s);
-        for (; begin < end; ++begin) page.row(cells(findings[begin]));
+        for (; begin < end; ++begin) page.row(cells(of.connection, findings[begin]));
     }
     page.finish();
 }

@@ -2,13 +2,11 @@
 // other.
 #pragma once
 
-#include <QtGlobal>
-
 class InconsistencyList;
 class PrintService;
+struct ProblemRound;
 
 // Prints a section for each run of findings of one evaluator, as one document: the evaluator, the request of
 // errmsg.txt, a line for each finding. Prints nothing when there are no findings. Raises error 53 when
 // errmsg.txt is missing, and what the printer raises.
-void printInconsistencyReport(PrintService& print, const InconsistencyList& findings, qint32 problemNo,
-                              qint16 round);
+void printInconsistencyReport(PrintService& print, const ProblemRound& of, const InconsistencyList& findings);

@@ -3,17 +3,17 @@
 #include <algorithm>
 
 #include "core/Common.h"
+#include "core/FactorNames.h"
 #include "evaluation/ComparisonTable.h"
+#include "evaluation/EvaluatorRound.h"
 #include "hierarchy/FamilyRows.h"
 #include "hierarchy/NumberHierarchy.h"
 #include "hierarchy/TreePlace.h"
-#include "core/FactorNames.h"
 #include "output/ReportPage.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
 
 namespace {
 
@@ -39,18 +39,18 @@ const QList<ReportColumn> treeColumns{{u"要因名"_s, 5, 136},
                                       {u"累積評価値"_s, 175, 30, Alignment::Point}};
 const QList<ReportColumn> totalColumns{{u"要因名"_s, 5, 136}, {u"総合評価値"_s, 145, 26, Alignment::Point}};
 
-bool hasResults(qint32 evaluatorNo) {
+bool hasResults(const EvaluatorRound& of) {
     return !Recordset(u"select 子要因番号 from 評価結果 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3"_s
-                          .arg(ProblemNo)
-                          .arg(RoundCount)
-                          .arg(evaluatorNo),
-                      *DbConn)
+                          .arg(of.problemNo)
+                          .arg(of.round)
+                          .arg(of.evaluatorNo),
+                      of.connection)
                 .eof();
 }
 
-std::vector<TreeRow> readTree(const QString& sql, const QHash<double, int>& levels) {
+std::vector<TreeRow> readTree(Connection& connection, const QString& sql, const QHash<double, int>& levels) {
     std::vector<TreeRow> tree;
-    for (Recordset rows(sql, *DbConn); !rows.eof(); rows.moveNext()) {
+    for (Recordset rows(sql, connection); !rows.eof(); rows.moveNext()) {
         const TreePlace place{rows[u"parent"_s].toLong(), rows[u"child"_s].toLong(),
                               levels[rows[u"dno"_s].toDouble()]};
         tree.push_back({place, rows[u"val"_s].toDouble(), rows[u"cval"_s].toDouble()});
@@ -58,52 +58,53 @@ std::vector<TreeRow> readTree(const QString& sql, const QHash<double, int>& leve
     return tree;
 }
 
-std::vector<TreeRow> readEvaluatedTree(qint32 evaluatorNo, const QHash<double, int>& levels) {
+std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const QHash<double, int>& levels) {
     return readTree(
+        of.connection,
         u"select factor as parent,work1 as child,work2 as dno,評価値 as val,総合評価値 as cval"
         " from workfac,評価結果 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3"
-        " and factor = 親要因番号 and work1 = 子要因番号 and レベル < 2 order by work2"_s.arg(ProblemNo)
-            .arg(RoundCount)
-            .arg(evaluatorNo),
+        " and factor = 親要因番号 and work1 = 子要因番号 and レベル < 2 order by work2"_s.arg(of.problemNo)
+            .arg(of.round)
+            .arg(of.evaluatorNo),
         levels);
 }
 
-std::vector<TreeRow> readBareTree(const QHash<double, int>& levels) {
-    return readTree(
-        u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
-        " from workfac t1 order by t1.work2"_s,
-        levels);
+std::vector<TreeRow> readBareTree(const EvaluatorRound& of, const QHash<double, int>& levels) {
+    return readTree(of.connection,
+                    u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
+                    " from workfac t1 order by t1.work2"_s,
+                    levels);
 }
 
-std::vector<TotalRow> readTotals(qint32 evaluatorNo) {
+std::vector<TotalRow> readTotals(const EvaluatorRound& of) {
     std::vector<TotalRow> totals;
     for (Recordset rows(
              u"select 子要因番号,総合評価値 from 評価結果 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3"
-             " and レベル=2 order by 総合評価値 desc"_s.arg(ProblemNo)
-                 .arg(RoundCount)
-                 .arg(evaluatorNo),
-             *DbConn);
+             " and レベル=2 order by 総合評価値 desc"_s.arg(of.problemNo)
+                 .arg(of.round)
+                 .arg(of.evaluatorNo),
+             of.connection);
          !rows.eof(); rows.moveNext())
         totals.push_back({rows[u"子要因番号"_s].toLong(), rows[u"総合評価値"_s].toDouble()});
     return totals;
 }
 
 // Once for each parent of the tree, also where the comparisons gave no weights.
-std::vector<ComparisonTable> readComparisons(qint32 evaluatorNo, const std::vector<TreeRow>& tree) {
+std::vector<ComparisonTable> readComparisons(const EvaluatorRound& of, const std::vector<TreeRow>& tree) {
     std::vector<ComparisonTable> comparisons;
     for (const auto& row : tree) {
         const auto goalNo = row.place.parentNo;
         if (std::ranges::find(comparisons, goalNo, &ComparisonTable::goalNo) == comparisons.end())
-            comparisons.push_back(readComparisonTable(*DbConn, ProblemNo, RoundCount, evaluatorNo, goalNo));
+            comparisons.push_back(readComparisonTable(of, goalNo));
     }
     std::erase_if(comparisons, [](const auto& table) { return table.items.empty(); });
     return comparisons;
 }
 
-IndividualResult collect(qint32 evaluatorNo, bool showValues, const QHash<double, int>& levels) {
-    const auto bareTree = readBareTree(levels);
-    return {showValues ? readEvaluatedTree(evaluatorNo, levels) : bareTree,
-            readComparisons(evaluatorNo, bareTree), readTotals(evaluatorNo)};
+IndividualResult collect(const EvaluatorRound& of, bool showValues, const QHash<double, int>& levels) {
+    const auto bareTree = readBareTree(of, levels);
+    return {showValues ? readEvaluatedTree(of, levels) : bareTree, readComparisons(of, bareTree),
+            readTotals(of)};
 }
 
 void printTree(ReportPage& page, FactorNames& names, const std::vector<TreeRow>& tree) {
@@ -130,11 +131,12 @@ void printTotals(ReportPage& page, FactorNames& names, const std::vector<TotalRo
         page.row({names[total.factorNo], formatNumber(total.value, u"#0.####"_s)});
 }
 
-void printOne(PrintService& print, FactorNames& names, qint32 evaluatorNo, const IndividualResult& result) {
-    const QString evaluator = evaluatorName(*DbConn, evaluatorNo);
-    const QString problem = names[ProblemNo];
+void printOne(PrintService& print, FactorNames& names, const EvaluatorRound& of,
+              const IndividualResult& result) {
+    const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
+    const QString problem = names[of.problemNo];
     ReportPage page(
-        print, {u"個人結果"_s, {{evaluator, u"様"_s}, {problem, u"（%1）"_s.arg(RoundCount)}}, treeColumns},
+        print, {u"個人結果"_s, {{evaluator, u"様"_s}, {problem, u"（%1）"_s.arg(of.round)}}, treeColumns},
         {u"個人結果"_s, problem, evaluator});
     printTree(page, names, result.tree);
     for (const auto& table : result.comparisons) printComparisons(page, names, table);
@@ -144,18 +146,24 @@ void printOne(PrintService& print, FactorNames& names, qint32 evaluatorNo, const
 
 } // namespace
 
-bool PrintIndividualResult(PrintService& print, const ReportSelection& selection, bool showValues,
+bool PrintIndividualResult(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
                            const Progress& progress) {
-    if (!takeSelection(selection) || !allHaveResults(selection, hasResults)) return false;
-    NumberHierarchy(*DbConn, ProblemNoText, 1);
-    copyToWorkfac(*DbConn);
-    const auto levels = levelsByKey(*DbConn);
-    FactorNames names(*DbConn);
-    for (int index = 0; index < EvaluatorCount; ++index) {
-        progress(index, EvaluatorCount, selection.evaluatorEntries[index]);
-        printOne(print, names, EvaluatorNos[index], collect(EvaluatorNos[index], showValues, levels));
+    const auto evaluated = [&chosen](qint32 evaluatorNo) {
+        return hasResults(evaluatorRound(chosen, evaluatorNo));
+    };
+    if (!allHave(chosen, evaluated, u"評価回数"_s, u"評価結果"_s)) return false;
+    NumberHierarchy(chosen.connection, QString::number(chosen.problemNo), 1);
+    copyToWorkfac(chosen.connection);
+    const auto levels = levelsByKey(chosen.connection);
+    FactorNames names(chosen.connection);
+    const auto count = static_cast<int>(chosen.evaluators.size());
+    int done = 0;
+    for (const auto& evaluator : chosen.evaluators) {
+        progress(done++, count, evaluator.entry);
+        const auto of = evaluatorRound(chosen, evaluator.number);
+        printOne(print, names, of, collect(of, options.showValues, levels));
     }
-    progress(EvaluatorCount, EvaluatorCount, {});
-    inform(u" 印刷終了"_s);
+    progress(count, count, {});
+    Common::inform(u" 印刷終了"_s);
     return true;
 }

@@ -99,25 +99,32 @@ void InconsistencyList::append(const Inconsistency& finding) {
     ++count_;
 }
 
-ComparisonData calculateLocalWeights(Connection& connection, qint32 problemNo, qint32 evaluatorNo,
-                                     qint16 round, InconsistencyList& findings) {
-    const EvaluatorRound of{connection, problemNo, evaluatorNo, round};
+bool hasComparisons(const EvaluatorRound& of) {
+    return !Recordset(
+                u"select 目的要因番号 from 一対比較 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 limit 1"_s
+                    .arg(of.problemNo)
+                    .arg(of.round)
+                    .arg(of.evaluatorNo),
+                of.connection)
+                .eof();
+}
+
+void calculateLocalWeights(const EvaluatorRound& of, InconsistencyList& findings) {
     Recordset rows(
         u"select * from 一対比較 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 order by 目的要因番号,比較表示順"_s
-            .arg(problemNo)
-            .arg(round)
-            .arg(evaluatorNo),
-        connection);
-    if (rows.recordCount() == 0) return ComparisonData::Missing;
+            .arg(of.problemNo)
+            .arg(of.round)
+            .arg(of.evaluatorNo),
+        of.connection);
+    if (rows.eof()) return;
 
-    connection.execute(
-        u"delete from 評価結果 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s.arg(problemNo)
-            .arg(evaluatorNo)
-            .arg(round));
+    of.connection.execute(
+        u"delete from 評価結果 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s.arg(of.problemNo)
+            .arg(of.evaluatorNo)
+            .arg(of.round));
     ComparisonMatrix comparison;
     while (!rows.eof()) {
         const GoalPairs pairs = readGoal(rows);
         if (!calculateGoal(of, pairs, comparison, findings)) break;
     }
-    return ComparisonData::Present;
 }

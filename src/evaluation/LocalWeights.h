@@ -5,7 +5,7 @@
 
 #include "platform/BoundedArray.h"
 
-class Connection;
+struct EvaluatorRound;
 
 // A finding against an evaluator's comparisons under a goal factor: a pair, or (both factors -1) the matrix
 // as a whole.
@@ -31,14 +31,14 @@ class InconsistencyList {
     qint16 count_ = 0;
 };
 
-enum class ComparisonData { Present, Missing };
+// Whether the evaluator has compared anything for the round.
+bool hasComparisons(const EvaluatorRound& of);
 
-// Replaces the result rows of (problem, evaluator, round) with the local weights, level 0, one row for each
+// Replaces the evaluator's result rows of the round with the local weights, level 0, one row for each
 // child of every goal factor, and appends what is inconsistent (consistency index CI or ratio CR above 0.15)
 // to `findings`. Nothing is touched when there are no comparisons. A goal factor whose weights do not
 // converge is a finding and ends the calculation of the evaluator.
 //
 // Raises error 9 for more than 21 pairs (7 children) under one goal factor, 11 for a comparison value of 0, 5
 // for an incomplete set of pairs; the rows written for earlier goal factors stay.
-ComparisonData calculateLocalWeights(Connection& connection, qint32 problemNo, qint32 evaluatorNo,
-                                     qint16 round, InconsistencyList& findings);
+void calculateLocalWeights(const EvaluatorRound& of, InconsistencyList& findings);

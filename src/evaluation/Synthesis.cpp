@@ -3,7 +3,7 @@
 #include <QString>
 
 #include "evaluation/EvaluatorRound.h"
-#include "hierarchy/DepthGuard.h"
+#include "hierarchy/Descent.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
 
@@ -20,36 +20,24 @@ void execute(const QString& sql, const EvaluatorRound& of) {
     of.connection.execute(filled(sql, of));
 }
 
-int parentCount(const EvaluatorRound& of) {
-    return readNumber(filled(u"select count(distinct 親要因番号) as ncount from 評価結果"
-                             " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s,
-                             of),
-                      of.connection);
-}
-
 // Fills tempfac with one row for each occurrence of an edge reached from the problem.
 void walkHierarchy(const EvaluatorRound& of) {
-    of.connection.execute(u"delete from tempfac"_s);
-    of.connection.execute(
-        u"insert into tempfac (parent,child,lev,score) values(%1,%1,0,1)"_s.arg(of.problemNo));
-    const int parents = parentCount(of);
-    qint32 previous = 1;
-    for (int level = 1;; ++level) {
-        of.connection.execute(
-            u"insert into tempfac (parent,child,lev,score2,score)"
-            " select 親要因番号,子要因番号,%1,評価値,score*評価値 from 評価結果,tempfac"
-            " where 課題番号=%2 and lev =%3 and child = 親要因番号 and 評価者番号 = %4 and 比較回数=%5"_s
-                .arg(level)
-                .arg(of.problemNo)
-                .arg(level - 1)
-                .arg(of.evaluatorNo)
-                .arg(of.round));
-        const auto count = readNumber(u"select count(*) as ncount from tempfac"_s, of.connection);
-        if (count == previous) break;
-        requireDepth(QString::number(of.problemNo), level, parents);
-        previous = count;
-    }
-    of.connection.execute(u"delete from tempfac where child = %1"_s.arg(of.problemNo));
+    descend(of.connection, of.problemNo,
+            {.root = u"insert into tempfac (parent,child,lev,score) values(%1,%1,0,1)"_s.arg(of.problemNo),
+             .parents = filled(u"select count(distinct 親要因番号) as ncount from 評価結果"
+                               " where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s,
+                               of),
+             .rows = u"select count(*) as ncount from tempfac"_s,
+             .level = [&of](int level) {
+                 return u"insert into tempfac (parent,child,lev,score2,score)"
+                        " select 親要因番号,子要因番号,%1,評価値,score*評価値 from 評価結果,tempfac"
+                        " where 課題番号=%2 and lev =%3 and child = 親要因番号 and 評価者番号 = %4"
+                        " and 比較回数=%5"_s.arg(level)
+                            .arg(of.problemNo)
+                            .arg(level - 1)
+                            .arg(of.evaluatorNo)
+                            .arg(of.round);
+             }});
 }
 
 void writeGlobalWeights(const EvaluatorRound& of) {
@@ -93,8 +81,7 @@ void totalLeaves(const EvaluatorRound& of) {
 
 } // namespace
 
-void synthesise(Connection& connection, qint32 problemNo, qint32 evaluatorNo, qint16 round) {
-    const EvaluatorRound of{connection, problemNo, evaluatorNo, round};
+void synthesise(const EvaluatorRound& of) {
     walkHierarchy(of);
     writeGlobalWeights(of);
     markLeaves(of);

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "hierarchy/DepthGuard.h"
+#include "hierarchy/Descent.h"
 #include "platform/Connection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
@@ -44,21 +44,18 @@ QString levelStatement(const QString& problemNo, int level, const Radix& radix, 
 
 void NumberHierarchy(Connection& connection, const QString& problemNo, const qint16& grouped) {
     Radix radix = readRadix(connection, problemNo);
-    connection.execute(u"delete from tempfac"_s);
-    connection.execute(
-        u"insert into tempfac (parent,child,seq,lev,dno) values(%1,%1,0,0,0)"_s.arg(problemNo));
-    const int parents = readNumber(
-        u"select count(distinct 親要因番号) as ncnt from 要因構成 where 課題番号=%1"_s.arg(problemNo),
-        connection);
-    for (int level = 1, previous = 1;; ++level) {
-        connection.execute(levelStatement(problemNo, level, radix, grouped));
-        const int count = readNumber(u"select count(*) as ncnt from tempfac"_s, connection);
-        if (count == previous) break;
-        requireDepth(problemNo, level, parents);
-        previous = count;
-        if (grouped == pathMode) radix.pathMultiplier /= static_cast<double>(radix.numberBase);
-    }
-    connection.execute(u"delete from tempfac where child = %1"_s.arg(problemNo));
+    descend(connection, problemNo.toInt(),
+            {.root = u"insert into tempfac (parent,child,seq,lev,dno) values(%1,%1,0,0,0)"_s.arg(problemNo),
+             .parents = u"select count(distinct 親要因番号) as ncnt from 要因構成 where 課題番号=%1"_s.arg(
+                 problemNo),
+             .rows = u"select count(*) as ncnt from tempfac"_s,
+             .level = [&](int level) {
+                 // In path mode each level's digit counts for less, below the structure level behind the
+                 // point.
+                 if (grouped == pathMode && level > 1)
+                     radix.pathMultiplier /= static_cast<double>(radix.numberBase);
+                 return levelStatement(problemNo, level, radix, grouped);
+             }});
 }
 
 void copyToWorkfac(Connection& connection) {

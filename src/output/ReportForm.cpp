@@ -2,24 +2,24 @@
 
 #include <QCoreApplication>
 
+#include "output/ReportSelection.h"
 #include "ui_ReportForm.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;
 
-ReportForm::ReportForm(const ReportFormOptions& options)
-    : Screen(options.name), print_(Printer), options_(options), ui_(std::make_unique<Ui::ReportForm>()) {
+ReportForm::ReportForm(const ReportWork& work)
+    : Screen(work.screen), work_(work), print_(Printer), ui_(std::make_unique<Ui::ReportForm>()) {
     ui_->setupUi(this);
     addStatusLine();
-    setWindowTitle(options.name);
-    ui_->CommandAction->setObjectName(options.actionControl);
-    ui_->CommandAction->setText(options.actionCaption);
-    ui_->CommandAction->setShortcut(Qt::ALT | Qt::Key_S); // after setText, which takes a shortcut away
+    setWindowTitle(work.screen);
+    ui_->Command7->setText(work.caption);
+    ui_->Command7->setShortcut(Qt::ALT | Qt::Key_S); // after setText, which takes a shortcut away
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label2), static_cast<QWidget*>(ui_->List1),
                             static_cast<QWidget*>(ui_->Command1)})
-        widget->setVisible(options.hasEvaluators);
+        widget->setVisible(work.hasEvaluators);
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label4), static_cast<QWidget*>(ui_->Command17)})
-        widget->setVisible(options.printsReport);
+        widget->setVisible(work.printsReport);
     for (QWidget* widget : std::initializer_list<QWidget*>{ui_->progress, ui_->progressText}) {
         QSizePolicy policy = widget->sizePolicy();
         policy.setRetainSizeWhenHidden(true); // the window keeps its size when the bar comes and goes
@@ -30,7 +30,7 @@ ReportForm::ReportForm(const ReportFormOptions& options)
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
     onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
-    onAction(ui_->CommandAction, options.name, [this] { CommandAction_Click(); });
+    onAction(ui_->Command7, work.screen, [this] { Command7_Click(); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
 }
 
@@ -58,25 +58,24 @@ void ReportForm::Command17_Click() {
     ui_->Command17->setText(print_.OutputTarget);
 }
 
-ReportSelection ReportForm::selection() const {
-    ReportSelection chosen{ui_->Combo1->currentText(), {}, ui_->Label5->text()};
+ChosenEntries ReportForm::chosenEntries() const {
+    ChosenEntries chosen{ui_->Combo1->currentText(), {}, ui_->Label5->text()};
     for (int row = 0; row < ui_->List1->count(); ++row)
-        if (ui_->List1->item(row)->isSelected()) chosen.evaluatorEntries << ui_->List1->item(row)->text();
+        if (ui_->List1->item(row)->isSelected()) chosen.evaluators << ui_->List1->item(row)->text();
     return chosen;
 }
 
-void ReportForm::CommandAction_Click() {
+void ReportForm::Command7_Click() {
     // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
     const auto hideProgress = qScopeGuard([this] { showProgressBar(false); });
-    run(selection());
+    const auto chosen = checkedSelection(*DbConn, chosenEntries(), work_.hasEvaluators);
+    if (!chosen) return;
+    work_.run(print_, *chosen, options,
+              [this](int done, int total, const QString& at) { showProgress(done, total, at); });
 }
 
 QVBoxLayout* ReportForm::optionsLayout() {
     return ui_->options;
-}
-
-Progress ReportForm::progress() {
-    return [this](int done, int total, const QString& at) { showProgress(done, total, at); };
 }
 
 void ReportForm::showProgressBar(bool shown) {

@@ -5,50 +5,36 @@
 
 #include "core/Screen.h"
 #include "output/PrintService.h"
-#include "output/Progress.h"
-#include "output/ReportSelection.h"
+#include "output/ReportWork.h"
+#include "output/RoundSelection.h"
 
 namespace Ui {
 class ReportForm;
 }
 class QVBoxLayout;
 
-// How one of the screens differs from the others.
-struct ReportFormOptions {
-    QString name;              // also caption and title of its message boxes
-    QString actionControl;     // name of the button that does the work
-    QString actionCaption;     // its caption
-    bool hasEvaluators = true; // whether evaluators are chosen
-    bool printsReport = true;  // whether there is an output target to choose
-};
-
 class ReportForm : public Screen {
   public:
-    explicit ReportForm(const ReportFormOptions& options);
+    explicit ReportForm(const ReportWork& work);
     ~ReportForm() override;
 
     void Form_Load() override;
 
   protected:
     void end() override { leaveTo(QStringLiteral("メニュー")); }
-    // The work of the action button. A run-time error is shown under the screen's name.
-    virtual void run(const ReportSelection& selection) = 0;
-
     // For the options of one screen, between the choices and the buttons.
     QVBoxLayout* optionsLayout();
-    // Shows in a bar how far the work is and who is at work.
-    Progress progress();
-
-    PrintService print_;
+    ReportOptions options;
 
   private:
     void Combo1_Click();
     void Command17_Click();
-    void CommandAction_Click();
+    void Command7_Click(); // the work; a run-time error is shown under the screen's name
     void showProgressBar(bool shown);
     void showProgress(int done, int total, const QString& at);
-    ReportSelection selection() const;
+    ChosenEntries chosenEntries() const;
 
-    ReportFormOptions options_;
+    const ReportWork& work_;
+    PrintService print_;
     std::unique_ptr<Ui::ReportForm> ui_;
 };

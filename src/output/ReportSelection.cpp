@@ -4,7 +4,7 @@
 #include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::NullToEmpty;
 
 namespace {
 
@@ -12,27 +12,6 @@ QStringList entries(Recordset rows, const QString& number, const QString& name) 
     QStringList texts;
     for (; !rows.eof(); rows.moveNext()) texts << rows[number].toText() + u':' + NullToEmpty(rows[name]);
     return texts;
-}
-
-void handOver(const ReportSelection& selection) {
-    ProblemEntry = selection.problemEntry;
-    RoundEntry = selection.roundEntry;
-    EvaluatorEntry = selection.evaluatorEntries.value(0);
-}
-
-constexpr qsizetype mostEvaluators = decltype(EvaluatorNos)::size();
-
-void takeEvaluators(const QStringList& evaluatorEntries) {
-    if (evaluatorEntries.size() > mostEvaluators)
-        throw RuntimeError(
-            ErrorCode::SubscriptOutOfRange,
-            u"インデックスが有効範囲にありません。\n評価者は一度に %1 名まで選択できます。"_s.arg(
-                mostEvaluators));
-    EvaluatorCount = 0;
-    for (const auto& entry : evaluatorEntries) {
-        EvaluatorNos[EvaluatorCount] = Value(entryNumber(entry)).toLong();
-        ++EvaluatorCount;
-    }
 }
 
 } // namespace
@@ -64,31 +43,4 @@ QString currentRound(Connection& connection, const QString& problemNo) {
 
 QString entryNumber(const QString& entry) {
     return entry.left(entry.indexOf(u':')).trimmed();
-}
-
-bool takeSelection(const ReportSelection& selection) {
-    handOver(selection);
-    if (!CheckProblemChosen() || !CheckRoundAndEvaluator()) return false;
-    takeEvaluators(selection.evaluatorEntries);
-    return true;
-}
-
-bool takeProblemAndRound(const ReportSelection& selection) {
-    handOver(selection);
-    return CheckProblemChosen() && CheckRoundChosen();
-}
-
-bool allHaveResults(const ReportSelection& selection, const std::function<bool(qint32)>& hasResults) {
-    for (int index = 0; index < EvaluatorCount; ++index) {
-        if (hasResults(EvaluatorNos[index])) continue;
-        refuseMissing(selection, selection.evaluatorEntries[index], u"評価回数"_s, u"評価結果"_s);
-        return false;
-    }
-    return true;
-}
-
-void refuseMissing(const ReportSelection& selection, const QString& evaluatorEntry, const QString& roundWord,
-                   const QString& tableName) {
-    refuse(u"設定された条件、課題：%1 %2:%3 評価者:%4は%5に存在しません"_s.arg(
-        selection.problemEntry, roundWord, selection.roundEntry, evaluatorEntry, tableName));
 }

@@ -3,16 +3,13 @@
 #include <QGuiApplication>
 #include <QTextStream>
 #include <algorithm>
-#include <array>
 
-#include "analysis/AnalysisOutput.h"
-#include "analysis/FinalResult.h"
-#include "analysis/GroupReport.h"
+#include "analysis/ReportWorks.h"
 #include "core/Actions.h"
 #include "core/Common.h"
-#include "evaluation/Evaluation.h"
-#include "evaluation/IndividualResult.h"
 #include "output/PrintService.h"
+#include "output/ReportSelection.h"
+#include "output/RoundSelection.h"
 #include "platform/ApplicationDirectory.h"
 #include "platform/Fonts.h"
 #include "platform/StandardTexts.h"
@@ -24,31 +21,11 @@ namespace {
 
 enum ExitCode { done = 0, failed = 1, wrongUsage = 2 };
 
-using Work = bool (*)(PrintService&, const ReportSelection&, const Progress&);
-
-// What can be asked for, in the order in which a round is worked through: the option and its value.
-struct Action {
-    QString option;
-    QString screen;
-    Work work;
-};
-
-const std::array actions{
-    Action{u"calculate"_s, u"評価計算"_s, evaluate},
-    Action{u"print"_s, u"個人結果"_s,
-           [](PrintService& print, const ReportSelection& selection, const Progress& progress) {
-               return PrintIndividualResult(print, selection, true, progress);
-           }},
-    Action{u"print"_s, u"報告作成"_s, MakeGroupReport},
-    Action{u"print"_s, u"分析出力"_s, PrintAnalysis},
-    Action{u"coefficients"_s, u"最終結果"_s, SetCoefficients},
-};
-
 struct Request {
     QString problemNo;
     QString round;
     QStringList evaluators;
-    QList<const Action*> actions;
+    QList<const ReportWork*> works;
 };
 
 void print(FILE* stream, const QString& line) {
@@ -73,9 +50,9 @@ void addOptions(QCommandLineParser& parser) {
     });
 }
 
-bool isAsked(const QCommandLineParser& parser, const Action& action) {
-    return action.option == u"print" ? parser.values(u"print"_s).contains(action.screen)
-                                     : parser.isSet(action.option);
+bool isAsked(const QCommandLineParser& parser, const ReportWork& work) {
+    return work.option == u"print" ? parser.values(work.option).contains(work.screen)
+                                   : parser.isSet(work.option);
 }
 
 // What is wrong with the command line, or nothing.
@@ -89,8 +66,8 @@ QString usageError(const QCommandLineParser& parser) {
         if (!isNumber) return u"「%1」は番号ではありません。"_s.arg(number);
     }
     for (const auto& screen : parser.values(u"print"_s))
-        if (std::ranges::none_of(actions, [&](const Action& action) {
-                return action.option == u"print" && action.screen == screen;
+        if (std::ranges::none_of(reportWorks(), [&](const ReportWork& work) {
+                return work.option == u"print" && work.screen == screen;
             }))
             return u"「%1」という報告書はありません。"_s.arg(screen);
     return {};
@@ -101,10 +78,10 @@ Request requestOf(const QCommandLineParser& parser) {
                     parser.value(u"round"_s),
                     parser.values(u"evaluator"_s),
                     {}};
-    for (const auto& action : actions)
-        if (isAsked(parser, action)) request.actions << &action;
-    if (request.actions.isEmpty())
-        for (const auto& action : actions) request.actions << &action;
+    for (const auto& work : reportWorks())
+        if (isAsked(parser, work)) request.works << &work;
+    if (request.works.isEmpty())
+        for (const auto& work : reportWorks()) request.works << &work;
     return request;
 }
 
@@ -115,30 +92,33 @@ QString entryOf(const QStringList& offered, const QString& number, const QString
     throw RuntimeError(ErrorCode::InvalidCall, u"%1 %2 は登録されていません。"_s.arg(what, number));
 }
 
-ReportSelection selectionOf(const Request& request) {
-    ReportSelection selection;
-    selection.problemEntry = entryOf(problemEntries(*Common::DbConn), request.problemNo, u"課題"_s);
-    selection.roundEntry =
-        request.round.isEmpty() ? currentRound(*Common::DbConn, request.problemNo) : request.round;
-    const QStringList assigned = evaluatorEntries(*Common::DbConn, request.problemNo);
+RoundSelection selectionOf(Connection& connection, const Request& request) {
+    const QString problem = entryOf(problemEntries(connection), request.problemNo, u"課題"_s);
+    const QString round =
+        request.round.isEmpty() ? currentRound(connection, request.problemNo) : request.round;
+    const QStringList assigned = evaluatorEntries(connection, request.problemNo);
     QStringList named;
     for (const auto& number : request.evaluators) named << entryOf(assigned, number, u"課題評価者"_s);
     // In list order, each once: calculated twice, an evaluator's results would be taken for local weights.
+    QStringList chosen;
     for (const auto& entry : assigned)
-        if (named.isEmpty() || named.contains(entry)) selection.evaluatorEntries << entry;
-    return selection;
+        if (named.isEmpty() || named.contains(entry)) chosen << entry;
+    return {{connection, Value(request.problemNo).toLong(), Value(round).toInteger()},
+            problem,
+            round,
+            chosenEvaluators(chosen)};
 }
 
-// False when the action was refused or failed; it has said why.
-bool perform(const Action& action, const ReportSelection& selection) {
+// False when the work was refused or failed; it has said why.
+bool perform(const ReportWork& work, const RoundSelection& chosen) {
     PrintService service(Common::Printer);
     service.load(Common::AppDir);
     service.ToggleOutputTarget(); // documents are PDF
     service.FileExported = tellFile;
-    Common::MsgTitle = action.screen;
+    Common::MsgTitle = work.screen;
     bool accepted = false;
     const bool completed = runAction(
-        action.screen, [&] { accepted = action.work(service, selection, [](int, int, const QString&) {}); });
+        work.screen, [&] { accepted = work.run(service, chosen, {}, [](int, int, const QString&) {}); });
     return accepted && completed;
 }
 
@@ -146,9 +126,9 @@ ExitCode perform(const Request& request) {
     bool succeeded = true;
     const bool completed = runAction(u"hollin-batch"_s, [&] {
         Common::openDatabase(applicationDirectory());
-        const ReportSelection selection = selectionOf(request);
-        for (const Action* action : request.actions)
-            if (!(succeeded = perform(*action, selection))) return;
+        const RoundSelection chosen = selectionOf(*Common::DbConn, request);
+        for (const ReportWork* work : request.works)
+            if (!(succeeded = perform(*work, chosen))) return;
     });
     return completed && succeeded ? done : failed;
 }

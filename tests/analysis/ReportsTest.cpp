@@ -1,6 +1,7 @@
 // Group report, analysis and coefficients, read back from documents, tables and file. The figures were worked
 // out with an eigenvector routine of another tool from the comparisons of the fixture.
 #include "analysis/Variation.h"
+#include "output/RoundSelection.h"
 #include "support/Helpers.h"
 #include "support/RoundTest.h"
 
@@ -84,16 +85,16 @@ TEST_F(ReportsTest, TheAnalysisShowsGradeSpreadAndClasses) {
 
 TEST_F(ReportsTest, TheGradeComparesDeviationsWithThoseOfTheFamilySize) {
     singleLeaf({0.25, 0.75, 0.5}); // deviation 0.2041, divisor 1
-    EXPECT_EQ(VariationGrade(*DbConn, 1, 1), u"C"_s);
-    EXPECT_EQ(VariationGrade(*DbConn, 1, 2), u"A"_s);
+    EXPECT_EQ(VariationGrade({*DbConn, 1, 1}), u"C"_s);
+    EXPECT_EQ(VariationGrade({*DbConn, 1, 2}), u"A"_s);
     for (const int evaluator : {2, 5, 7}) result(12, evaluator, 1); // 0.2041 / 0.394 / 2 children
-    EXPECT_EQ(VariationGrade(*DbConn, 1, 1), u"C"_s);
+    EXPECT_EQ(VariationGrade({*DbConn, 1, 1}), u"C"_s);
     for (const int evaluator : {2, 5, 7}) result(13, evaluator, 1); // 0.2041 / 0.364 / 3
-    EXPECT_EQ(VariationGrade(*DbConn, 1, 1), u"B"_s);
+    EXPECT_EQ(VariationGrade({*DbConn, 1, 1}), u"B"_s);
     for (int factor = 14; factor <= 30; ++factor) result(factor, 2, 1); // 20 children: / 0.171 / 20
-    EXPECT_EQ(VariationGrade(*DbConn, 1, 1), u"A"_s);
+    EXPECT_EQ(VariationGrade({*DbConn, 1, 1}), u"A"_s);
     result(31, 2, 1);
-    EXPECT_THROW(VariationGrade(*DbConn, 1, 1), RuntimeError);
+    EXPECT_THROW(VariationGrade({*DbConn, 1, 1}), RuntimeError);
 }
 
 TEST_F(ReportsTest, CoefficientsAreStoredAndWrittenToTheByte) {

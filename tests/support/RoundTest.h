@@ -4,6 +4,7 @@
 
 #include <QDir>
 
+#include "evaluation/EvaluatorRound.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "platform/TextFile.h"
@@ -32,8 +33,9 @@ class RoundTest : public ScreenTest {
             compare(11, {21, 22}, triangles.section(u':', 1, 1), evaluator, round);
             compare(12, {22, 23, 24}, triangles.section(u':', 2), evaluator, round);
             InconsistencyList findings;
-            calculateLocalWeights(*Common::DbConn, 1, evaluator, round, findings);
-            synthesise(*Common::DbConn, 1, evaluator, round);
+            const EvaluatorRound of{*Common::DbConn, 1, evaluator, round};
+            calculateLocalWeights(of, findings);
+            synthesise(of);
         }
         Common::DbConn->endUnitOfWork();
     }
