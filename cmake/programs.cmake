@@ -21,7 +21,8 @@ foreach(room core registration hierarchy comparison analysis)
 endforeach()
 hollin_precompile(hollin_screen_table WIDGETS)
 
-hollin_program(hollin WIDGETS SOURCES src/main.cpp RESOURCES src/hollin.qrc LIBRARIES hollin_screen_table)
+hollin_program(hollin WIDGETS SOURCES src/main.cpp src/CommandLine.cpp
+               RESOURCES src/hollin.qrc LIBRARIES hollin_screen_table hollin_help_screens)
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
                RESOURCES src/tools/tools.qrc LIBRARIES hollin_output)
 hollin_include_root(hollin-database PRIVATE tools)
@@ -32,11 +33,15 @@ add_custom_target(
   hollin_directory ALL
   COMMAND ${CMAKE_COMMAND} -DDIRECTORY=${HOLLIN_DIRECTORY} -DSHARE=${CMAKE_SOURCE_DIR}/share -P
           ${CMAKE_SOURCE_DIR}/cmake/program_directory.cmake
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/docs/pictures ${HOLLIN_DIRECTORY}/doc/pictures
+  COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/docs/manual.md ${HOLLIN_DIRECTORY}/doc
   VERBATIM)
 install(CODE "set(DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")\nset(SHARE \"${CMAKE_SOURCE_DIR}/share\")")
 install(SCRIPT cmake/program_directory.cmake)
 install(SCRIPT cmake/delivered_database.cmake)
 install(FILES share/hollin.desktop share/hollin.svg share/hollin.png README.md DESTINATION .)
+install(FILES docs/manual.md DESTINATION doc)
+install(DIRECTORY docs/pictures DESTINATION doc)
 
 # An archive that is unpacked anywhere and run.
 set(CPACK_GENERATOR TGZ)

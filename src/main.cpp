@@ -1,30 +1,54 @@
-// Starts the program: fonts, translator, the table of screens, メニュー.
+// Starts the program: command line, fonts, translator, the table of screens, メニュー.
 #include <QApplication>
 #include <QDesktopServices>
 #include <QIcon>
+#include <QPointer>
 #include <QUrl>
 
+#include "CommandLine.h"
 #include "ScreenTable.h"
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "core/Screens.h"
+#include "help/HelpWindow.h"
+#include "help/Manual.h"
 #include "platform/DesktopMessageBox.h"
 #include "platform/Fonts.h"
 #include "platform/StandardTexts.h"
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// Made when it is first asked for, and kept: the place where one has read stays.
+void presentHelp(const QString& screen) {
+    static QPointer<HelpWindow> help;
+    if (help == nullptr) {
+        help = new HelpWindow(manualFile());
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit, help, &QObject::deleteLater);
+    }
+    help->showSection(screen);
+}
+
+} // namespace
+
 int main(int argc, char* argv[]) {
+    if (asksForTextOnly(argc, argv)) {
+        const QCoreApplication application(argc, argv);
+        installStandardTexts();
+        return answerCommandLine(QCoreApplication::arguments()).value_or(0);
+    }
     QApplication application(argc, argv);
+    installStandardTexts();
+    if (const auto code = answerCommandLine(QApplication::arguments())) return *code;
     QApplication::setApplicationName(u"Hollin"_s);
     QApplication::setQuitOnLastWindowClosed(false); // the last form that unloads ends the program
     QApplication::setWindowIcon(QIcon(u":/hollin.png"_s));
     installFontSubstitutions();
     QApplication::setFont(QFont(u"ＭＳ Ｐゴシック"_s, 11));
 
-    installStandardTexts();
-
     Common::Presenter = desktopPresenter();
+    Common::HelpPresenter = presentHelp;
     Common::Printer.onDocument(
         [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
     fillScreenTable(Common::Forms);

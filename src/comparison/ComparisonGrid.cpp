@@ -6,6 +6,7 @@
 
 #include "judgement/ComparisonScale.h"
 #include "judgement/ItemMark.h"
+#include "platform/Colours.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/TextConversion.h"
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int gridSize = 21; // the fixed row and 20 items
 constexpr int cellWidth = 64;
-constexpr QColor closedCell{0xf0, 0xf0, 0xf0};
 
 // The pairs of n items, row by row over the upper triangle.
 template <typename Visit>
@@ -126,7 +126,7 @@ void 比較値設定::showChild(int item, qint32 factorNo, const QString& factor
     grid->setText(0, item, u"   "_s + itemMark(item));
     grid->setText(item, 0, itemMark(item) + formatNumber(factorNo, u"0000"_s) + factorName);
     grid->setText(item, item, u"   －"_s);
-    for (int column = 1; column <= item; ++column) grid->shade(item, column, closedCell);
+    for (int column = 1; column <= item; ++column) grid->shade(item, column, closedCell(palette()));
 }
 
 void 比較値設定::MSFlexGrid1_Click(int row, int column) {
@@ -157,7 +157,7 @@ void 比較値設定::CmbCell_Click(int position) {
 void 比較値設定::setCell(int row, int column, int position) {
     ui_->MSFlexGrid1->setText(row, column, scaleText(position));
     ui_->MSFlexGrid1->setText(column, row, scaleText(mirrorPosition(position)));
-    ui_->MSFlexGrid1->shade(column, row, closedCell);
+    ui_->MSFlexGrid1->shade(column, row, closedCell(palette()));
     values_[row - 1][column - 1] = scaleValue(position);
     unsaved_ = true;
     showProgress();

@@ -2,8 +2,11 @@
 
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
+#include <map>
 
 #include "platform/ApplicationDirectory.h"
 
@@ -34,7 +37,23 @@ constexpr std::array registrationEntries{
 };
 
 constexpr QSize buttonSize{260, 40};
+constexpr int lowestButton = 28;
 constexpr int buttonPoints = 12;
+constexpr int gap = 10;
+constexpr int edge = 30; // above the first button and below the last
+constexpr int titleBar = 30;
+
+// The menus have to be seen whole on the lowest screens, too.
+int buttonHeight(int screenHeight, int buttons) {
+    const int room = screenHeight - titleBar - 3 * edge; // some of it goes before the end button
+    return std::clamp(room / buttons - gap, lowestButton, buttonSize.height());
+}
+
+// The button that each menu was left by: whoever comes back goes on from there.
+std::map<QString, QString>& lastChosen() {
+    static std::map<QString, QString> buttons;
+    return buttons;
+}
 
 } // namespace
 
@@ -42,13 +61,15 @@ Menu::Menu(const QString& name, std::span<const MenuEntry> entries) : Screen(nam
     setWindowTitle(name);
     auto* column = new QVBoxLayout(this);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    column->setContentsMargins(40, 30, 40, 30);
-    column->setSpacing(10);
+    column->setContentsMargins(40, edge, 40, edge);
+    column->setSpacing(gap);
+    const int height =
+        buttonHeight(this->screen()->availableGeometry().height(), static_cast<int>(entries.size()));
     for (const auto& entry : entries) {
         auto* button = new QPushButton(entry.caption.toString());
         button->setObjectName(entry.control.toString());
         button->setFont(QFont(u"ＭＳ Ｐゴシック"_s, buttonPoints));
-        button->setFixedSize(buttonSize);
+        button->setFixedSize(buttonSize.width(), height);
         button->setAutoDefault(true);
         column->addWidget(button);
         const QString screen = entry.screen.toString();
@@ -57,11 +78,13 @@ Menu::Menu(const QString& name, std::span<const MenuEntry> entries) : Screen(nam
             onEvent(button, &QPushButton::clicked, [this] { end(); });
         } else {
             button->setEnabled(Common::Forms.exists(screen));
-            onEvent(button, &QPushButton::clicked, [this, screen] {
+            onEvent(button, &QPushButton::clicked, [this, screen, button] {
+                lastChosen()[this->name()] = button->objectName();
                 if (open(screen)) Common::Forms.unload(this->name());
             });
         }
     }
+    if (auto* chosen = findChild<QPushButton*>(lastChosen()[name])) chosen->setFocus();
 }
 
 bool Menu::open(const QString& screen) {

@@ -48,7 +48,7 @@ bool Screen::hasInput() const {
 void Screen::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_F1:
-            runEvent([this] { Common::HelpPresenter(name()); });
+            runEvent([this] { Common::HelpPresenter(helpTopic()); });
             break;
         case Qt::Key_Escape:
             if (hasInput()) return say(u"入力した内容があります。終了するときは Alt+X を押してください。"_s);

@@ -49,6 +49,9 @@ class Screen : public Form {
     // Whether leaving would lose what was typed without a question: then Esc does not leave.
     virtual bool hasInput() const;
 
+    // What heads the screen's section of the manual.
+    virtual QString helpTopic() const { return name(); }
+
     // F1 opens the manual at this screen's section, Esc leaves.
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -1,5 +1,6 @@
 #include "hierarchy/StructureTree.h"
 
+#include "platform/Colours.h"
 #include "platform/ElidedLabel.h"
 
 #include <QHeaderView>
@@ -8,13 +9,6 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr QColor nextParent{0x0b, 0x57, 0xa4};
-constexpr QColor notOffered{0x60, 0x60, 0x60};
-
-} // namespace
 
 StructureTree::StructureTree(QTreeWidget* widget, QTreeView* beside) : widget_(widget), beside_(beside) {
     widget_->setColumnCount(2);
@@ -39,7 +33,7 @@ void StructureTree::show(const std::vector<TreeNode>& nodes, const ParentList& p
             QStringList{factorText(node.place.factorNo, node.name, u" "_s)});
         item->setData(0, Qt::UserRole, node.key());
         item->setToolTip(0, plainToolTip(item->text(0))); // long names may be cut
-        item->setForeground(0, notOffered);
+        item->setForeground(0, fadedText(widget_->palette()));
         if (!node.parent) {
             items_[node.place] = item.get();
             root = std::move(item);
@@ -65,10 +59,7 @@ void StructureTree::mark(const ParentList& parents) {
     bold.setBold(true);
     next_->setText(1, u"← 次に設定する親要因"_s);
     next_->setIcon(0, widget_->style()->standardIcon(QStyle::SP_ArrowRight));
-    for (const int column : {0, 1}) {
-        next_->setFont(column, bold);
-        next_->setForeground(column, nextParent);
-    }
+    for (const int column : {0, 1}) next_->setFont(column, bold);
 }
 
 void StructureTree::select(const NodePlace& place) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Dates.h"
+#include "platform/Settings.h"
 #include "platform/TextConversion.h"
 #include "platform/TextFile.h"
 
@@ -13,6 +14,7 @@ namespace {
 const QString officeTarget = u"印刷"_s;
 const QString pdfTarget = u"PDF"_s;
 const QString reportFont = u"ＭＳ ゴシック"_s;
+const QString printers = u"Printers"_s; // section of the per-user settings
 
 constexpr qint16 messageColumns = 100;
 constexpr qint16 messageFirstRow = 2;
@@ -39,8 +41,8 @@ void PrintService::load(const QString& appDir) {
     PageNo = 0;
     LineNo = 0;
     LandscapeFlag = 0;
-    PdfPrinterName = u"いきなりPDF 2"_s;
-    OfficePrinterName = u"SHARP AR-266FP SPDL2_T1"_s;
+    PdfPrinterName = readSetting(printers, u"Pdf"_s, u"いきなりPDF 2"_s);
+    OfficePrinterName = readSetting(printers, u"Office"_s, u"SHARP AR-266FP SPDL2_T1"_s);
     printer_.setScaleMode(ReportPrinter::Millimetres);
     printer_.setFont(reportFont);
     printer_.setOutputFolder(FileDir);

@@ -1,9 +1,19 @@
 #include "platform/DesktopMessageBox.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 
 namespace {
+
+constexpr int titleExtra = 140; // pixels of a window's title that are not text: icon and buttons
+
+// A short text must not cut the title, which tells what the message is about.
+void makeRoomForTitle(QMessageBox& box) {
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + titleExtra;
+    auto* grid = static_cast<QGridLayout*>(box.layout());
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
 
 MessageAnswer showBox(const QString& text, const QString& title, MessageStyle style) {
     QMessageBox box(QApplication::activeWindow());
@@ -16,6 +26,7 @@ MessageAnswer showBox(const QString& text, const QString& title, MessageStyle st
         box.setDefaultButton(style == MessageStyle::Discard ? QMessageBox::No : QMessageBox::Yes);
         box.setEscapeButton(QMessageBox::No);
     }
+    makeRoomForTitle(box);
     switch (box.exec()) {
         case QMessageBox::Yes:
             return MessageAnswer::Yes;

@@ -1,18 +1,30 @@
 #include "platform/Form.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
 
 namespace {
 
 constexpr int twipsPerPixel = 15; // 1440 to the inch at 96 pixels to the inch
 
+// Pixels that the window's frame takes, both sides; the title is counted twice, since a window that is
+// centred without its frame hangs that much too low.
+constexpr QSize frameRoom{8, 56};
+// What a list or a grid is still of use with.
+constexpr QSize smallestView{200, 110};
+
 } // namespace
 
 Form::Form(const QString& name) : name_(name) {
     setObjectName(name);
+    // Focus is shown however it came: by Tab, by Enter, from another screen.
+    setAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 void Form::unload() {
@@ -20,8 +32,42 @@ void Form::unload() {
     close();
 }
 
+void Form::fitToScreen(const QSize& wanted) {
+    const QSize room = screen()->availableGeometry().size() - frameRoom;
+    if (needsMoreThan(room)) shrinkViews();
+    if (needsMoreThan(room)) scrollContents();
+    resize(wanted.boundedTo(room));
+}
+
+bool Form::needsMoreThan(const QSize& room) const {
+    const QSize needed = minimumSizeHint();
+    return needed.width() > room.width() || needed.height() > room.height();
+}
+
+void Form::shrinkViews() {
+    for (auto* view : findChildren<QAbstractScrollArea*>())
+        view->setMinimumSize(view->minimumSize().boundedTo(smallestView));
+    // The layouts between the views and the window hear of it one after the other.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+}
+
+void Form::scrollContents() {
+    auto* contents = new QWidget;
+    contents->setLayout(layout());
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(contents);
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins({});
+    page->addWidget(area);
+    connect(qApp, &QApplication::focusChanged, area, [area, contents](QWidget*, QWidget* now) {
+        if (now != nullptr && contents->isAncestorOf(now)) area->ensureWidgetVisible(now);
+    });
+}
+
 void Form::centre() {
-    adjustSize();
+    fitToScreen();
     const QSize available = screen()->size();
     move((available.width() - width()) / 2, (available.height() - height()) / 2);
 }

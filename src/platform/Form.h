@@ -21,7 +21,11 @@ class Form : public QWidget {
     // Hides the window for good; the owner then discards the instance.
     void unload();
 
-    // left = (screen width − form width) / 2, top likewise, in one move.
+    // Takes the size that its contents would like, and no more than the screen has free. Where that is too
+    // little, lists and grids give way first, which scroll by themselves, then the window as a whole scrolls.
+    void fitToScreen() { fitToScreen(sizeHint()); }
+    void fitToScreen(const QSize& wanted);
+    // The same, then left = (screen width − form width) / 2, top likewise, in one move.
     void centre();
     // In twips, 15 to the pixel.
     void position(int leftTwips, int topTwips);
@@ -32,6 +36,10 @@ class Form : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    bool needsMoreThan(const QSize& room) const;
+    void shrinkViews();
+    void scrollContents();
+
     QString name_;
     bool unloading_ = false;
 };

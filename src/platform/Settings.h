@@ -4,3 +4,4 @@
 #include <QString>
 
 int readSetting(const QString& section, const QString& key, int fallback);
+QString readSetting(const QString& section, const QString& key, const QString& fallback);

@@ -119,9 +119,9 @@ void ListDialog::layOut() {
 }
 
 void ListDialog::fitBesideScreen() {
-    if (kind_.rows == Rows::Evaluators) return resize(evaluatorListSize);
+    if (kind_.rows == Rows::Evaluators) return fitToScreen(evaluatorListSize);
     const int free = (screen()->size().width() - screenWidth) / 2 - gap - x();
-    resize(std::clamp(free, factorListWidth, widestFactorListWidth), factorListHeight);
+    fitToScreen({std::clamp(free, factorListWidth, widestFactorListWidth), factorListHeight});
 }
 
 void ListDialog::Form_Load() {

@@ -40,6 +40,7 @@ class ListDialog : public Screen {
   protected:
     // Reads the records and adds their rows.
     virtual void fill();
+    QString helpTopic() const override { return windowTitle(); }
     Ui::ListDialog& ui() { return *ui_; }
 
   private:

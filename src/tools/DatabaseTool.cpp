@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/Database.h"
+#include "core/DatabaseBackup.h"
 #include "core/Schema.h"
 #include "platform/Connection.h"
 #include "platform/DatabaseFile.h"
@@ -58,14 +59,6 @@ int create(const QStringList& files, bool withSample) {
     return success;
 }
 
-QStringList faultsOf(const QString& file) {
-    QStringList faults = databaseFaults(file, databasePassword);
-    if (!faults.isEmpty()) return faults;
-    Connection connection;
-    openDatabaseFile(connection, file);
-    return missingFromSchema(connection);
-}
-
 void sayRowCounts(const QString& file) {
     Connection connection;
     openDatabaseFile(connection, file);
@@ -76,7 +69,7 @@ void sayRowCounts(const QString& file) {
 }
 
 int check(const QStringList& files, bool) {
-    const QStringList faults = faultsOf(files[0]);
+    const QStringList faults = faultsOfDatabase(files[0]);
     for (const auto& fault : faults) complain(fault);
     if (!faults.isEmpty()) return failure;
     say(u"データベースに誤りはありません: %1"_s.arg(files[0]));
@@ -85,12 +78,7 @@ int check(const QStringList& files, bool) {
 }
 
 int backup(const QStringList& files, bool) {
-    NewFile copy(files[1]);
-    copyDatabase(files[0], copy.temporaryPath(), databasePassword);
-    const QStringList faults = faultsOf(copy.temporaryPath());
-    for (const auto& fault : faults) complain(fault);
-    if (!faults.isEmpty()) return failure;
-    copy.publish();
+    backUpDatabase(files[0], files[1]);
     say(u"写しを作成しました: %1"_s.arg(files[1]));
     return success;
 }
