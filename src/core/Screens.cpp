@@ -8,6 +8,12 @@ using namespace Qt::StringLiterals;
 
 Screens Common::Forms;
 
+QStringList Screens::names() const {
+    QStringList names;
+    for (const auto& [name, maker] : makers_) names << name;
+    return names;
+}
+
 void Screens::show(const QString& name) {
     if (!loaded_.contains(name)) {
         const auto maker = makers_.find(name);

@@ -1,7 +1,7 @@
 // The table of screens and the forms that are open.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <functional>
 #include <map>
 #include <memory>
@@ -17,6 +17,7 @@ class Screens {
         makers_[name] = [] { return std::make_unique<Screen>(); };
     }
     bool exists(const QString& name) const { return makers_.contains(name); }
+    QStringList names() const;
 
     // Loads the form when it is not loaded (its load handler runs) and shows it.
     void show(const QString& name);

@@ -34,6 +34,7 @@ constexpr int indent = 2; // blanks for each level of headings
 HelpWindow::HelpWindow(const QString& manual) : manual_(new Manual(manual)), contents_(new QListWidget) {
     setWindowTitle(u"Hollin 利用の手引き"_s);
     contents_->setObjectName(u"Contents"_s);
+    contents_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     contents_->setAccessibleName(u"目次"_s);
     manual_->setAccessibleName(u"利用の手引き"_s);
     auto* panes = new QSplitter;
@@ -44,6 +45,7 @@ HelpWindow::HelpWindow(const QString& manual) : manual_(new Manual(manual)), con
 
     auto* buttons = new QDialogButtonBox;
     auto* copy = buttons->addButton(u"データの控えを作る(&B)"_s, QDialogButtonBox::ActionRole);
+    copy->setObjectName(u"Copy"_s);
     auto* about = buttons->addButton(u"このプログラムについて(&P)"_s, QDialogButtonBox::ActionRole);
     auto* close = buttons->addButton(u"閉じる(&X)"_s, QDialogButtonBox::RejectRole);
     auto* page = new QVBoxLayout(this);

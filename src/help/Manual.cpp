@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextList>
 #include <QTextTable>
 
 using namespace Qt::StringLiterals;
@@ -14,6 +15,9 @@ namespace {
 
 constexpr int widestPicture = 720; // pixels
 constexpr int cellPadding = 5;
+constexpr int pageMargin = 18;
+constexpr int beforeHeading = 22;
+constexpr int betweenParagraphs = 8;
 
 // "4.3 要因登録、課題登録" without its number, one word for each screen.
 QStringList wordsOf(const QString& heading) {
@@ -34,7 +38,21 @@ Manual::Manual(const QString& file) {
     if (!QFileInfo(file).isFile()) return;
     setSource(QUrl::fromLocalFile(file), QTextDocument::MarkdownResource);
     findHeadings();
+    spaceParagraphs();
     drawTables();
+}
+
+// The toolkit sets Markdown solid.
+void Manual::spaceParagraphs() {
+    document()->setDocumentMargin(pageMargin);
+    for (auto block = document()->begin(); block.isValid(); block = block.next()) {
+        QTextCursor cursor(block);
+        if (cursor.currentTable() != nullptr) continue;
+        QTextBlockFormat format;
+        format.setTopMargin(block.blockFormat().headingLevel() > 0 ? beforeHeading : 0);
+        format.setBottomMargin(block.textList() != nullptr ? 2 : betweenParagraphs);
+        cursor.mergeBlockFormat(format);
+    }
 }
 
 void Manual::findHeadings() {

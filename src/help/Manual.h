@@ -30,6 +30,7 @@ class Manual : public QTextBrowser {
 
   private:
     void findHeadings();
+    void spaceParagraphs();
     void drawTables();
 
     std::vector<Heading> headings_;
