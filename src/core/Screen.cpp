@@ -12,6 +12,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int lowerMargin = 10; // pixels between the status line and the frame
+constexpr int widestPage = 900;
+
+// A page of fields has no use for more room: its fields, labels and buttons stay together in the upper left
+// when the window is enlarged.
+void keepTogether(QVBoxLayout* page, QWidget* window) {
+    page->addStretch();
+    auto* contents = new QWidget(window);
+    contents->setLayout(page);
+    contents->setMaximumWidth(widestPage);
+    auto* row = new QHBoxLayout(window);
+    row->setContentsMargins({});
+    row->addWidget(contents, 1);
+    row->addStretch();
+}
 
 } // namespace
 
@@ -22,8 +36,7 @@ void Screen::addStatusLine(ElidedLabel* line) {
     status_->setTextFormat(Qt::PlainText);
     status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* page = qobject_cast<QVBoxLayout*>(layout());
-    // What has no use for more height stays together when the window is enlarged.
-    if (!page->expandingDirections().testFlag(Qt::Vertical)) page->addStretch();
+    if (!page->expandingDirections().testFlag(Qt::Vertical)) keepTogether(page, this);
     page->addWidget(status_);
     QMargins margins = page->contentsMargins();
     margins.setBottom(std::min(margins.bottom(), lowerMargin));

@@ -52,9 +52,9 @@ void Form::shrinkViews() {
 }
 
 void Form::scrollContents() {
-    auto* contents = new QWidget;
+    auto* area = new QScrollArea(this);
+    auto* contents = new QWidget(area); // in this window all the time, or the order of Tab would be lost
     contents->setLayout(layout());
-    auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(contents);
