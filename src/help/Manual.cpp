@@ -4,10 +4,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextList>
 #include <QTextTable>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -94,9 +96,11 @@ QVariant Manual::loadResource(int type, const QUrl& name) {
     QImage picture;
     picture.loadFromData(resource.toByteArray());
     const double ratio = devicePixelRatioF();
-    if (picture.width() <= widestPicture) return picture;
-    if (picture.width() > widestPicture * ratio)
-        picture = picture.scaledToWidth(static_cast<int>(widestPicture * ratio), Qt::SmoothTransformation);
-    picture.setDevicePixelRatio(picture.width() / double{widestPicture});
+    const int widest =
+        std::min(widestPicture, screen()->availableSize().width() * 11 / 20); // beside the contents
+    if (picture.width() <= widest) return picture;
+    if (picture.width() > widest * ratio)
+        picture = picture.scaledToWidth(static_cast<int>(widest * ratio), Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(picture.width() / static_cast<double>(widest));
     return picture;
 }

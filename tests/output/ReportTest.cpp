@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QSettings>
 #include <QTemporaryDir>
 
 #include "output/PrintService.h"
@@ -73,6 +74,17 @@ TEST_F(ReportTest, WidthsFollowTheCodePage) {
                                                {u"①髙"_s, 3, 1}})
         EXPECT_EQ(PrintService::FitChars(text, static_cast<qint16>(limit)), fitting) << text.toStdString();
     EXPECT_EQ(PrintService::TextColumns(u"a評ｱ𠮷"_s), 6);
+}
+
+TEST_F(ReportTest, PrintersAreTheOnesThatTheUsersSettingsName) {
+    EXPECT_EQ(print.OfficePrinterName, u"SHARP AR-266FP SPDL2_T1"_s);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    QDir(folder.path()).mkdir(u"Hollin"_s);
+    writeWholeFile(folder.filePath(u"Hollin/Hollin.conf"_s),
+                   "[Printers]\nOffice=事務室, 2階\n"); // as one types it
+    print.load(folder.path());
+    EXPECT_EQ(print.OfficePrinterName, u"事務室, 2階"_s);
+    EXPECT_EQ(print.PdfPrinterName, u"いきなりPDF 2"_s);
 }
 
 TEST_F(ReportTest, ThirteenColumnsAreLandscapeOnEveryPage) {
