@@ -1,9 +1,7 @@
 // Starts the program: command line, fonts, translator, the table of screens, メニュー.
 #include <QApplication>
-#include <QDesktopServices>
 #include <QIcon>
 #include <QPointer>
-#include <QUrl>
 
 #include "CommandLine.h"
 #include "ScreenTable.h"
@@ -12,6 +10,7 @@
 #include "core/Screens.h"
 #include "help/HelpWindow.h"
 #include "help/Manual.h"
+#include "output/MadeFiles.h"
 #include "platform/DesktopMessageBox.h"
 #include "platform/Fonts.h"
 #include "platform/StandardTexts.h"
@@ -49,8 +48,7 @@ int main(int argc, char* argv[]) {
 
     Common::Presenter = desktopPresenter();
     Common::HelpPresenter = presentHelp;
-    Common::Printer.onDocument(
-        [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+    Common::Printer.onDocument(MadeFiles::add);
     fillScreenTable(Common::Forms);
     int code = 1;
     try {

@@ -1,11 +1,12 @@
 #include "analysis/AnalysisOutput.h"
 
+#include <set>
+
 #include "analysis/FactorValues.h"
 #include "analysis/Variation.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "hierarchy/FamilyRows.h"
-#include "hierarchy/NumberHierarchy.h"
 #include "output/ReportPage.h"
 #include "output/RoundSelection.h"
 #include "platform/Numbers.h"
@@ -38,7 +39,7 @@ QList<ReportColumn> allColumns() {
     return columns;
 }
 
-bool hasTotals(const ProblemRound& of) {
+bool anyoneHasTotals(const ProblemRound& of) {
     return !Recordset(
                 u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
                 " order by 子要因番号"_s.arg(of.problemNo)
@@ -67,26 +68,25 @@ void fillTable(const ProblemRound& of) {
 
 struct Analysis {
     QString grade;
-    QStringList evaluators;
+    std::set<qint32> evaluators;
     std::vector<FactorValues> tree;
     std::vector<FactorValues> totals;
 };
 
-QStringList readEvaluators(Connection& connection) {
-    QStringList names;
+// Numbers of the evaluators whose values are in the table.
+std::set<qint32> readEvaluators(Connection& connection) {
+    std::set<qint32> numbers;
     for (Recordset rows(u"select distinct long3 from tempfac"_s, connection); !rows.eof(); rows.moveNext())
-        names << evaluatorName(connection, rows[u"long3"_s].toLong());
-    return names;
+        numbers.insert(rows[u"long3"_s].toLong());
+    return numbers;
 }
 
 Analysis analyse(const ProblemRound& of) {
-    NumberHierarchy(of.connection, QString::number(of.problemNo), 1);
-    const auto levels = levelsByKey(of.connection);
-    copyToWorkfac(of.connection);
+    const auto levels = numberForReport(of.connection, of.problemNo);
     fillTable(of);
     Analysis analysis{VariationGrade(of), readEvaluators(of.connection), {}, {}};
     for (auto& factor :
-         readFactorValues(of.connection, u"select * from tempfac order by dno,child"_s, u"long3"_s, levels))
+         readFactorValues(of, u"select * from tempfac order by dno,child"_s, u"long3"_s, levels))
         (factor.isTotal ? analysis.totals : analysis.tree).push_back(std::move(factor));
     return analysis;
 }
@@ -105,25 +105,30 @@ QStringList figures(const QString& name, const FactorValues& factor) {
 }
 
 void printTotals(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& totals) {
-    page.newTable(u"総合評価値（最終レベル）"_s, allColumns(), static_cast<int>(totals.size()));
+    QList<ReportRow> rows;
     for (const auto& factor : totals) {
         const QString name = names[factor.place.factorNo];
-        page.row(QStringList{name} + figures(name, factor));
+        rows.append({QStringList{name} + figures(name, factor)});
     }
+    page.newTable(u"総合評価値（最終レベル）"_s, allColumns(), rows);
 }
 
-// The names where they all have room.
-QString evaluatorLine(const QStringList& evaluators) {
+// With the names, by number, where they all have room.
+QString evaluatorLine(Connection& connection, const std::set<qint32>& evaluators) {
     const QString count = u"評価者 %1名"_s.arg(evaluators.size());
-    const QString names = u"："_s + evaluators.join(u"、"_s);
-    return PrintService::TextColumns(count + names) <= mostNameColumns ? count + names : count;
+    QStringList names;
+    for (const qint32 number : evaluators) names << evaluatorName(connection, number);
+    names.removeAll(QString());
+    if (names.isEmpty()) return count;
+    const QString line = count + u"："_s + names.join(u"、"_s);
+    return PrintService::TextColumns(line) <= mostNameColumns ? line : count;
 }
 
 void printAnalysis(PrintService& print, const ProblemRound& of, const Analysis& analysis) {
     FactorNames names(of.connection);
     const QString problem = names[of.problemNo];
     const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, of.round),
-                                   evaluatorLine(analysis.evaluators)};
+                                   evaluatorLine(of.connection, analysis.evaluators)};
     ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
     printFamilies(page, names, analysis.tree, [&names](const FactorValues& factor) {
         return figures(names[factor.place.factorNo], factor);
@@ -136,7 +141,7 @@ void printAnalysis(PrintService& print, const ProblemRound& of, const Analysis& 
 
 bool PrintAnalysis(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
                    const Progress& progress) {
-    if (!hasTotals(chosen)) {
+    if (!anyoneHasTotals(chosen)) {
         Common::refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
         return false;
     }

@@ -2,27 +2,49 @@
 
 #include <algorithm>
 
+#include "output/RoundSelection.h"
 #include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
 
-std::vector<FactorValues> readFactorValues(Connection& connection, const QString& sql,
-                                           const QString& evaluatorField, const QHash<double, int>& levels) {
+namespace {
+
+constexpr int totalsLevel = -1; // they stand in no level of the tree
+
+// The factors of one pair, in the order of `factors`: one for each place where it stands.
+using Places = std::vector<std::size_t>;
+
+bool has(const FactorValues& factor, qint32 evaluatorNo) {
+    return std::ranges::find(factor.values, evaluatorNo, &EvaluatorValue::evaluatorNo) != factor.values.end();
+}
+
+} // namespace
+
+std::vector<FactorValues> readFactorValues(const ProblemRound& of, const QString& sql,
+                                           const QString& evaluatorField, const TreeLevels& levels) {
     std::vector<FactorValues> factors;
-    Recordset rows(sql, connection);
-    while (!rows.eof()) {
-        const Value key = rows[u"dno"_s];
-        const Value child = rows[u"child"_s];
-        FactorValues factor;
-        factor.isTotal = key.toDouble() == totalsKey;
-        factor.place = {rows[u"parent"_s].toLong(), child.toLong(),
-                        factor.isTotal ? totalsLevel : levels.value(key.toDouble())};
-        for (; !rows.eof() && rows[u"dno"_s] == key && rows[u"child"_s] == child; rows.moveNext()) {
-            factor.values.push_back({rows[evaluatorField].toLong(), rows[u"score"_s].toDouble()});
-            factor.statistics.add(factor.values.back().value);
+    std::map<TreePair, Places> known;
+    for (Recordset rows(sql, of.connection); !rows.eof(); rows.moveNext()) {
+        const TreePair pair{rows[u"dno"_s].toDouble(), rows[u"parent"_s].toLong(), rows[u"child"_s].toLong()};
+        const EvaluatorValue value{rows[evaluatorField].toLong(), rows[u"score"_s].toDouble()};
+        auto& places = known[pair];
+        // An evaluator has one value in each place: another one is of the next.
+        auto place = std::ranges::find_if(
+            places, [&](std::size_t at) { return !has(factors[at], value.evaluatorNo); });
+        if (place == places.end()) {
+            const auto& [key, parentNo, childNo] = pair;
+            FactorValues factor;
+            factor.isTotal = key == totalsKey && parentNo == of.problemNo;
+            const int level = factor.isTotal ? totalsLevel : levelOf(levels, pair, places.size());
+            factor.place = {parentNo, childNo, level, key};
+            place = places.insert(place, factors.size());
+            factors.push_back(std::move(factor));
         }
-        factors.push_back(std::move(factor));
+        factors[*place].values.push_back(value);
+        factors[*place].statistics.add(value.value);
     }
-    std::stable_partition(factors.begin(), factors.end(), [](const auto& factor) { return !factor.isTotal; });
+    std::ranges::stable_sort(factors, [](const auto& one, const auto& other) {
+        return std::tie(one.isTotal, one.place) < std::tie(other.isTotal, other.place);
+    });
     return factors;
 }

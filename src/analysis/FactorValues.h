@@ -1,19 +1,17 @@
 // The values that all evaluators of a round give the factors of a problem, as the work table holds them.
 #pragma once
 
-#include <QHash>
 #include <QString>
 #include <vector>
 
 #include "analysis/Statistics.h"
 #include "hierarchy/TreePlace.h"
 
-class Connection;
+struct ProblemRound;
 
 // The key of the totals in `tempfac`. Keys of a deep hierarchy can be greater; the totals are last all the
 // same.
 constexpr qint32 totalsKey = 100000000;
-constexpr int totalsLevel = -1; // they stand in no level of the tree
 
 struct EvaluatorValue {
     qint32 evaluatorNo = 0;
@@ -27,7 +25,7 @@ struct FactorValues {
     Statistics statistics;
 };
 
-// The factors in tree order, the totals last. `sql` reads `tempfac` by key and child; `evaluatorField` is the
-// column with the evaluator, `levels` the level of each key.
-std::vector<FactorValues> readFactorValues(Connection& connection, const QString& sql,
-                                           const QString& evaluatorField, const QHash<double, int>& levels);
+// The factors in tree order, the totals last; a factor for each pair of parent and child and each place where
+// it stands. `sql` reads `tempfac` by key and child; `evaluatorField` is the column with the evaluator.
+std::vector<FactorValues> readFactorValues(const ProblemRound& of, const QString& sql,
+                                           const QString& evaluatorField, const TreeLevels& levels);

@@ -14,6 +14,7 @@ using namespace Common;
 
 namespace {
 
+const QString coefficientPattern = u"#0.0000"_s;
 constexpr qsizetype longestFileName = 248; // bytes: 255, less what the file's name has while it is written
 
 // The coefficient of the factor whose rows come next, as text. Leaves the record set at the next factor.
@@ -22,7 +23,7 @@ QString nextCoefficient(Recordset& rows, const QString& name) {
     Statistics weights;
     for (; !rows.eof() && rows[u"子要因番号"_s].toLong() == factorNo; rows.moveNext())
         weights.add(rows[u"総合評価値"_s].toDouble());
-    return formatNumber(weights.geometricMean(name), u"#0.0000"_s);
+    return formatNumber(weights.geometricMean(name), coefficientPattern);
 }
 
 // A separator in the name would put the file into some other folder.
@@ -81,6 +82,21 @@ bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
     }
     writeCodePageLines(filePath(folder, problem), {names, coefficients});
     return true;
+}
+
+std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32 problemNo) {
+    std::vector<RankedCoefficient> ranked;
+    for (Recordset rows(
+             u"select 要因番号,係数値 from 総合係数 where 課題番号=%1 order by 係数値 desc,要因番号"_s.arg(
+                 problemNo),
+             connection);
+         !rows.eof(); rows.moveNext()) {
+        const QString coefficient = formatNumber(rows[u"係数値"_s].toDouble(), coefficientPattern);
+        const bool tie = !ranked.empty() && ranked.back().coefficient == coefficient;
+        ranked.push_back({tie ? ranked.back().rank : static_cast<int>(ranked.size()) + 1,
+                          factorName(connection, rows[u"要因番号"_s].toLong()), coefficient});
+    }
+    return ranked;
 }
 
 QString Quote(const QString& text) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QString>
+#include <vector>
 
 #include "output/ReportWork.h"
 
+class Connection;
 struct ProblemRound;
 
 // Computes, stores and writes the coefficients of the chosen problem and round. False when there was nothing
@@ -21,6 +23,16 @@ bool SetCoefficients(PrintService& print, const RoundSelection& chosen, const Re
 // Raises error 5 for a weight of 0 or below, for a problem name that has a folder separator in it or is
 // longer than a file name, and for a name that the code page lacks, 75 or 76 when the file cannot be written.
 bool ComputeCoefficients(const ProblemRound& of, const QString& folder);
+
+// A coefficient as it stands in the table and in the file. Equal ones have the same rank.
+struct RankedCoefficient {
+    int rank = 0;
+    QString factor;
+    QString coefficient;
+};
+
+// Those of a problem, the highest first.
+std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32 problemNo);
 
 // The text between double quotes; those inside it stay as they are.
 QString Quote(const QString& text);

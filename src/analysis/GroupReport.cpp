@@ -1,13 +1,14 @@
 #include "analysis/GroupReport.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "analysis/FactorValues.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "evaluation/EvaluatorRound.h"
-#include "hierarchy/NumberHierarchy.h"
 #include "output/ReportPage.h"
+#include "output/RoundResults.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
@@ -30,16 +31,6 @@ const QList<ReportColumn> columns{
 const QString totalsLabel = u"総合評価値（最終レベル）"_s;
 const QString labelBlank(14, u' ');
 
-bool hasTotals(const EvaluatorRound& of) {
-    return !Recordset(
-                u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
-                " and 評価者番号=%3 order by 子要因番号"_s.arg(of.problemNo)
-                    .arg(of.round)
-                    .arg(of.evaluatorNo),
-                of.connection)
-                .eof();
-}
-
 // Value and rank of the evaluator: the values come in descending order. Blank where there is no value.
 QStringList ownCells(const FactorValues& factor, qint32 evaluatorNo) {
     const auto found = std::ranges::find(factor.values, evaluatorNo, &EvaluatorValue::evaluatorNo);
@@ -55,51 +46,80 @@ QStringList groupCells(const QString& factor, const Statistics& group) {
     return cells;
 }
 
-void printFactors(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& factors,
-                  qint32 evaluatorNo) {
-    bool labelled = false;
-    for (std::size_t begin = 0; begin < factors.size();) {
-        const auto end = familyEnd(factors, begin);
-        page.group(static_cast<int>(end - begin));
-        for (; begin < end; ++begin) {
-            const auto& factor = factors[begin];
-            const QString label = !factor.isTotal ? names[factor.place.parentNo]
-                                  : labelled      ? labelBlank
-                                                  : totalsLabel;
-            labelled = factor.isTotal;
-            page.row(QStringList{label, names[factor.place.factorNo]} + ownCells(factor, evaluatorNo) +
-                     groupCells(names[factor.place.factorNo], factor.statistics));
-        }
+// What the documents of all evaluators say alike of a factor.
+struct GroupRow : FactorValues {
+    QString parent;
+    QString name;
+    QStringList figures;
+};
+
+std::vector<GroupRow> groupRows(FactorNames& names, std::vector<FactorValues> factors) {
+    std::vector<GroupRow> rows;
+    for (auto& factor : factors) {
+        const QString name = names[factor.place.factorNo];
+        const QString parent = factor.isTotal ? labelBlank : names[factor.place.parentNo];
+        const QStringList figures = groupCells(name, factor.statistics);
+        rows.push_back({std::move(factor), parent, name, figures});
     }
+    return rows;
+}
+
+void printFactors(ReportPage& page, const std::vector<GroupRow>& rows, qint32 evaluatorNo) {
+    for (std::size_t begin = 0; begin < rows.size();) {
+        const auto end = familyEnd(rows, begin);
+        RowGroup family;
+        if (rows[begin].isTotal) family.label = totalsLabel;
+        for (; begin < end; ++begin) {
+            const auto& row = rows[begin];
+            family.rows.append(
+                {QStringList{row.parent, row.name} + ownCells(row, evaluatorNo) + row.figures});
+        }
+        page.group(family);
+    }
+}
+
+// The document of one evaluator. `rows` are made for the first document and kept for the others.
+void PrintGroupReport(PrintService& print, const EvaluatorRound& of, const QString& problem,
+                      const std::function<const std::vector<GroupRow>&()>& rows) {
+    const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
+    print.fillSlots(evaluator, problem, of.round);
+    ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, of.round)}, columns},
+                    {u"報告作成"_s, problem, evaluator});
+    page.coveringLetter(print.FileDir + u"\\message.txt"_s);
+    printFactors(page, rows(), of.evaluatorNo);
+    page.finish();
 }
 
 } // namespace
 
 bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
                      const Progress& progress) {
-    const auto evaluated = [&chosen](qint32 evaluatorNo) {
-        return hasTotals(evaluatorRound(chosen, evaluatorNo));
-    };
+    const auto evaluated = [&chosen](qint32 evaluatorNo) { return hasResults(chosen, evaluatorNo); };
     if (!allHave(chosen, evaluated, u"評価回数"_s, u"評価結果"_s)) return false;
     const auto count = static_cast<int>(chosen.evaluators.size());
     int done = 0;
     progress(done, count, {});
-    FillGroupTable(chosen);
-    const auto group = readFactorValues(
-        chosen.connection, u"select * from tempfac order by dno,child,score desc"_s, u"long2"_s, {});
+    const auto levels = FillGroupTable(chosen);
+    FactorNames names(chosen.connection);
+    auto factors = readFactorValues(chosen, u"select * from tempfac order by dno,child,score desc"_s,
+                                    u"long2"_s, levels);
+    std::vector<GroupRow> rows;
+    const auto rowsOnce = [&]() -> const std::vector<GroupRow>& {
+        if (rows.empty()) rows = groupRows(names, std::move(factors));
+        return rows;
+    };
     for (const auto& evaluator : chosen.evaluators) {
         progress(done++, count, evaluator.entry);
-        PrintGroupReport(print, evaluatorRound(chosen, evaluator.number), group);
+        PrintGroupReport(print, evaluatorRound(chosen, evaluator.number), names[chosen.problemNo], rowsOnce);
     }
     progress(count, count, {});
     Common::inform(u" 印刷終了"_s);
     return true;
 }
 
-void FillGroupTable(const ProblemRound& of) {
+TreeLevels FillGroupTable(const ProblemRound& of) {
     auto& connection = of.connection;
-    NumberHierarchy(connection, QString::number(of.problemNo), 1);
-    copyToWorkfac(connection);
+    auto levels = numberForReport(connection, of.problemNo);
     connection.execute(u"delete from tempfac"_s);
     // A leaf right below the problem has a row of level 2 with the same parent: its value counts paths.
     connection.execute(
@@ -114,17 +134,5 @@ void FillGroupTable(const ProblemRound& of) {
         " from 評価結果 where 課題番号 = %1 and 比較回数=%2 and レベル=2"_s.arg(of.problemNo)
             .arg(of.round)
             .arg(totalsKey));
-}
-
-void PrintGroupReport(PrintService& print, const EvaluatorRound& of, const std::vector<FactorValues>& group) {
-    FactorNames names(of.connection);
-    const QString problem = names[of.problemNo];
-    const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
-    print.fillSlots(evaluator, problem, of.round);
-
-    ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, of.round)}, columns},
-                    {u"報告作成"_s, problem, evaluator});
-    page.coveringLetter(print.FileDir + u"\\message.txt"_s);
-    printFactors(page, names, group, of.evaluatorNo);
-    page.finish();
+    return levels;
 }

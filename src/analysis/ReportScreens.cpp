@@ -1,11 +1,26 @@
 #include "analysis/ReportScreens.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
+#include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "analysis/FinalResult.h"
 #include "analysis/ReportWorks.h"
+#include "output/RoundSelection.h"
+#include "platform/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment) {
+    auto* item = new QTableWidgetItem(text);
+    item->setTextAlignment(alignment | Qt::AlignVCenter);
+    return item;
+}
+
+} // namespace
 
 評価計算::評価計算() : ReportForm(reportWork(u"評価計算"_s)) {}
 
@@ -24,4 +39,30 @@ using namespace Qt::StringLiterals;
 
 分析出力::分析出力() : ReportForm(reportWork(u"分析出力"_s)) {}
 
-最終結果::最終結果() : ReportForm(reportWork(u"最終結果"_s)) {}
+最終結果::最終結果() : ReportForm(reportWork(u"最終結果"_s)), coefficients_(new QTableWidget(0, 3)) {
+    coefficients_->setObjectName(u"coefficients"_s);
+    coefficients_->setHorizontalHeaderLabels({u"順位"_s, u"要因"_s, u"係数"_s});
+    coefficients_->verticalHeader()->hide();
+    coefficients_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    coefficients_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    coefficients_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    coefficients_->setTabKeyNavigation(false);
+    coefficients_->setMinimumHeight(180);
+    optionsLayout()->addWidget(coefficients_);
+    setTabOrder(findChild<QWidget*>(u"Combo1"_s), coefficients_);
+}
+
+void 最終結果::problemChosen() {
+    coefficients_->setRowCount(0);
+}
+
+void 最終結果::worked(const RoundSelection& chosen) {
+    const auto stored = storedCoefficients(chosen.connection, chosen.problemNo);
+    coefficients_->setRowCount(static_cast<int>(stored.size()));
+    for (int row = 0; const auto& [rank, name, coefficient] : stored) {
+        coefficients_->setItem(row, 0, cell(QString::number(rank), Qt::AlignRight));
+        coefficients_->setItem(row, 1, cell(name, Qt::AlignLeft));
+        coefficients_->item(row, 1)->setToolTip(plainToolTip(name));
+        coefficients_->setItem(row++, 2, cell(coefficient, Qt::AlignRight));
+    }
+}

@@ -3,6 +3,8 @@
 
 #include "output/ReportForm.h"
 
+class QTableWidget;
+
 // Calculation: weights and inconsistency report of the chosen evaluators.
 class 評価計算 : public ReportForm {
   public:
@@ -31,4 +33,11 @@ class 分析出力 : public ReportForm {
 class 最終結果 : public ReportForm {
   public:
     最終結果();
+
+  protected:
+    void problemChosen() override;
+    void worked(const RoundSelection& chosen) override;
+
+  private:
+    QTableWidget* coefficients_; // of the last work, the highest first
 };

@@ -3,8 +3,9 @@
 #include <cmath>
 
 #include "analysis/Statistics.h"
+#include "evaluation/ChildLimit.h"
+#include "judgement/Limits.h"
 #include "output/RoundSelection.h"
-#include "platform/BoundedArray.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
@@ -12,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int familySize = 21;
 constexpr double negligibleVariance = 1e-7;
 constexpr double negligibleWidth = 1e-8;
 constexpr int middleClass = 3;
@@ -21,14 +21,10 @@ constexpr int lastClass = valueClasses - 1;
 // By the number of children: weights of a large family differ less.
 constexpr std::array divisors{1.0,   1.0,   0.394, 0.364, 0.333, 0.305, 0.28,  0.261, 0.246, 0.239, 0.226,
                               0.216, 0.209, 0.204, 0.196, 0.19,  0.187, 0.183, 0.176, 0.173, 0.171};
+static_assert(divisors.size() == mostChildren + 1);
 
 constexpr std::array bounds{0.1, 0.2, 0.3, 0.4, 999999.0};
 constexpr std::array<QChar, 6> labels{u'A', u'B', u'C', u'D', u'E', u'F'}; // no variation is as great as F
-
-double divisorOf(int children) {
-    if (children >= static_cast<int>(divisors.size())) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
-    return divisors[static_cast<std::size_t>(children)];
-}
 
 // The standard deviation of the child whose rows come next.
 double nextDeviation(Recordset& rows) {
@@ -47,15 +43,15 @@ struct Variation {
     int children = 0;
 };
 
-void addNextFamily(Variation& round, Recordset& rows) {
+void addNextFamily(Variation& round, Connection& connection, Recordset& rows) {
     const auto parentNo = rows[u"親要因番号"_s].toLong();
-    BoundedArray<double, familySize> deviations;
-    int children = 0;
+    std::vector<double> deviations;
     while (!rows.eof() && rows[u"親要因番号"_s].toLong() == parentNo)
-        deviations[children++] = nextDeviation(rows);
-    const double divisor = divisorOf(children);
-    for (int child = 0; child < children; ++child) round.total += deviations[child] / divisor;
-    round.children += children;
+        deviations.push_back(nextDeviation(rows));
+    const auto children = deviations.size();
+    if (children >= divisors.size()) throw tooManyChildren(connection, parentNo, mostChildren);
+    for (const double deviation : deviations) round.total += deviation / divisors[children];
+    round.children += static_cast<int>(children);
 }
 
 } // namespace
@@ -73,7 +69,7 @@ QString VariationGrade(const ProblemRound& of) {
             .arg(of.round),
         of.connection);
     Variation variation;
-    while (!rows.eof()) addNextFamily(variation, rows);
+    while (!rows.eof()) addNextFamily(variation, of.connection, rows);
     return gradeLetter(variation.children == 0 ? 0 : variation.total / variation.children);
 }
 

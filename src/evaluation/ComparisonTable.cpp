@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "evaluation/ChildLimit.h"
 #include "evaluation/EvaluatorRound.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
@@ -40,6 +41,8 @@ ComparisonTable readComparisonTable(const EvaluatorRound& of, qint32 goalNo) {
          !rows.eof(); rows.moveNext()) {
         const int source = itemOf(table.items, rows[u"比較元要因番号"_s].toLong());
         const int target = itemOf(table.items, rows[u"比較対象要因番号"_s].toLong());
+        if (std::ssize(table.items) > ComparisonTable::size)
+            throw tooManyChildren(of.connection, goalNo, ComparisonTable::size);
         std::tie(table.cells[source][target], table.cells[target][source]) =
             comparisonTexts(rows[u"比較値"_s].toDouble());
         table.cells[source][source] = table.cells[target][target] = u"－"_s;

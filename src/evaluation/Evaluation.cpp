@@ -5,8 +5,23 @@
 #include "evaluation/InconsistencyReport.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
+#include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Whatever keeps the report from being printed, the weights are there.
+void report(PrintService& print, const ProblemRound& of, const InconsistencyList& findings) {
+    try {
+        printInconsistencyReport(print, of, findings);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(ErrorCode{error.number()},
+                           error.description() + u"\n\n評価値は保存されています。"_s);
+    }
+}
+
+} // namespace
 
 bool evaluate(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
               const Progress& progress) {
@@ -28,7 +43,7 @@ bool evaluate(PrintService& print, const RoundSelection& chosen, const ReportOpt
     }
     progress(steps, steps, {});
     chosen.connection.endUnitOfWork(); // a report is handed out only of weights that are on the disk
-    printInconsistencyReport(print, chosen, findings);
+    report(print, chosen, findings);
     Common::inform(u" 評価値計算終了"_s);
     return true;
 }

@@ -7,9 +7,10 @@
 #include "evaluation/ComparisonTable.h"
 #include "evaluation/EvaluatorRound.h"
 #include "hierarchy/FamilyRows.h"
-#include "hierarchy/NumberHierarchy.h"
 #include "hierarchy/TreePlace.h"
 #include "output/ReportPage.h"
+#include "output/RoundResults.h"
+#include "output/RoundSelection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
@@ -39,26 +40,21 @@ const QList<ReportColumn> treeColumns{{u"要因名"_s, 5, 136},
                                       {u"累積評価値"_s, 175, 30, Alignment::Point}};
 const QList<ReportColumn> totalColumns{{u"要因名"_s, 5, 136}, {u"総合評価値"_s, 145, 26, Alignment::Point}};
 
-bool hasResults(const EvaluatorRound& of) {
-    return !Recordset(u"select 子要因番号 from 評価結果 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3"_s
-                          .arg(of.problemNo)
-                          .arg(of.round)
-                          .arg(of.evaluatorNo),
-                      of.connection)
-                .eof();
-}
-
-std::vector<TreeRow> readTree(Connection& connection, const QString& sql, const QHash<double, int>& levels) {
+std::vector<TreeRow> readTree(Connection& connection, const QString& sql, const TreeLevels& levels) {
     std::vector<TreeRow> tree;
+    std::map<TreePair, std::size_t> seen;
     for (Recordset rows(sql, connection); !rows.eof(); rows.moveNext()) {
-        const TreePlace place{rows[u"parent"_s].toLong(), rows[u"child"_s].toLong(),
-                              levels[rows[u"dno"_s].toDouble()]};
+        const TreePair pair{rows[u"dno"_s].toDouble(), rows[u"parent"_s].toLong(), rows[u"child"_s].toLong()};
+        const auto& [key, parentNo, childNo] = pair;
+        const TreePlace place{parentNo, childNo, levelOf(levels, pair, seen[pair]++), key};
         tree.push_back({place, rows[u"val"_s].toDouble(), rows[u"cval"_s].toDouble()});
     }
+    std::ranges::stable_sort(tree,
+                             [](const auto& one, const auto& other) { return one.place < other.place; });
     return tree;
 }
 
-std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const QHash<double, int>& levels) {
+std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const TreeLevels& levels) {
     return readTree(
         of.connection,
         u"select factor as parent,work1 as child,work2 as dno,評価値 as val,総合評価値 as cval"
@@ -69,7 +65,7 @@ std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const QHash<dou
         levels);
 }
 
-std::vector<TreeRow> readBareTree(const EvaluatorRound& of, const QHash<double, int>& levels) {
+std::vector<TreeRow> readBareTree(const EvaluatorRound& of, const TreeLevels& levels) {
     return readTree(of.connection,
                     u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
                     " from workfac t1 order by t1.work2"_s,
@@ -101,7 +97,7 @@ std::vector<ComparisonTable> readComparisons(const EvaluatorRound& of, const std
     return comparisons;
 }
 
-IndividualResult collect(const EvaluatorRound& of, bool showValues, const QHash<double, int>& levels) {
+IndividualResult collect(const EvaluatorRound& of, bool showValues, const TreeLevels& levels) {
     const auto bareTree = readBareTree(of, levels);
     return {showValues ? readEvaluatedTree(of, levels) : bareTree, readComparisons(of, bareTree),
             readTotals(of)};
@@ -126,9 +122,10 @@ void printComparisons(ReportPage& page, FactorNames& names, const ComparisonTabl
 }
 
 void printTotals(ReportPage& page, FactorNames& names, const std::vector<TotalRow>& totals) {
-    page.newTable(u"総合評価値（最終レベル）"_s, totalColumns, static_cast<int>(totals.size()));
+    QList<ReportRow> rows;
     for (const auto& total : totals)
-        page.row({names[total.factorNo], formatNumber(total.value, u"#0.####"_s)});
+        rows.append({{names[total.factorNo], formatNumber(total.value, u"#0.####"_s)}});
+    page.newTable(u"総合評価値（最終レベル）"_s, totalColumns, rows);
 }
 
 void printOne(PrintService& print, FactorNames& names, const EvaluatorRound& of,
@@ -148,13 +145,9 @@ void printOne(PrintService& print, FactorNames& names, const EvaluatorRound& of,
 
 bool PrintIndividualResult(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
                            const Progress& progress) {
-    const auto evaluated = [&chosen](qint32 evaluatorNo) {
-        return hasResults(evaluatorRound(chosen, evaluatorNo));
-    };
+    const auto evaluated = [&chosen](qint32 evaluatorNo) { return hasResults(chosen, evaluatorNo); };
     if (!allHave(chosen, evaluated, u"評価回数"_s, u"評価結果"_s)) return false;
-    NumberHierarchy(chosen.connection, QString::number(chosen.problemNo), 1);
-    copyToWorkfac(chosen.connection);
-    const auto levels = levelsByKey(chosen.connection);
+    const auto levels = numberForReport(chosen.connection, chosen.problemNo);
     FactorNames names(chosen.connection);
     const auto count = static_cast<int>(chosen.evaluators.size());
     int done = 0;

@@ -1,6 +1,8 @@
 #include "evaluation/LocalWeights.h"
 
 #include "core/Common.h"
+#include "core/FactorNames.h"
+#include "evaluation/ChildLimit.h"
 #include "evaluation/EvaluatorRound.h"
 #include "judgement/Consistency.h"
 #include "judgement/PairOrder.h"
@@ -23,10 +25,12 @@ struct GoalPairs {
 };
 
 // Reads the rows of one goal factor and leaves the record set at the next one.
-GoalPairs readGoal(Recordset& rows) {
+GoalPairs readGoal(Connection& connection, Recordset& rows) {
     GoalPairs pairs;
     pairs.goalNo = rows[u"目的要因番号"_s].toLong();
     for (; !rows.eof() && rows[u"目的要因番号"_s].toLong() == pairs.goalNo; rows.moveNext()) {
+        if (pairs.count == mostCalculatedPairs)
+            throw tooManyChildren(connection, pairs.goalNo, itemCount(mostCalculatedPairs).value());
         pairs.source[pairs.count] = rows[u"比較元要因番号"_s].toLong();
         pairs.target[pairs.count] = rows[u"比較対象要因番号"_s].toLong();
         pairs.value.push_back(rows[u"比較値"_s].toDouble());
@@ -36,12 +40,12 @@ GoalPairs readGoal(Recordset& rows) {
 }
 
 // The number of items that a full set of pairs has.
-qint16 itemsOf(const GoalPairs& pairs) {
+qint16 itemsOf(Connection& connection, const GoalPairs& pairs) {
     if (const auto n = itemCount(pairs.count)) return static_cast<qint16>(*n);
-    throw RuntimeError(
-        ErrorCode::InvalidCall,
-        u"目的要因 %1 の一対比較が不完全です（%2 組）。比較値を登録し直してください。"_s.arg(pairs.goalNo)
-            .arg(pairs.count));
+    throw RuntimeError(ErrorCode::InvalidCall,
+                       u"目的要因「%1」の一対比較が不完全です（%2 組）。比較値を登録し直してください。"_s
+                           .arg(factorName(connection, pairs.goalNo))
+                           .arg(pairs.count));
 }
 
 void findInconsistentPairs(const EvaluatorRound& of, const ComparisonMatrix& comparison,
@@ -80,7 +84,7 @@ void writeWeights(const EvaluatorRound& of, const ComparisonMatrix& comparison, 
 // False when the weights of the goal factor do not converge.
 bool calculateGoal(const EvaluatorRound& of, const GoalPairs& pairs, ComparisonMatrix& comparison,
                    InconsistencyList& findings) {
-    const auto n = itemsOf(pairs);
+    const auto n = itemsOf(of.connection, pairs);
     fillMatrix(comparison, pairs.value, n);
     if (!weigh(comparison, n)) {
         findings.append({.evaluatorNo = of.evaluatorNo, .goalNo = pairs.goalNo});
@@ -95,6 +99,11 @@ bool calculateGoal(const EvaluatorRound& of, const GoalPairs& pairs, ComparisonM
 } // namespace
 
 void InconsistencyList::append(const Inconsistency& finding) {
+    if (count_ == static_cast<qint16>(decltype(entries_)::size()))
+        throw RuntimeError(
+            ErrorCode::SubscriptOutOfRange,
+            u"インデックスが有効範囲にありません。\n"
+            "一度に報告できる不整合は %1 件までです。評価者を分けて計算してください。"_s.arg(count_));
     entries_[count_] = finding;
     ++count_;
 }
@@ -124,7 +133,7 @@ void calculateLocalWeights(const EvaluatorRound& of, InconsistencyList& findings
             .arg(of.round));
     ComparisonMatrix comparison;
     while (!rows.eof()) {
-        const GoalPairs pairs = readGoal(rows);
+        const GoalPairs pairs = readGoal(of.connection, rows);
         if (!calculateGoal(of, pairs, comparison, findings)) break;
     }
 }

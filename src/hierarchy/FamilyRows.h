@@ -14,8 +14,10 @@ void printFamilies(ReportPage& page, FactorNames& names, const std::vector<Row>&
     for (std::size_t begin = 0; begin < rows.size();) {
         const auto end = familyEnd(rows, begin);
         const int level = rows[begin].place.level;
-        page.group(static_cast<int>(end - begin), names[rows[begin].place.parentNo], 2 * (level - 1));
+        RowGroup family{{}, names[rows[begin].place.parentNo], 2 * (level - 1)};
         for (; begin < end; ++begin)
-            page.row(QStringList{names[rows[begin].place.factorNo]} + figures(rows[begin]), 2 * level);
+            family.rows.append(
+                {QStringList{names[rows[begin].place.factorNo]} + figures(rows[begin]), 2 * level});
+        page.group(family);
     }
 }

@@ -6,6 +6,7 @@
 #include "platform/Connection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
+#include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,11 @@ struct Radix {
 Radix readRadix(Connection& connection, const QString& problemNo) {
     const Recordset problem(u"select 構成レベル,最大分岐数 from 課題 where 課題番号 = %1"_s.arg(problemNo),
                             connection);
+    if (problem[u"構成レベル"_s].isNull() || problem[u"最大分岐数"_s].isNull())
+        throw RuntimeError(
+            ErrorCode::InvalidNull,
+            u"課題 %1 の構成レベルか最大分岐数がありません。課題構成登録で登録し直してください。"_s.arg(
+                problemNo));
     const int levels = problem[u"構成レベル"_s].toLong();
     const qint64 base = qint64{problem[u"最大分岐数"_s].toLong()} + 1;
     return {base, std::pow(static_cast<double>(base), std::max(levels, 0))};

@@ -1,6 +1,7 @@
 #include "output/PrintService.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/Dates.h"
 #include "platform/Settings.h"
@@ -62,12 +63,26 @@ void PrintService::SelectPrinter(const QString& deviceName) {
 }
 
 void PrintService::ChooseReportPrinter() {
-    SelectPrinter(OutputTarget == officeTarget ? OfficePrinterName : PdfPrinterName);
+    SelectPrinter(targetName());
+}
+
+QString PrintService::ReportDevice() const {
+    const auto printers = printer_.Printers();
+    const QString name = targetName();
+    const bool installed = std::ranges::find(printers, name, &PrinterDevice::DeviceName) != printers.end();
+    return installed ? name : printer_.DeviceName();
 }
 
 qint16 PrintService::CharWidth(char32_t character) {
-    const auto code = characterInCodePage(character);
-    return code && code->size() == 1 && static_cast<unsigned char>(code->front()) < 255 ? 1 : 2;
+    // Each character is looked up in the code page once: reports ask for the same few thousand all the time.
+    static std::array<qint8, 0x10000> known{};
+    const auto width = [character]() -> qint8 {
+        const auto code = characterInCodePage(character);
+        return code && code->size() == 1 && static_cast<unsigned char>(code->front()) < 255 ? 1 : 2;
+    };
+    if (character >= known.size()) return width();
+    if (known[character] == 0) known[character] = width();
+    return known[character];
 }
 
 int PrintService::TextColumns(const QString& text) {
@@ -129,6 +144,7 @@ void PrintService::printWrapped(QString line, qint16 indent) {
     while (!line.isEmpty()) {
         if (LineNo >= MaxLines) {
             EndPage();
+            if (PageContinued) PageContinued();
             LineNo = messageFirstRow;
         }
         const auto row =

@@ -13,6 +13,8 @@ class PrintService {
   public:
     explicit PrintService(ReportPrinter& printer) : printer_(printer) {}
 
+    int Documents = 0; // handed out by this service so far
+
     // State of the report screen.
     QString FileDir;        // message files and exported files
     QString PdfPrinterName; // device names
@@ -27,6 +29,8 @@ class PrintService {
     QString OutputTarget = QStringLiteral("印刷");         // or "PDF"; the caption of the screen's button
     std::function<void(const QString& path)> FileExported; // who wants to know of files other than documents
 
+    std::function<void()> PageContinued; // what a further page of a message file begins with
+
     // The state of a screen that has just been loaded. `appDir` is the application directory.
     void load(const QString& appDir);
 
@@ -36,6 +40,8 @@ class PrintService {
     void SelectPrinter(const QString& deviceName);
     // The printer that OutputTarget names. Each report calls it when it begins.
     void ChooseReportPrinter();
+    // Its device name, without choosing it; empty when no printer is installed.
+    QString ReportDevice() const;
 
     // Half-width columns of one character: 1 when its code in windows-31j is 0 to 254, 2 for all others,
     // those that the code page lacks included.
@@ -61,6 +67,9 @@ class PrintService {
     ReportPrinter& printer() { return printer_; }
 
   private:
+    QString targetName() const {
+        return OutputTarget == QStringLiteral("印刷") ? OfficePrinterName : PdfPrinterName;
+    }
     // The line with its markers replaced; `place` tells the user where in which file it stands.
     QString filled(QString line, const QString& place) const;
     void printWrapped(QString line, qint16 indent);

@@ -1,8 +1,13 @@
 #include "output/ReportForm.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QStyle>
 
+#include "output/MadeFiles.h"
 #include "output/ReportSelection.h"
+#include "output/RoundResults.h"
+#include "platform/TextFile.h"
 #include "ui_ReportForm.h"
 
 using namespace Qt::StringLiterals;
@@ -18,6 +23,7 @@ ReportForm::ReportForm(const ReportWork& work)
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label2), static_cast<QWidget*>(ui_->List1),
                             static_cast<QWidget*>(ui_->Command1)})
         widget->setVisible(work.hasEvaluators);
+    ui_->results->setVisible(work.ofWholeRound);
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label4), static_cast<QWidget*>(ui_->Command17)})
         widget->setVisible(work.printsReport);
     for (QWidget* widget : std::initializer_list<QWidget*>{ui_->progress, ui_->progressText}) {
@@ -26,12 +32,18 @@ ReportForm::ReportForm(const ReportWork& work)
         widget->setSizePolicy(policy);
     }
     showProgressBar(false);
+    ui_->folder->hide();
+    ui_->device->setVisible(work.printsReport);
 
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
     onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
     onAction(ui_->Command7, work.screen, [this] { Command7_Click(); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
+    onEvent(ui_->folder, &QPushButton::clicked, [this] {
+        if (!showOnDesktop(folder_))
+            say(u"このコンピューターにはフォルダーを表示するプログラムがありません：%1"_s.arg(folder_), true);
+    });
 }
 
 ReportForm::~ReportForm() = default;
@@ -42,7 +54,8 @@ void ReportForm::Form_Load() {
     const QStringList problems = problemEntries(*DbConn);
     ui_->Combo1->addItems(problems);
     if (problems.isEmpty()) refuse(u"課題が存在しません。"_s);
-    ui_->Command17->setText(print_.OutputTarget);
+    showDevice();
+    print_.FileExported = [this](const QString& path) { exported_ = path; };
     centre();
 }
 
@@ -51,11 +64,26 @@ void ReportForm::Combo1_Click() {
     ui_->List1->clear();
     ui_->List1->addItems(evaluatorEntries(*DbConn, problemNo));
     ui_->Label5->setText(currentRound(*DbConn, problemNo));
+    if (work_.ofWholeRound) ui_->results->setWholeText(resultsLine(problemRound()));
+    problemChosen();
+}
+
+ProblemRound ReportForm::problemRound() const {
+    return {*DbConn, Value(entryNumber(ui_->Combo1->currentText())).toLong(),
+            Value(ui_->Label5->text()).toInteger()};
 }
 
 void ReportForm::Command17_Click() {
     print_.ToggleOutputTarget();
+    showDevice();
+}
+
+// The target, and the device that it comes to at this moment.
+void ReportForm::showDevice() {
     ui_->Command17->setText(print_.OutputTarget);
+    if (!work_.printsReport) return;
+    const QString device = print_.ReportDevice();
+    ui_->device->setWholeText(device.isEmpty() ? u"プリンタがありません"_s : u"→ "_s + device);
 }
 
 ChosenEntries ReportForm::chosenEntries() const {
@@ -68,14 +96,56 @@ ChosenEntries ReportForm::chosenEntries() const {
 void ReportForm::Command7_Click() {
     // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
     const auto hideProgress = qScopeGuard([this] { showProgressBar(false); });
+    ui_->folder->hide();
+    exported_.clear();
+    const MadeFiles made;
+    const int before = print_.Documents;
     const auto chosen = checkedSelection(*DbConn, chosenEntries(), work_.hasEvaluators);
-    if (!chosen) return;
-    work_.run(print_, *chosen, options,
-              [this](int done, int total, const QString& at) { showProgress(done, total, at); });
+    bool accepted = false;
+    try {
+        accepted =
+            chosen && work_.run(print_, *chosen, options, [this](int done, int total, const QString& at) {
+                showProgress(done, total, at);
+            });
+    } catch (...) {
+        made.show(); // what was made before the error
+        throw;
+    }
+    if (!accepted) return goTo(refusedList());
+    worked(*chosen);
+    showMade(*chosen, made, print_.Documents - before);
+}
+
+// What was made and where it is.
+void ReportForm::showMade(const RoundSelection& chosen, const MadeFiles& made, int documents) {
+    const QStringList files = exported_.isEmpty() ? made.paths() : QStringList{nativePath(exported_)};
+    QString line =
+        work_.hasEvaluators ? u"%1 %2 名"_s.arg(work_.screen).arg(chosen.evaluators.size()) : work_.screen;
+    if (files.size() == 1)
+        line += u"：%1 を作成しました。"_s.arg(QFileInfo(files[0]).fileName());
+    else if (!files.isEmpty())
+        line += u"：PDF %1 件を作成しました。"_s.arg(files.size());
+    else if (documents > 0)
+        line += u"：%1 件を「%2」に送りました。"_s.arg(documents).arg(print_.printer().DeviceName());
+    else
+        line += u"：終わりました。"_s;
+    if (!files.isEmpty()) {
+        folder_ = QFileInfo(files[0]).path();
+        line += u"（%1）"_s.arg(folder_);
+        ui_->folder->show();
+    }
+    const bool shown = made.show();
+    say(shown ? line : line + u" このコンピューターには PDF を表示するプログラムがありません。"_s, !shown);
 }
 
 QVBoxLayout* ReportForm::optionsLayout() {
     return ui_->options;
+}
+
+// The list in which to choose something else.
+QWidget* ReportForm::refusedList() {
+    if (ui_->Combo1->currentIndex() < 0 || !work_.hasEvaluators) return ui_->Combo1;
+    return ui_->List1;
 }
 
 void ReportForm::showProgressBar(bool shown) {
@@ -86,7 +156,7 @@ void ReportForm::showProgressBar(bool shown) {
 void ReportForm::showProgress(int done, int total, const QString& at) {
     ui_->progress->setMaximum(total);
     ui_->progress->setValue(done);
-    ui_->progressText->setText(at);
+    ui_->progressText->setWholeText(at);
     showProgressBar(true);
     // The work runs on this thread: let the bar be painted, and take no clicks meanwhile.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

@@ -11,6 +11,7 @@
 namespace Ui {
 class ReportForm;
 }
+class MadeFiles;
 class QVBoxLayout;
 
 class ReportForm : public Screen {
@@ -24,17 +25,27 @@ class ReportForm : public Screen {
     void end() override { leaveTo(QStringLiteral("メニュー")); }
     // For the options of one screen, between the choices and the buttons.
     QVBoxLayout* optionsLayout();
+    // What one screen does besides: when a problem has been chosen, and after its work.
+    virtual void problemChosen() {}
+    virtual void worked(const RoundSelection& /*chosen*/) {}
+
     ReportOptions options;
 
   private:
     void Combo1_Click();
     void Command17_Click();
     void Command7_Click(); // the work; a run-time error is shown under the screen's name
+    ProblemRound problemRound() const;
+    void showDevice();
+    void showMade(const RoundSelection& chosen, const MadeFiles& made, int documents);
+    QWidget* refusedList();
     void showProgressBar(bool shown);
     void showProgress(int done, int total, const QString& at);
     ChosenEntries chosenEntries() const;
 
     const ReportWork& work_;
     PrintService print_;
+    QString folder_;   // of the files that the last work made
+    QString exported_; // the file that the last work wrote besides documents
     std::unique_ptr<Ui::ReportForm> ui_;
 };

@@ -3,6 +3,7 @@
 #include <QDate>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "judgement/ItemMark.h"
 #include "judgement/Limits.h"
@@ -26,7 +27,9 @@ constexpr qint16 messageIndent = 6;
 constexpr qsizetype decimalPlaces = 4;
 constexpr double leastMatrixCell = 4.6 * halfWidth; // "1/9" and a gap that sets neighbours apart
 constexpr double widestMatrixCell = 6 * halfWidth;
-constexpr double widestMatrixName = 80; // mm
+constexpr double usualMatrixName = 80; // mm; longer names take what the cells leave
+constexpr int cellRows = 5;            // at most, of a long text
+constexpr int hanging = 2;             // half-width columns by which the further rows of a text are moved
 
 double rightMargin(const PrintService& print) {
     return print.LandscapeFlag == 1 ? landscapeRight : portraitRight;
@@ -37,6 +40,14 @@ qsizetype columnsBehind(const QString& number) {
     const auto point = number.indexOf(u'.');
     const auto places = point < 0 ? -1 : number.size() - point - 1;
     return std::max<qsizetype>(0, decimalPlaces - places);
+}
+
+bool isNumber(const ReportColumn& column) {
+    return column.alignment == Alignment::Right || column.alignment == Alignment::Point;
+}
+
+qint16 columnsIn(double width) {
+    return static_cast<qint16>(width / halfWidth + 0.01); // so that 10 × 1.764 are ten columns
 }
 
 // A matrix on paper may have one item more than there are marks.
@@ -57,9 +68,11 @@ ReportPage::ReportPage(PrintService& print, ReportHeading heading, const Documen
     print_.ChooseReportPrinter();
     printer_.beginDocument(document);
     print_.SetUpPage(static_cast<qint16>(heading_.columns.size()));
+    print_.PageContinued = [this] { printRunningLine(); };
 }
 
 ReportPage::~ReportPage() {
+    print_.PageContinued = {};
     if (!finished_) printer_.KillDoc();
 }
 
@@ -71,67 +84,84 @@ void ReportPage::coveringLetter(const QString& path) {
 void ReportPage::message(const QString& path) {
     leavePage();
     printRunningLine();
-    const auto page = print_.PageNo;
     print_.PrintMessageFile(path, messageIndent, true);
-    if (print_.PageNo != page) printRunningLine(); // a long message: on the page where the table follows, too
     pageStarted_ = true;
     linesPrinted_ = false;
 }
 
 void ReportPage::row(const QStringList& cells, int indent) {
-    keepTogether(groupRows_ == 2 ? 2 : 1);
-    if (!tableOpen_) {
-        openTable();
-        if (groupRows_ > 0 && !groupTitle_.isEmpty()) printAcross(groupTitle_ + continued, groupIndent_);
-    }
-    groupRows_ = std::max(0, groupRows_ - 1);
-    for (qsizetype i = 0; i < std::min(cells.size(), heading_.columns.size()); ++i) {
-        auto column = heading_.columns[i];
-        if (i == 0) {
-            column.left += indent * halfWidth;
-            column.width -= indent * halfWidth;
-        }
-        printCell(column, cells[i], print_.LineNo);
-    }
-    ++print_.LineNo;
-    rowsPrinted_ = true;
+    const auto row = layOut({cells, indent});
+    keepTogether(row.height);
+    openTable();
+    printRow(row);
 }
 
-void ReportPage::group(int rows, const QString& title, int indent) {
-    if (title.isEmpty())
-        beginRows(rows, 2);
-    else
-        beginRows(rows + 1, 3);
-    groupTitle_ = title;
-    groupIndent_ = indent;
-    if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
-    if (title.isEmpty()) return;
-    openTable();
-    printAcross(title, indent);
-    --groupRows_;
-    rowsPrinted_ = true;
+void ReportPage::group(const RowGroup& group) {
+    std::vector<LaidRow> rows;
+    for (const auto& row : group.rows) rows.push_back(layOut(row));
+    const int title = group.title.isEmpty() ? 0 : acrossRows(group.title + continued, group.indent);
+    const auto height = [&](std::size_t count) {
+        int sum = title;
+        for (std::size_t i = 0; i < std::min(count, rows.size()); ++i) sum += rows[i].height;
+        return sum;
+    };
+    beginRows(height(rows.size()), height(2));
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const bool lastButOne = i > 0 && i + 2 == rows.size();
+        keepTogether(rows[i].height + (lastButOne ? rows[i + 1].height : 0));
+        const bool begins = i == 0 || !tableOpen_;
+        openTable();
+        if (begins && title > 0) printAcross(i == 0 ? group.title : group.title + continued, group.indent);
+        if (begins && !group.label.isEmpty()) rows[i].cells[0] = {group.label};
+        printRow(rows[i]);
+    }
+}
+
+void ReportPage::newTable(const QString& title, const QList<ReportColumn>& columns,
+                          const QList<ReportRow>& rows) {
+    beginTable(title, columns);
+    group({rows});
+    openTable(); // also without rows
+}
+
+void ReportPage::group(int rows) {
+    beginRows(rows, std::min(rows, 2));
 }
 
 void ReportPage::newTable(const QString& title, const QList<ReportColumn>& columns, int rows) {
+    beginTable(title, columns);
+    beginRows(rows, std::min(rows, 2));
+    openTable();
+}
+
+void ReportPage::beginTable(const QString& title, const QList<ReportColumn>& columns) {
     closeTable();
     heading_.columns = columns;
     tableTitle_ = title;
-    groupTitle_.clear();
-    beginRows(rows, 2);
-    openTable();
-    if (!title.isEmpty()) tableTitle_ = title + continued; // on the pages that follow
+    tableContinued_ = false;
+}
+
+// Makes room for all rows of a group, or for the first ones where a page does not take them all.
+void ReportPage::beginRows(int all, int first) {
+    keepTogether(all <= rowsOfPage() ? all : first);
+    if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
 }
 
 void ReportPage::matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells) {
     const auto count = static_cast<int>(names.size());
+    QList<ReportRow> rows;
+    double longest = 0;
+    for (int i = 0; i < count; ++i) {
+        rows.append({QStringList{mark(i + 1) + u' ' + names[i]} + cells[i]});
+        longest = std::max(longest, (PrintService::TextColumns(rows.last().cells[0]) + 1) * halfWidth);
+    }
     const double width = rightMargin(print_) - leftMargin;
-    const double cell = std::clamp((width - widestMatrixName) / count, leastMatrixCell, widestMatrixCell);
-    const double name = std::min(widestMatrixName, width - count * cell);
+    const double name = std::min(std::max(usualMatrixName, longest), width - count * leastMatrixCell);
+    const double cell = std::clamp((width - name) / count, leastMatrixCell, widestMatrixCell);
     QList<ReportColumn> columns{{QString(), leftMargin, name}};
     for (int i = 0; i < count; ++i)
         columns.append({mark(i + 1), leftMargin + name + i * cell, cell, Alignment::Right});
-    newTable(title, columns, count);
-    for (int i = 0; i < count; ++i) row(QStringList{mark(i + 1) + u' ' + names[i]} + cells[i]);
+    newTable(title, columns, rows);
 }
 
 void ReportPage::newPart(const QList<HeadingLine>& lines) {
@@ -143,6 +173,7 @@ void ReportPage::finish() {
     leavePage();
     finished_ = true; // when sending fails there is no document either
     printer_.EndDoc();
+    ++print_.Documents;
 }
 
 int ReportPage::headingRows() const {
@@ -161,7 +192,7 @@ int ReportPage::rowsUntilTable() const {
     if (tableOpen_) return 0;
     const int lines =
         linesPrinted_ || heading_.lines.size() < 2 ? 0 : static_cast<int>(heading_.lines.size());
-    return lines + 1 + (tableTitle_.isEmpty() ? 0 : 1) + headingRows();
+    return lines + 1 + acrossRows(tableTitle()) + headingRows();
 }
 
 // Whether this many rows of the table fit below LineNo.
@@ -174,16 +205,10 @@ void ReportPage::keepTogether(int rows) {
     if (!pageStarted_) startPage();
 }
 
-// Makes room for rows that belong together, or for the first ones where a page does not take them all.
-void ReportPage::beginRows(int rows, int inseparable) {
-    keepTogether(rows <= rowsOfPage() ? rows : inseparable);
-    groupRows_ = rows;
-}
-
 // Rows of the table that a fresh page takes.
 int ReportPage::rowsOfPage() const {
     const int lines = std::max(0, static_cast<int>(heading_.lines.size()) - 1);
-    return print_.MaxLines - firstRow - lines - 1 - (tableTitle_.isEmpty() ? 0 : 1) - headingRows();
+    return print_.MaxLines - firstRow - lines - 1 - acrossRows(tableTitle()) - headingRows();
 }
 
 void ReportPage::startPage() {
@@ -208,7 +233,8 @@ void ReportPage::openTable() {
         printLines();
     }
     ++print_.LineNo;
-    if (!tableTitle_.isEmpty()) printAcross(tableTitle_);
+    if (!tableTitle_.isEmpty()) printAcross(tableTitle());
+    tableContinued_ = true;
     drawRule(print_.LineNo, heavyRule);
     printColumnHeadings();
     if (headingRows() > 0) drawRule(print_.LineNo, heavyRule);
@@ -265,21 +291,76 @@ void ReportPage::printSpanningHeading(qsizetype first) {
 }
 
 void ReportPage::printCell(const ReportColumn& column, const QString& text, int row) {
-    const bool number = column.alignment == Alignment::Right || column.alignment == Alignment::Point;
-    const auto shown = number ? text : cut(text, column.width);
-    const double spare = column.width - printer_.TextWidth(shown);
-    const double offset = column.alignment == Alignment::Left     ? 0
-                          : column.alignment == Alignment::Centre ? spare / 2
-                          : column.alignment == Alignment::Right
-                              ? spare
-                              : spare - static_cast<double>(columnsBehind(text)) * halfWidth;
+    const auto shown = isNumber(column) ? text : cut(text, column.width);
+    double offset = 0;
+    if (column.alignment != Alignment::Left) {
+        const double spare = column.width - printer_.TextWidth(shown);
+        offset = column.alignment == Alignment::Centre ? spare / 2
+                 : column.alignment == Alignment::Right
+                     ? spare
+                     : spare - static_cast<double>(columnsBehind(text)) * halfWidth;
+    }
     printer_.CurrentX = column.left + offset;
     printer_.CurrentY = print_.LineHeight * row;
     printer_.Print(shown);
 }
 
+ReportPage::LaidRow ReportPage::layOut(const ReportRow& row) const {
+    LaidRow laid{row.indent, {}, 1};
+    for (qsizetype i = 0; i < std::min(row.cells.size(), heading_.columns.size()); ++i) {
+        const auto column = columnOf(i, row.indent);
+        laid.cells.append(isNumber(column) ? QStringList{row.cells[i]} : wrapped(row.cells[i], column.width));
+        laid.height = std::max(laid.height, static_cast<int>(laid.cells.last().size()));
+    }
+    return laid;
+}
+
+void ReportPage::printRow(const LaidRow& row) {
+    for (qsizetype i = 0; i < row.cells.size(); ++i) {
+        auto column = columnOf(i, row.indent);
+        for (qsizetype line = 0; line < row.cells[i].size(); ++line) {
+            printCell(column, row.cells[i][line], static_cast<int>(print_.LineNo + line));
+            if (line == 0) column.left += hanging * halfWidth;
+        }
+    }
+    print_.LineNo = static_cast<qint16>(print_.LineNo + row.height);
+    rowsPrinted_ = true;
+}
+
+ReportColumn ReportPage::columnOf(qsizetype cell, int indent) const {
+    auto column = heading_.columns[cell];
+    if (cell == 0) {
+        column.left += indent * halfWidth;
+        column.width -= indent * halfWidth;
+    }
+    return column;
+}
+
+// The text in lines of this width; those behind the first leave room to be moved to the right.
+QStringList ReportPage::wrapped(const QString& text, double width) const {
+    QStringList lines;
+    QString rest = text;
+    for (int columns = columnsIn(width);
+         lines.size() + 1 < cellRows &&
+         PrintService::FitChars(rest, static_cast<qint16>(columns)) < characterCount(rest);
+         columns = columnsIn(width) - hanging) {
+        lines << leadingCharacters(rest, PrintService::FitChars(rest, static_cast<qint16>(columns)));
+        rest.remove(0, lines.last().size());
+    }
+    return lines << cut(rest, lines.isEmpty() ? width : width - hanging * halfWidth);
+}
+
+int ReportPage::acrossRows(const QString& text, int indent) const {
+    const double width = rightMargin(print_) - leftMargin - indent * halfWidth;
+    return text.isEmpty() ? 0 : static_cast<int>(wrapped(text, width).size());
+}
+
+QString ReportPage::tableTitle() const {
+    return tableContinued_ && !tableTitle_.isEmpty() ? tableTitle_ + continued : tableTitle_;
+}
+
 QString ReportPage::cut(const QString& text, double width) const {
-    const auto columns = static_cast<qint16>(width / halfWidth + 0.01); // so that 10 × 1.764 are ten columns
+    const auto columns = columnsIn(width);
     if (PrintService::FitChars(text, columns) == characterCount(text)) return text;
     return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
 }
@@ -288,10 +369,12 @@ QString ReportPage::cut(const HeadingLine& line, double width) const {
     return cut(line.text, width - PrintService::TextColumns(line.tail) * halfWidth) + line.tail;
 }
 
-// A text over the whole width, in a row of its own.
+// A text over the whole width.
 void ReportPage::printAcross(const QString& text, int indent) {
-    const double left = leftMargin + indent * halfWidth;
-    printCell({{}, left, rightMargin(print_) - left}, text, print_.LineNo++);
+    double left = leftMargin + indent * halfWidth;
+    for (const auto& line : wrapped(text, rightMargin(print_) - left)) {
+        printCell({{}, left, rightMargin(print_) - left}, line, print_.LineNo++);
+    }
 }
 
 double ReportPage::boundary(int row) const {

@@ -39,6 +39,22 @@ struct ReportHeading {
     QList<ReportColumn> columns;
 };
 
+// A text for each column; missing ones stay blank. `indent` moves the first one to the right, in half-width
+// columns. Left and centred texts go on in further rows of their cell, the fifth ends in "…" where they are
+// longer still; numbers are never cut.
+struct ReportRow {
+    QStringList cells;
+    int indent = 0;
+};
+
+// Rows that belong together.
+struct RowGroup {
+    QList<ReportRow> rows;
+    QString title = {}; // above them, in a row of its own; repeated on each further page
+    int indent = 0;     // of the title, in half-width columns
+    QString label = {}; // takes the first cell of the first row on each page
+};
+
 // A report on pages. Rows go down the page; when they reach its foot, the page ends and the heading is
 // printed again on the next one. A report of 13 or more columns is in landscape. What an error interrupts is
 // discarded.
@@ -46,10 +62,8 @@ struct ReportHeading {
 //     ReportPage page(print, {u"分析出力"_s, {u"評価者 3名"_s, u"変動度:A"_s},
 //                             {{u"要因名"_s, 5, 90}, {u"最小値"_s, 95, 25, Alignment::Point}}},
 //                     {u"分析出力"_s, problemName, {}});
-//     page.group(factors.size(), parent.name);
-//     for (const auto& factor : factors) page.row({factor.name, formatNumber(factor.least, u"0.0000"_s)}, 2);
-//     page.newTable(u"総合評価値（最終レベル）"_s, columns, lastLevel.size());
-//     for (const auto& factor : lastLevel) page.row({factor.name, …});
+//     page.group({rowsOf(factors), parent.name});
+//     page.newTable(u"総合評価値（最終レベル）"_s, columns, rowsOf(lastLevel));
 //     page.finish();
 class ReportPage {
   public:
@@ -59,25 +73,25 @@ class ReportPage {
     ReportPage(const ReportPage&) = delete;
     ReportPage& operator=(const ReportPage&) = delete;
 
-    // Prints a message file on a page of its own, as a covering letter.
+    // Prints a message file on a page of its own, as a covering letter. The pages on which a long one goes on
+    // have the running line.
     void coveringLetter(const QString& path);
     // Prints a message file at the top of a fresh page; the table follows below it.
     void message(const QString& path);
 
-    // One row of the table, a text for each column (missing ones stay blank). `indent` moves the first cell
-    // to the right, in half-width columns. Left and centred texts are cut at the column and end in "…" then;
-    // numbers are never cut.
+    // One row of the table.
     void row(const QStringList& cells, int indent = 0);
-    // Begins a group of `rows` rows, below a fine rule and the group's title, if any, in a row of its own
-    // (`indent` in half-width columns). The group stays on one page where it fits on one; where it does not,
-    // the title is repeated on the next, and neither its first row nor its last one stands alone.
-    void group(int rows, const QString& title = {}, int indent = 0);
-
-    // Closes the table and begins another one of `rows` rows below a title. It stays on one page where it
-    // fits on one; where it does not, it repeats its title and headings on the next, and no row stands alone.
+    // Rows below a fine rule. They stay on one page where they fit on one; where they do not, neither the
+    // first nor the last one stands alone.
+    void group(const RowGroup& group);
+    // Closes the table and begins another one below a title, with rows that belong together. On the pages
+    // that follow it repeats its title and headings.
+    void newTable(const QString& title, const QList<ReportColumn>& columns, const QList<ReportRow>& rows);
+    // The same for rows that the caller prints one by one, each as high as the page's rows.
+    void group(int rows);
     void newTable(const QString& title, const QList<ReportColumn>& columns, int rows);
     // A table of up to 21 × 21 short texts ("1/9") between items: a row for each item with its mark and name,
-    // the marks above the columns. It stays on one page.
+    // the marks above the columns. It stays on one page where it fits on one.
     void matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells);
 
     // The next row begins a new page, whose heading has these lines: the next evaluator of the document.
@@ -87,12 +101,18 @@ class ReportPage {
     void finish();
 
   private:
+    // The lines of each cell, and the rows of the page that they take.
+    struct LaidRow {
+        int indent = 0;
+        QList<QStringList> cells;
+        int height = 1;
+    };
+
     int headingRows() const;
     int rowsUntilTable() const;
     int rowsOfPage() const;
     bool fits(int rows) const;
     void keepTogether(int rows);
-    void beginRows(int rows, int inseparable);
     double boundary(int row) const;
     void startPage();
     void leavePage();
@@ -103,7 +123,15 @@ class ReportPage {
     void printColumnHeadings();
     void printSpanningHeading(qsizetype first);
     void printCell(const ReportColumn& column, const QString& text, int row);
+    void beginTable(const QString& title, const QList<ReportColumn>& columns);
+    void beginRows(int all, int first);
+    LaidRow layOut(const ReportRow& row) const;
+    void printRow(const LaidRow& row);
+    ReportColumn columnOf(qsizetype cell, int indent) const;
+    QStringList wrapped(const QString& text, double width) const;
     void printAcross(const QString& text, int indent = 0);
+    int acrossRows(const QString& text, int indent = 0) const;
+    QString tableTitle() const;
     void drawRule(int row, int width);
     QString cut(const QString& text, double width) const;
     QString cut(const HeadingLine& line, double width) const;
@@ -112,12 +140,10 @@ class ReportPage {
     ReportPrinter& printer_;
     ReportHeading heading_;
     QString tableTitle_;
+    bool tableContinued_ = false; // the table has stood on an earlier page
     bool pageStarted_ = false;
     bool linesPrinted_ = false;
     bool tableOpen_ = false;
     bool rowsPrinted_ = false; // in the open table, on this page
-    int groupRows_ = 0;        // rows that the group still has
-    QString groupTitle_;
-    int groupIndent_ = 0;
     bool finished_ = false;
 };

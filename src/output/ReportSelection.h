@@ -14,4 +14,3 @@ QString currentRound(Connection& connection, const QString& problemNo);
 
 // The number before the ":" of an entry, as text.
 QString entryNumber(const QString& entry);
-

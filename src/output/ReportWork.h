@@ -18,6 +18,7 @@ struct ReportWork {
     QString caption;    // of the button that does it
     QString option;     // of hollin-batch that asks for it
     bool hasEvaluators; // whether evaluators are chosen, or all of the round are meant
+    bool ofWholeRound;  // whether results of all evaluators go in
     bool printsReport;  // whether there is an output target to choose
     // False when it was refused; the user has been told why.
     bool (*run)(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,

@@ -9,6 +9,7 @@
 #include "core/Common.h"
 #include "output/PrintService.h"
 #include "output/ReportSelection.h"
+#include "output/RoundResults.h"
 #include "output/RoundSelection.h"
 #include "platform/ApplicationDirectory.h"
 #include "platform/Fonts.h"
@@ -36,11 +37,17 @@ void tellFile(const QString& path) {
     print(stdout, nativePath(path));
 }
 
+// Several works in a row are made of the same results.
+void tellOnce(QString& told, const QString& line) {
+    if (line != told) print(stderr, line);
+    told = line;
+}
+
 void addOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(u"課題の評価計算、報告書の作成、係数の設定をまとめて行います。"_s);
-    parser.addHelpOption();
     parser.addPositionalArgument(u"PROBLEM"_s, u"課題番号"_s);
     parser.addOptions({
+        {{u"h"_s, u"help"_s}, u"この説明を表示します"_s},
         {u"directory"_s, u"DB と file のあるフォルダー（既定: プログラムのフォルダー）"_s, u"DIR"_s},
         {u"round"_s, u"比較回数（既定: 課題の比較回数）"_s, u"N"_s},
         {u"evaluator"_s, u"評価者番号。何回でも指定できます（既定: 課題評価者の全員）"_s, u"N"_s},
@@ -127,8 +134,11 @@ ExitCode perform(const Request& request) {
     const bool completed = runAction(u"hollin-batch"_s, [&] {
         Common::openDatabase(applicationDirectory());
         const RoundSelection chosen = selectionOf(*Common::DbConn, request);
-        for (const ReportWork* work : request.works)
+        QString told;
+        for (const ReportWork* work : request.works) {
+            if (work->ofWholeRound) tellOnce(told, resultsLine(chosen));
             if (!(succeeded = perform(*work, chosen))) return;
+        }
     });
     return completed && succeeded ? done : failed;
 }

@@ -5,6 +5,10 @@
 #include "support/Helpers.h"
 #include "support/RoundTest.h"
 
+#include <QRegularExpression>
+#include <QTableWidget>
+#include <numeric>
+
 using namespace Common;
 
 const QString group = u"報告作成"_s;
@@ -36,19 +40,26 @@ class ReportsTest : public RoundTest {
 TEST_F(ReportsTest, TheGroupReportSetsTheEvaluatorBesideTheGroup) {
     EXPECT_EQ(report(group, {0, 1}), notice(group, u" 印刷終了"_s));
     EXPECT_EQ(documents().size(), 2);
+    EXPECT_EQ(text(group, u"device"), u"→ いきなりPDF 2"_s);
+    EXPECT_TRUE(
+        text(group, u"Status")
+            .startsWith(u"報告作成 2 名：PDF 2 件を作成しました。（%1/file） このコンピューターには"_s.arg(
+                directory())));
+    EXPECT_TRUE(control(group, u"folder")->isVisible());
     EXPECT_EQ(printedRows(u"報告作成_候補地の選定_評価者5_"_s),
               u"評価者5様:候補地の選定:1 / 候補地の選定（1回） / あなた 全体 / "
               "目的要因 要因 評価値 順位 最小値 最大値 算術平均 幾何平均 / "
-              "候補地の選定 費用 1.0000 2 0.5000 1.0000 0.8333 0.7937 / "
-              "候補地の選定 環境 1.0000 1 0.3333 1.0000 0.7778 0.6934 / "
+              "候補地の選定 費用 0.8736 2 0.3816 1.0000 0.7517 0.6934 / "
+              "候補地の選定 環境 1.0000 1 0.3029 1.0000 0.7255 0.6420 / "
+              "候補地の選定 広さ 0.3816 3 0.3816 1.0000 0.6440 0.5944 / "
               "費用 建設費 0.2500 3 0.2500 1.0000 0.7500 0.6300 / "
               "費用 維持費 1.0000 1 0.5000 1.0000 0.6667 0.6300 / "
               "環境 維持費 1.0000 1 0.1504 1.0000 0.5606 0.4307 / "
               "環境 騒音 0.4055 3 0.4055 1.0000 0.6268 0.5775 / "
               "環境 景観 0.1644 3 0.1644 1.0000 0.4509 0.3139 / "
-              "総合評価値（最終レベル） 建設費 0.2500 3 0.2500 1.0000 0.5833 0.5000 / "
-              "維持費 2.0000 1 0.4004 2.0000 1.0258 0.8154 / "
-              "騒音 0.4055 2 0.3333 0.4750 0.4046 0.4004 / 景観 0.1644 2 0.0627 1.0000 0.4090 0.2177"_s);
+              "総合評価値（最終レベル） 広さ 0.3816 3 0.3816 1.0000 0.6440 0.5944 / "
+              "建設費 0.2184 3 0.2184 1.0000 0.5333 0.4368 / 維持費 1.8736 1 0.3222 1.8736 0.9522 0.7361 / "
+              "騒音 0.4055 2 0.3029 0.4149 0.3744 0.3707 / 景観 0.1644 2 0.0570 0.8736 0.3650 0.2015"_s);
 }
 
 TEST_F(ReportsTest, APairWithoutOwnValueIsBlankAndTotalsStandBehindDeepKeys) {
@@ -65,8 +76,9 @@ TEST_F(ReportsTest, TheAnalysisShowsGradeSpreadAndClasses) {
     EXPECT_EQ(printedRows(u"分析出力_候補地の選定_"_s),
               u"候補地の選定（1回） / 評価者 3名：評価者2、評価者5、評価者7 / 分布（0 が最小、6 が最大） / "
               "要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6 / "
-              "候補地の選定 / 費用 0.5000 1.0000 0.8333 0.2357 0.7937 1 0 0 0 0 0 2 / "
-              "環境 0.3333 1.0000 0.7778 0.3143 0.6934 1 0 0 0 0 0 2 / "
+              "候補地の選定 / 費用 0.3816 1.0000 0.7517 0.2668 0.6934 1 0 0 0 0 0 2 / "
+              "環境 0.3029 1.0000 0.7255 0.3033 0.6420 1 0 0 0 0 0 2 / "
+              "広さ 0.3816 1.0000 0.6440 0.2610 0.5944 1 0 1 0 0 0 1 / "
               "費用 / 建設費 0.2500 1.0000 0.7500 0.3536 0.6300 1 0 0 0 0 0 2 / "
               "維持費 0.5000 1.0000 0.6667 0.2357 0.6300 2 0 0 0 0 0 1 / "
               "環境 / 維持費 0.1504 1.0000 0.5606 0.3475 0.4307 1 0 0 1 0 0 1 / "
@@ -74,13 +86,56 @@ TEST_F(ReportsTest, TheAnalysisShowsGradeSpreadAndClasses) {
               "景観 0.1644 1.0000 0.4509 0.3884 0.3139 2 0 0 0 0 0 1 / "
               "総合評価値（最終レベル） / 分布（0 が最小、6 が最大） / "
               "要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6 / "
-              "建設費 0.2500 1.0000 0.5833 0.3118 0.5000 1 0 1 0 0 0 1 / "
-              "維持費 0.4004 2.0000 1.0258 0.6980 0.8154 1 1 0 0 0 0 1 / "
-              "騒音 0.3333 0.4750 0.4046 0.0578 0.4004 1 0 0 0 1 0 1 / "
-              "景観 0.0627 1.0000 0.4090 0.4199 0.2177 1 1 0 0 0 0 1"_s);
+              "広さ 0.3816 1.0000 0.6440 0.2610 0.5944 1 0 1 0 0 0 1 / "
+              "建設費 0.2184 1.0000 0.5333 0.3366 0.4368 1 1 0 0 0 0 1 / "
+              "維持費 0.3222 1.8736 0.9522 0.6660 0.7361 1 0 1 0 0 0 1 / "
+              "騒音 0.3029 0.4149 0.3744 0.0507 0.3707 1 0 0 0 0 0 2 / "
+              "景観 0.0570 0.8736 0.3650 0.3623 0.2015 1 1 0 0 0 0 1"_s);
     const auto page = printedPages(directory() + u"/file/"_s + documents().value(0))[0];
-    EXPECT_EQ(page.row(6).value(0), u"変動度:E"_s); // 0.806
+    EXPECT_EQ(page.row(6).value(0), u"変動度:E"_s); // 0.816
     EXPECT_NEAR(page.size.width(), 297, 0.5);
+}
+
+// Without branches all keys run into each other: 広さ has that of 建設費, 維持費 below 費用 that below 環境.
+TEST_F(ReportsTest, PairsWithEqualKeysStayApart) {
+    const QStringList screens{group, analysis, u"個人結果"_s};
+    QStringList expected;
+    QStringList printed;
+    for (auto* texts : {&expected, &printed}) {
+        for (const auto& screen : screens) {
+            report(screen, {0});
+            Forms.unload(screen);
+            texts->append(printedRows(screen));
+            for (const auto& document : documents()) QFile::remove(directory() + u"/file/"_s + document);
+        }
+        run(u"update 課題 set 最大分岐数=0"_s);
+    }
+    EXPECT_EQ(printed, expected);
+    run(u"insert into 要因構成 values(1,11,12,0,'1')"_s); // 環境 on two levels, its children with equal keys
+    report(analysis, {});
+    const QRegularExpression figures(u"\\.\\d{4}( \\d){7}$"_s);
+    for (const auto& row : printedRows(analysis).split(u" / "_s).filter(figures)) {
+        const auto counts = row.last(13).split(u' ');
+        EXPECT_EQ(std::accumulate(counts.begin(), counts.end(), 0,
+                                  [](int sum, const QString& count) { return sum + count.toInt(); }),
+                  3)
+            << row.toStdString();
+    }
+    run(u"update 要因構成 set 子要因表示順=null where 子要因番号=23"_s);
+    for (const auto& screen : screens)
+        EXPECT_TRUE(failure(screen, {0}).contains(u"「騒音」に表示順がありません"));
+}
+
+TEST_F(ReportsTest, TheScreensSayWhoseResultsGoIn) {
+    run(u"delete from 評価結果 where 評価者番号=7 and レベル=2 and 比較回数=1"_s);
+    run(u"delete from 課題評価者 where 評価者番号=5"_s);
+    for (const auto& screen : {group, analysis, final}) {
+        Forms.show(screen);
+        choose(screen, u"Combo1", 0);
+        EXPECT_EQ(text(screen, u"results"), u"評価結果 1 / 2 名（なし: 評価者7／課題評価者以外: 評価者5）"_s);
+        EXPECT_EQ(report(screen, {1}).size(), 1);
+        EXPECT_EQ(hasFocus(screen, u"List1"), screen == group); // where someone else can be chosen
+    }
 }
 
 TEST_F(ReportsTest, TheGradeComparesDeviationsWithThoseOfTheFamilySize) {
@@ -102,12 +157,20 @@ TEST_F(ReportsTest, CoefficientsAreStoredAndWrittenToTheByte) {
     for (int time = 0; time < 2; ++time) {
         EXPECT_EQ(report(final, {}), notice(final, u" 係数設定終了"_s));
         EXPECT_EQ(stored(u"select * from 総合係数 order by 要因番号"_s),
-                  u"1|21|0.5 1|22|0.8154 1|23|0.4004 1|24|0.2177 2|99|1"_s);
+                  u"1|13|0.5944 1|21|0.4368 1|22|0.7361 1|23|0.3707 1|24|0.2015 2|99|1"_s);
         EXPECT_EQ(file(u"候補地の選定.csv"_s),
-                  "\"\x97v\x88\xf6\x96\xbc\",\"\x8c\x9a\x90\xdd\x94\xef\",\"\x88\xdb\x8e\x9d\x94\xef\","
+                  "\"\x97v\x88\xf6\x96\xbc\",\"\x8dL\x82\xb3\",\"\x8c\x9a\x90\xdd\x94\xef\","
+                  "\"\x88\xdb\x8e\x9d\x94\xef\","
                   "\"\x91\x9b\x89\xb9\",\"\x8ci\x8a\xcf\"\r\n"
-                  "\"\x8cW\x90\x94\",0.5000,0.8154,0.4004,0.2177\r\n");
+                  "\"\x8cW\x90\x94\",0.5944,0.4368,0.7361,0.3707,0.2015\r\n");
     }
+    const auto* table = control<QTableWidget>(final, u"coefficients");
+    QStringList shown;
+    for (int row = 0; row < table->rowCount(); ++row)
+        for (int column = 0; column < 3; ++column) shown << table->item(row, column)->text();
+    EXPECT_EQ(shown.join(u' '),
+              u"1 維持費 0.7361 2 広さ 0.5944 3 建設費 0.4368 4 騒音 0.3707 5 景観 0.2015"_s);
+    EXPECT_TRUE(text(final, u"Status").contains(u"候補地の選定.csv を作成しました。"));
     // the next round's rows replace them; a factor counts the evaluators that have a row for it
     run(u"update 課題 set 比較回数=2"_s);
     run(u"insert into 評価結果 values(1,1,21,2,2,1,2,0.2),(1,1,21,5,2,1,2,0.8),(1,1,23,5,2,1,2,0.12345)"_s);
@@ -137,7 +200,7 @@ TEST_F(ReportsTest, WhatStopsAReportIsToldAndLeavesNoDocument) {
         EXPECT_EQ(failure(screen, {0}), u"0 以下の評価値があるため、幾何平均を計算できません。\n騒音"_s)
             << screen.toStdString();
     }
-    EXPECT_EQ(stored(u"select 要因番号 from 総合係数"_s), u"21 22"_s);
+    EXPECT_EQ(stored(u"select 要因番号 from 総合係数"_s), u"13 21 22"_s);
     QFile::remove(directory() + u"/file/message.txt"_s);
     EXPECT_TRUE(failure(group, {0}).startsWith(u"ファイルが見つかりません。"));
     EXPECT_EQ(documents(), QStringList());
@@ -149,7 +212,7 @@ TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
         run(u"delete from 総合係数"_s);
         run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(problem));
         EXPECT_TRUE(failure(final).contains(says)) << problem.toStdString();
-        EXPECT_EQ(rows(u"select * from 総合係数"_s).size(), 4);
+        EXPECT_EQ(rows(u"select * from 総合係数"_s).size(), 5);
     }
     run(u"update 要因 set 要因名='候補.' where 要因番号=1"_s);
     report(final, {});

@@ -15,14 +15,14 @@ TEST_F(IndividualResultTest, TreeComparisonsAndTotalsArePrinted) {
     EXPECT_EQ(report(screen, {0}), notice(screen, u" 印刷終了"_s));
     EXPECT_EQ(printedRows(u"個人結果_候補地の選定_評価者2_"_s),
               u"候補地の選定（1） / 要因名 評価値 累積評価値 / "
-              "候補地の選定 / 費用 1 1 / 環境 0.3333 0.3333 / "
+              "候補地の選定 / 費用 1 1 / 環境 0.3029 0.3029 / 広さ 0.5503 0.5503 / "
               "費用 / 建設費 1 1 / 維持費 0.5 0.5 / "
-              "環境 / 維持費 0.5313 0.1771 / 騒音 1 0.3333 / 景観 0.1882 0.0627 / "
-              "一対比較：候補地の選定 / ① ② / ① 費用 － 3 / ② 環境 1/3 － / "
+              "環境 / 維持費 0.5313 0.1609 / 騒音 1 0.3029 / 景観 0.1882 0.057 / "
+              "一対比較：候補地の選定 / ① ② ③ / ① 費用 － 3 2 / ② 環境 1/3 － 1/2 / ③ 広さ 1/2 2 － / "
               "一対比較：費用 / ① ② / ① 建設費 － 2 / ② 維持費 1/2 － / "
               "一対比較：環境 / ① ② ③ / ① 維持費 － 1/2 3 / ② 騒音 2 － 5 / ③ 景観 1/3 1/5 － / "
-              "総合評価値（最終レベル） / 要因名 総合評価値 / "
-              "建設費 1 / 維持費 0.6771 / 騒音 0.3333 / 景観 0.0627"_s);
+              "候補地の選定（1） / 総合評価値（最終レベル） / 要因名 総合評価値 / "
+              "建設費 1 / 維持費 0.6609 / 広さ 0.5503 / 騒音 0.3029 / 景観 0.057"_s);
 }
 
 TEST_F(IndividualResultTest, EachEvaluatorHasADocumentOfTheCurrentRound) {
@@ -45,7 +45,8 @@ TEST_F(IndividualResultTest, EachEvaluatorHasADocumentOfTheCurrentRound) {
 }
 
 TEST_F(IndividualResultTest, OneEvaluatorWithoutResultsIsNamedAndNothingIsPrinted) {
-    run(u"delete from 評価結果 where 評価者番号=7"_s);
+    run(u"delete from 評価結果 where 評価者番号=7 and レベル=2 and 比較回数=1"_s); // what an error half-way
+                                                                                   // leaves
     EXPECT_EQ(report(screen, {0, 2}), warning(screen,
                                               u"設定された条件、課題：1:候補地の選定 評価回数:1 "
                                               "評価者:7:評価者7は評価結果に存在しません"_s));
@@ -57,7 +58,10 @@ TEST_F(IndividualResultTest, TwentyOneChildrenFillTheMatrixAndOneMoreIsAnError) 
     EXPECT_EQ(comparisonTexts(2.5), (std::pair{u"2"_s, u"1/2"_s}));
     for (int child = 101; child <= 121; ++child)
         run(u"insert into 一対比較 values(1,12,100,%1,2,1,'',%1,2)"_s.arg(child));
-    EXPECT_EQ(report(screen, {0}), warning(screen, u"インデックスが有効範囲にありません。"_s));
+    EXPECT_EQ(report(screen, {0}),
+              warning(screen,
+                      u"インデックスが有効範囲にありません。\n「環境」の子要因が多すぎます（21 までです）。\n"
+                      "要因構成登録で、いくつかを中間の要因にまとめてください。"_s));
     EXPECT_EQ(documents(), QStringList());
     run(u"delete from 一対比較 where 目的要因番号=12 and 比較対象要因番号 in (22,23,24,121)"_s);
     EXPECT_EQ(report(screen, {0}), notice(screen, u" 印刷終了"_s));

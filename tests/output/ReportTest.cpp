@@ -47,6 +47,11 @@ class ReportTest : public ::testing::Test {
         page.finish();
         return printedPages(document);
     }
+    static QList<ReportRow> rowsOf(const QString& prefix, int count) {
+        QList<ReportRow> rows;
+        for (int i = 0; i < count; ++i) rows.append({{prefix + QString::number(i)}, 4});
+        return rows;
+    }
     static void addRows(ReportPage& page, const QString& prefix, int count) {
         for (int i = 0; i < count; ++i) page.row({prefix + QString::number(i), u"0.5"_s, u"1"_s});
     }
@@ -85,6 +90,23 @@ TEST_F(ReportTest, PrintersAreTheOnesThatTheUsersSettingsName) {
     print.load(folder.path());
     EXPECT_EQ(print.OfficePrinterName, u"事務室, 2階"_s);
     EXPECT_EQ(print.PdfPrinterName, u"いきなりPDF 2"_s);
+}
+
+TEST_F(ReportTest, EachTargetHasItsDevice) {
+    const QString installed = u"いきなりPDF 2"_s; // the only one without a print system
+    for (const bool office : {true, false}) {
+        ReportPrinter device;
+        PrintService service(device);
+        service.load(folder.path());
+        service.OfficePrinterName = office ? installed : u"なし"_s;
+        service.PdfPrinterName = office ? u"なし"_s : installed;
+        EXPECT_EQ(service.ReportDevice(), office ? installed : QString());
+        if (!office) service.ToggleOutputTarget();
+        EXPECT_EQ(service.ReportDevice(), installed);
+        EXPECT_EQ(device.DeviceName(), QString());
+        service.ChooseReportPrinter();
+        EXPECT_EQ(device.DeviceName(), installed);
+    }
 }
 
 TEST_F(ReportTest, ThirteenColumnsAreLandscapeOnEveryPage) {
@@ -182,12 +204,15 @@ TEST_F(ReportTest, LongNamesLeaveRoomForWhatFollowsThem) {
 
 TEST_F(ReportTest, CellsKeepTheirColumn) {
     const auto page = printReport([](ReportPage& page) {
-        page.row({u"長い名前の要因は切る"_s, u"0.25"_s, u"10"_s});
+        page.row({u"長い名前の要因は次の行に続く"_s, u"0.25"_s, u"10"_s});
         page.row({u"小"_s, u"1"_s, u"9"_s}, 4);
         page.row({u"大"_s, u"12.1234"_s, u"123456789012"_s});
     })[0];
     const double point = 50 - 5 * half; // room for ".0000" up to the right edge of the column
-    EXPECT_EQ(page.row(36).value(0), u"長い名前…"_s);
+    EXPECT_EQ(page.row(36), (QStringList{u"長い名前の"_s, u"0.25"_s, u"10"_s}));
+    EXPECT_EQ(page.row(42) + page.row(48) + page.row(54).mid(0, 1),
+              (QStringList{u"要因は次"_s, u"の行に続"_s, u"く"_s}));
+    EXPECT_NEAR(page.word(u"要因は次"_s).box.left(), 5 + 2 * half, 0.1);
     EXPECT_NEAR(page.word(u"0.25"_s).box.left(), point - half, 0.1);
     EXPECT_NEAR(page.word(u"1"_s).box.right(), point, 0.1);
     EXPECT_NEAR(page.word(u"12.1234"_s).box.right(), 50, 0.1);
@@ -202,8 +227,7 @@ TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
          {std::tuple{24, 9, 34}, {25, 9, 25}, {31, 40, 34}, {32, 40, 32}}) {
         const auto pages = printReport([&, before = before, rows = rows](ReportPage& page) {
             for (int i = 0; i < before; ++i) page.row({u"r"_s});
-            page.group(rows, title, 2);
-            for (int i = 0; i < rows; ++i) page.row({u"g"_s}, 4);
+            page.group({rowsOf(u"g"_s, rows), title, 2});
         });
         const auto below = [](const auto& word) { return word.box.y() > 35; };
         EXPECT_EQ(std::ranges::count_if(pages[0].words, below), onFirstPage);
@@ -212,15 +236,14 @@ TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
         EXPECT_EQ(pages.back().row(36).value(0) == title + u"（続き）"_s, rows == 40);
     }
     const auto group = printReport([](ReportPage& page) { // the last two of a long group stay together
-        page.group(35);
-        addRows(page, u"g"_s, 35);
+        page.group({.rows = rowsOf(u"g"_s, 35), .label = u"総計"_s});
     });
-    EXPECT_EQ(group.at(1).row(36).value(0), u"g33"_s);
+    EXPECT_EQ(group.at(1).row(36) + group.at(1).row(42), (QStringList{u"総計"_s, u"g34"_s}));
     for (const int rows : {20, 21}) { // a blank row, title, heading and 20 rows fill the page
         const auto pages = printReport([&](ReportPage& page) {
             addRows(page, u"r"_s, 11);
-            page.newTable(u"市場性"_s, {{u"要因名"_s, 5, 60}}, rows);
-            for (int i = 0; i < 36; ++i) page.row({u"t"_s});
+            page.newTable(u"市場性"_s, {{u"要因名"_s, 5, 60}}, rowsOf(u"t"_s, rows));
+            addRows(page, u"u"_s, 36 - rows);
         });
         EXPECT_EQ(pages.at(1).row(24), QStringList{rows == 20 ? u"市場性（続き）"_s : u"市場性"_s});
         EXPECT_EQ(pages.at(1).row(30), QStringList{u"要因名"_s});
@@ -230,13 +253,25 @@ TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
 TEST_F(ReportTest, TheLargestMatrixFitsThePage) {
     const auto pages = printReport([](ReportPage& page) {
         page.row({u"r"_s});
-        page.matrix(u"市場性"_s, QStringList(21, u"とても長い名前をもつ要因はここで切れる"_s),
+        page.matrix(u"市場性"_s, QStringList(21, u"長い名前の要"_s),
                     QList<QStringList>(21, QStringList(21, u"1/9"_s)));
+        page.matrix(u"成長性"_s, {QString(50, u'長'), u"短"_s}, {{u"－"_s, u"3"_s}, {u"1/3"_s, u"－"_s}});
     });
-    ASSERT_EQ(pages.size(), 1);
+    ASSERT_EQ(pages.size(), 2);
+    EXPECT_EQ(pages[1].word(QString(50, u'長')).text, QString(50, u'長')); // beside two cells there is room
     const auto& words = pages[0].words;
     for (const auto& word : words) EXPECT_LT(word.box.right(), 205.1);
     EXPECT_EQ(std::ranges::count(words, u"1/9"_s, &PrintedWord::text), 21 * 21); // none touches its neighbour
+}
+
+TEST_F(ReportTest, EveryPageOfALongMessageHasItsRunningLine) {
+    const auto letter = messageFile(QByteArray("line\r\n").repeated(100));
+    const auto pages = printReport([&](ReportPage& page) {
+        page.message(letter);
+        page.row({u"r"_s});
+    });
+    ASSERT_EQ(pages.size(), 3);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(pages[i].row(6).mid(3).join(u' '), u"− %1 −"_s.arg(i + 1));
 }
 
 TEST_F(ReportTest, EachPartBeginsWithItsMessage) {

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include "core/Database.h"
@@ -64,6 +65,7 @@ TEST_F(BatchTest, RefusalsAreExplainedWithExitCodes) {
         EXPECT_EQ(outcome.output, QString());
         EXPECT_TRUE(outcome.errors.contains(message)) << outcome.errors.toStdString();
     }
+    EXPECT_FALSE(run(u"--help"_s).output.contains(QRegularExpression(u"[A-Z][a-z]|[a-z] [a-z]"_s)));
     QFile::remove(path(u"DB/Hollin.mdb"_s));
     EXPECT_TRUE(run(u"1"_s).errors.contains(u"データベースのファイルが見つかりません。"));
 }
@@ -71,6 +73,7 @@ TEST_F(BatchTest, RefusalsAreExplainedWithExitCodes) {
 TEST_F(BatchTest, EverythingIsDoneInOrderWhenNothingIsNamed) {
     const auto outcome = run(u"1"_s);
     EXPECT_EQ(outcome.exitCode, 0) << outcome.errors.toStdString();
+    EXPECT_EQ(outcome.errors.count(u"評価結果 5 / 5 名\n"), 1); // once for all that is made of them
     EXPECT_EQ(screens(outcome), u"評価計算 "_s + u"個人結果 "_s.repeated(5) + u"報告作成 "_s.repeated(5) +
                                     u"分析出力 防災・減災事業の優先順位.csv"_s);
     // The one who contradicts herself, with four pairs and one goal as a whole.
