@@ -55,7 +55,7 @@ void ReportForm::Form_Load() {
     ui_->Combo1->addItems(problems);
     if (problems.isEmpty()) refuse(u"課題が存在しません。"_s);
     showDevice();
-    print_.FileExported = [this](const QString& path) { exported_ = path; };
+    print_.FileExported = [this](const QString& path) { exported_ = nativePath(path); };
     centre();
 }
 
@@ -118,24 +118,24 @@ void ReportForm::Command7_Click() {
 
 // What was made and where it is.
 void ReportForm::showMade(const RoundSelection& chosen, const MadeFiles& made, int documents) {
-    const QStringList files = exported_.isEmpty() ? made.paths() : QStringList{nativePath(exported_)};
-    QString line =
-        work_.hasEvaluators ? u"%1 %2 名"_s.arg(work_.screen).arg(chosen.evaluators.size()) : work_.screen;
-    if (files.size() == 1)
-        line += u"：%1 を作成しました。"_s.arg(QFileInfo(files[0]).fileName());
-    else if (!files.isEmpty())
-        line += u"：PDF %1 件を作成しました。"_s.arg(files.size());
+    QString line = work_.hasEvaluators ? u"%1 名："_s.arg(chosen.evaluators.size()) : QString();
+    if (!exported_.isEmpty())
+        line += u"%1 を作成しました。"_s.arg(QFileInfo(exported_).fileName());
+    else if (!made.paths().isEmpty())
+        line += u"PDF %1 件を作成しました。"_s.arg(made.paths().size());
     else if (documents > 0)
-        line += u"：%1 件を「%2」に送りました。"_s.arg(documents).arg(print_.printer().DeviceName());
+        line += u"%1 件を「%2」に送りました。"_s.arg(documents).arg(print_.printer().DeviceName());
     else
-        line += u"：終わりました。"_s;
-    if (!files.isEmpty()) {
-        folder_ = QFileInfo(files[0]).path();
+        line += u"終わりました。"_s;
+    const bool shown = made.show();
+    if (!shown) line += u"PDF を表示するプログラムがありません。"_s;
+    const QString file = exported_.isEmpty() ? made.paths().value(0) : exported_;
+    if (!file.isEmpty()) {
+        folder_ = QFileInfo(file).path();
         line += u"（%1）"_s.arg(folder_);
         ui_->folder->show();
     }
-    const bool shown = made.show();
-    say(shown ? line : line + u" このコンピューターには PDF を表示するプログラムがありません。"_s, !shown);
+    say(line, !shown);
 }
 
 QVBoxLayout* ReportForm::optionsLayout() {

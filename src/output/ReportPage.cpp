@@ -50,6 +50,24 @@ qint16 columnsIn(double width) {
     return static_cast<qint16>(width / halfWidth + 0.01); // so that 10 × 1.764 are ten columns
 }
 
+// Where a line of at most `most` characters ends: no line begins with a closing mark or ends with an
+// opening one, and none parts a number or a word, where a few characters less avoid it.
+qsizetype breakBefore(const QString& text, qsizetype most) {
+    constexpr qsizetype fewer = 8;
+    const auto parts = [&text](qsizetype at) {
+        const QChar next = text[at];
+        const auto isWord = [](QChar character) {
+            return character.unicode() < 0x80 && character.isLetterOrNumber();
+        };
+        return u"）)」』】］〉》、。，．・ー々"_s.contains(next) ||
+               u"（(「『【［〈《"_s.contains(text[at - 1]) || next.isLowSurrogate() ||
+               (isWord(next) && isWord(text[at - 1]));
+    };
+    for (auto at = most; at > 1 && at > most - fewer; --at)
+        if (!parts(at)) return at;
+    return most;
+}
+
 // A matrix on paper may have one item more than there are marks.
 QString mark(int item) {
     return item <= mostChildren ? QString(itemMark(item)) : QString::number(item);
@@ -341,10 +359,10 @@ QStringList ReportPage::wrapped(const QString& text, double width) const {
     QStringList lines;
     QString rest = text;
     for (int columns = columnsIn(width);
-         lines.size() + 1 < cellRows &&
-         PrintService::FitChars(rest, static_cast<qint16>(columns)) < characterCount(rest);
+         lines.size() + 1 < cellRows && PrintService::TextColumns(rest) > columns && columns > 1;
          columns = columnsIn(width) - hanging) {
         lines << leadingCharacters(rest, PrintService::FitChars(rest, static_cast<qint16>(columns)));
+        lines.last().truncate(breakBefore(rest, lines.last().size()));
         rest.remove(0, lines.last().size());
     }
     return lines << cut(rest, lines.isEmpty() ? width : width - hanging * halfWidth);
