@@ -27,6 +27,7 @@ hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/Samp
                RESOURCES src/tools/tools.qrc LIBRARIES hollin_output)
 hollin_include_root(hollin-database PRIVATE tools)
 hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis)
+hollin_program(hollin-figures WIDGETS SOURCES src/tools/FiguresTool.cpp LIBRARIES hollin_figures_screens)
 
 # Users edit the message files and fill the database: what stands in the program directory is never replaced.
 add_custom_target(

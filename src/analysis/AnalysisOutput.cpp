@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double negligibleVariance = 1e-8;
 constexpr int mostNameColumns = 160; // of a line of the heading in landscape
 
 const QList<ReportColumn> figureColumns{
@@ -95,7 +94,7 @@ QStringList figures(const QString& name, const FactorValues& factor) {
     const Statistics& group = factor.statistics;
     QStringList cells;
     for (const double figure : {group.minimum(), group.maximum(), group.mean(),
-                                group.deviation(negligibleVariance), group.geometricMean(name)})
+                                group.deviation(negligibleSpread), group.geometricMean(name)})
         cells << formatNumber(figure, u"0.0000"_s);
     std::vector<double> values;
     for (const auto& [evaluatorNo, value] : factor.values) values.push_back(value);

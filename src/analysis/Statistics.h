@@ -3,6 +3,9 @@
 
 #include <QString>
 
+// The variance of one factor's values below which they count as equal.
+constexpr double negligibleSpread = 1e-8;
+
 // Figures of a set of values, added one by one. All but the count need at least one value.
 class Statistics {
   public:

@@ -6,18 +6,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// A path that visits no factor twice has at most as many edges as there are parents, so a level that is
-// deeper and still added rows means a circle.
-void requireDepth(qint32 problemNo, int level, int parents) {
-    if (level > parents)
-        throw RuntimeError(
-            ErrorCode::InvalidCall,
-            u"課題 %1 の要因構成が循環しています。要因構成登録で確かめてください。"_s.arg(problemNo));
+void raiseCircle(qint32 problemNo) {
+    throw RuntimeError(
+        ErrorCode::InvalidCall,
+        u"課題 %1 の要因構成が循環しています。要因構成登録で確かめてください。"_s.arg(problemNo));
 }
-
-} // namespace
 
 void descend(Connection& connection, qint32 problemNo, const Descent& descent) {
     connection.execute(u"delete from tempfac"_s);
@@ -27,7 +20,9 @@ void descend(Connection& connection, qint32 problemNo, const Descent& descent) {
         connection.execute(descent.level(level));
         const int count = readNumber(descent.rows, connection);
         if (count == previous) break;
-        requireDepth(problemNo, level, parents);
+        // A path that visits no factor twice has at most as many edges as there are parents, so a level that
+        // is deeper and still added rows means a circle.
+        if (level > parents) raiseCircle(problemNo);
         previous = count;
     }
     connection.execute(u"delete from tempfac where child = %1"_s.arg(problemNo));

@@ -17,3 +17,6 @@ struct Descent {
 // Empties `tempfac` and fills it until a level adds no rows; the root row is gone then. Raises error 5, which
 // names the problem, when the hierarchy runs in a circle.
 void descend(Connection& connection, qint32 problemNo, const Descent& descent);
+
+// That error.
+[[noreturn]] void raiseCircle(qint32 problemNo);

@@ -88,6 +88,13 @@ void PrintDocument::box(const QRectF& frame, double width) {
     painter_.drawRect(QRectF(inDots(frame.topLeft()), inDots(frame.bottomRight())));
 }
 
+void PrintDocument::draw(const QRectF& frame, const std::function<void(QPainter&, const QRectF&)>& content) {
+    openPage();
+    painter_.save();
+    content(painter_, QRectF(inDots(frame.topLeft()), inDots(frame.bottomRight())));
+    painter_.restore();
+}
+
 QByteArray PrintDocument::finish() {
     painter_.end();
     return bytes_;

@@ -10,6 +10,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QString>
+#include <functional>
 #include <utility>
 
 // Positions are millimetres from the upper left edge of the paper. A page comes into being with the first
@@ -30,6 +31,8 @@ class PrintDocument {
     double textWidth(const QString& text) const;
     void line(QPointF from, QPointF to, double width);
     void box(const QRectF& frame, double width);
+    // `content` draws what it likes into the frame, which it is given in the painter's own units.
+    void draw(const QRectF& frame, const std::function<void(QPainter&, const QRectF&)>& content);
 
     // True when there was an open page.
     bool endPage() { return std::exchange(pageOpen_, false); }

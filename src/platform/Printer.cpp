@@ -98,6 +98,11 @@ void ReportPrinter::Box(double x1, double y1, double x2, double y2) {
     document().box({QPointF(x1, y1), QPointF(x2, y2)}, DrawWidth / 10.0);
 }
 
+void ReportPrinter::Draw(double x1, double y1, double x2, double y2,
+                         const std::function<void(QPainter&, const QRectF&)>& content) {
+    document().draw({QPointF(x1, y1), QPointF(x2, y2)}, content);
+}
+
 bool ReportPrinter::EndPage() {
     return document_ && document_->endPage();
 }

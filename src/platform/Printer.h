@@ -8,6 +8,8 @@
 #include <optional>
 
 class PrintDocument;
+class QPainter;
+class QRectF;
 
 struct PrinterDevice {
     QString DeviceName;
@@ -68,6 +70,9 @@ class ReportPrinter {
     double TextWidth(const QString& text);
     void Line(double x1, double y1, double x2, double y2);
     void Box(double x1, double y1, double x2, double y2);
+    // `content` draws into the box, which it is given in the painter's own units.
+    void Draw(double x1, double y1, double x2, double y2,
+              const std::function<void(QPainter&, const QRectF&)>& content);
     // The page is complete; the next thing drawn begins another one.
     // True when something had been drawn on it.
     bool EndPage();

@@ -1,0 +1,16 @@
+// Figures on paper and in files.
+#pragma once
+
+#include <vector>
+
+#include "figures/Sheet.h"
+
+class PrintService;
+
+// Each sheet on a page, to the printer that the output target names.
+void printFigures(PrintService& print, const std::vector<FigureSheet>& sheets, const QString& problem);
+
+enum class PictureType { Svg, Png };
+// Each sheet as a file of its own in `folder`; the paths. Raises error 75 or 76 when one cannot be written.
+QStringList saveFigures(const QString& folder, const std::vector<FigureSheet>& sheets, const QString& problem,
+                        PictureType type);

@@ -1,0 +1,119 @@
+#include "figures/Sheet.h"
+
+#include <qcustomplot.h>
+
+#include "output/PrintService.h"
+#include "platform/Dates.h"
+#include "platform/TextConversion.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int titleSize = 17;
+constexpr double titleHeight = 24;
+constexpr double lineHeight = 18;
+
+// Half-width columns of the sheet's font in so many pixels.
+qint16 columnsIn(double width) {
+    return static_cast<qint16>(width * 2 / Sheet::textSize);
+}
+
+} // namespace
+
+QFont figureFont(int pixels) {
+    QFont font(u"ＭＳ ゴシック"_s);
+    font.setPixelSize(pixels); // points would be another size on every device
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setKerning(false);
+    return font;
+}
+
+QString elidedText(const QString& text, double width) {
+    const auto columns = columnsIn(width);
+    if (PrintService::TextColumns(text) <= columns) return text;
+    return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
+}
+
+void setUpPlot(QCustomPlot& plot) {
+    plot.setBackground(Qt::NoBrush);
+    plot.setNotAntialiasedElements(QCP::aeNone);
+    plot.setAntialiasedElements(QCP::aeAll);
+    for (QCPAxis* axis : {plot.xAxis, plot.xAxis2, plot.yAxis, plot.yAxis2}) {
+        axis->setTickLabelFont(figureFont(Sheet::textSize));
+        axis->setLabelFont(figureFont(Sheet::textSize));
+        axis->setSubTicks(false);
+        axis->grid()->setPen(QPen(QColor(Ink::rule), 1));
+        axis->grid()->setZeroLinePen(Qt::NoPen);
+    }
+    plot.legend->setFont(figureFont(Sheet::textSize));
+    plot.legend->setBorderPen(Qt::NoPen);
+    plot.legend->setBrush(Qt::NoBrush);
+}
+
+void FigureSheet::draw(QPainter& painter, const QRectF& frame) const {
+    painter.save();
+    painter.translate(frame.topLeft());
+    const double scale = frame.width() / width;
+    painter.scale(scale * picture.logicalDpiX() / painter.device()->logicalDpiX(),
+                  scale * picture.logicalDpiY() / painter.device()->logicalDpiY());
+    painter.drawPicture(0, 0, picture);
+    painter.restore();
+}
+
+Sheet::Sheet(const FigureTitle& title, int page, int pages)
+    : painter_(std::make_unique<QCPPainter>(&sheet_.picture)) {
+    sheet_.figure = title.figure;
+    sheet_.picture.setBoundingRect({0, 0, FigureSheet::width, FigureSheet::height});
+    painter_->setMode(QCPPainter::pmVectorized);
+    const double width = FigureSheet::width;
+    text({0, 0, width, titleHeight}, title.figure, Qt::AlignLeft, titleSize);
+    const auto date = formatDate(QDate::currentDate());
+    text({0, 0, width, titleHeight}, u"%1   − %2 / %3 −"_s.arg(date).arg(page).arg(pages), Qt::AlignRight);
+    text({0, titleHeight, width, lineHeight},
+         elidedText(title.problem, width - 6.0 * PrintService::TextColumns(title.group) - 24) + u"   "_s +
+             title.group);
+    text({0, titleHeight + lineHeight, width, lineHeight}, title.reading);
+}
+
+Sheet::~Sheet() = default;
+
+void Sheet::text(const QRectF& frame, const QString& text, Qt::Alignment alignment, int pixels) {
+    if (text.isEmpty()) return;
+    painter_->setFont(figureFont(pixels));
+    painter_->setPen(QColor(Ink::line));
+    painter_->drawText(frame, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextDontClip, text);
+    sheet_.words += text + u'\n';
+}
+
+void Sheet::name(const QRectF& frame, const QString& name) {
+    const auto first = leadingCharacters(name, PrintService::FitChars(name, columnsIn(frame.width())));
+    const auto rest = name.mid(first.size());
+    const auto second = elidedText(rest, frame.width());
+    if (second != rest && !elided_.contains(name)) elided_ << name;
+    text(frame, second.isEmpty() ? first : first + u'\n' + second);
+}
+
+void Sheet::box(const QRectF& frame, QRgb fill) {
+    painter_->setPen(Qt::NoPen);
+    painter_->setBrush(QColor(fill));
+    painter_->drawRect(frame);
+    painter_->setBrush(Qt::NoBrush);
+}
+
+void Sheet::rule(double x1, double x2, double y) {
+    painter_->setPen(QPen(QColor(Ink::rule), 1));
+    painter_->drawLine(QPointF(x1, y), QPointF(x2, y));
+}
+
+void Sheet::plot(QCustomPlot& plot, const QRectF& frame) {
+    painter_->save();
+    painter_->translate(frame.topLeft());
+    plot.toPainter(painter_.get(), qRound(frame.width()), qRound(frame.height()));
+    painter_->restore();
+}
+
+FigureSheet Sheet::finish() {
+    painter_->end();
+    return sheet_;
+}

@@ -1,0 +1,218 @@
+#include "figures/Stability.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <random>
+
+#include "analysis/Statistics.h"
+#include "figures/Ranking.h"
+#include "judgement/ComparisonScale.h"
+#include "judgement/PairOrder.h"
+#include "judgement/PowerMethod.h"
+#include "platform/Recordset.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::uint64_t seed = 1;
+constexpr std::uint64_t highestBit = std::uint64_t{1} << 63;
+
+// What one evaluator entered under one goal factor.
+struct GoalRows {
+    std::vector<qint32> items;
+    std::vector<double> values;
+
+    // The first row of pairs names the items: its source and its targets.
+    void add(qint32 sourceNo, qint32 targetNo, double value) {
+        if (items.empty()) items.push_back(sourceNo);
+        if (sourceNo == items.front()) items.push_back(targetNo);
+        values.push_back(value);
+    }
+};
+
+using EvaluatorRows = std::map<qint32, GoalRows>; // by goal number
+
+std::map<qint32, EvaluatorRows> readRows(Connection& connection, const RoundResults& results) {
+    std::map<qint32, EvaluatorRows> evaluators;
+    for (const auto& evaluator : results.evaluators) evaluators[evaluator.number];
+    for (Recordset rows(u"select 評価者番号,目的要因番号,比較元要因番号,比較対象要因番号,比較値 from 一対比較"
+                        " where 課題番号=%1 and 比較回数=%2"
+                        " order by 評価者番号,目的要因番号,比較表示順"_s.arg(results.problemNo)
+                            .arg(results.round),
+                        connection);
+         !rows.eof(); rows.moveNext())
+        if (const auto found = evaluators.find(rows[u"評価者番号"_s].toLong()); found != evaluators.end())
+            found->second[rows[u"目的要因番号"_s].toLong()].add(rows[u"比較元要因番号"_s].toLong(),
+                                                                rows[u"比較対象要因番号"_s].toLong(),
+                                                                rows[u"比較値"_s].toDouble());
+    return evaluators;
+}
+
+FactorGraph::Children comparedChildren(const std::map<qint32, EvaluatorRows>& evaluators) {
+    FactorGraph::Children children;
+    for (const auto& [number, goals] : evaluators)
+        for (const auto& [goalNo, rows] : goals)
+            for (const qint32 item : rows.items)
+                if (auto& family = children[goalNo]; std::ranges::find(family, item) == family.end())
+                    family.push_back(item);
+    return children;
+}
+
+RoundComparisons::Goal goalOf(qint32 goalNo, const GoalRows& rows,
+                              const std::map<std::pair<qint32, qint32>, int>& edges) {
+    const auto items = itemCount(static_cast<int>(rows.values.size()));
+    if (!items || *items != static_cast<int>(rows.items.size()))
+        throw RuntimeError(
+            ErrorCode::InvalidCall,
+            u"目的要因 %1 の一対比較が不完全です。比較値を登録し直してください。"_s.arg(goalNo));
+    RoundComparisons::Goal goal{*items, rows.values, {}};
+    for (const qint32 item : rows.items) {
+        const auto edge = edges.find({goalNo, item});
+        goal.edges.push_back(edge == edges.end() ? -1 : edge->second);
+    }
+    return goal;
+}
+
+// The two values to which each comparison can move.
+struct Steps {
+    double towardsTarget;
+    double towardsSource;
+};
+
+Steps stepsFrom(double value) {
+    const auto distance = [value](int position) {
+        return std::abs(std::log(static_cast<double>(scaleValue(position)) / value));
+    };
+    int nearest = 0;
+    for (int position = 1; position < scalePositions; ++position)
+        if (distance(position) < distance(nearest)) nearest = position;
+    return {scaleValue(std::min(nearest + 1, scalePositions - 1)), scaleValue(std::max(nearest - 1, 0))};
+}
+
+// Calculates the coefficients of all leaves, for comparisons as they are and as they may be.
+class Calculation {
+  public:
+    explicit Calculation(const RoundComparisons& comparisons) : comparisons_(comparisons) {}
+
+    // `valuesOf` gives the values of each goal factor, in the order of the evaluators and their goals.
+    template <typename ValuesOf>
+    std::vector<double> coefficients(ValuesOf valuesOf) {
+        std::vector<Statistics> groups(comparisons_.graph.leaves().size());
+        for (const auto& evaluator : comparisons_.evaluators) {
+            weigh(evaluator, valuesOf);
+            comparisons_.graph.multiplyDown(local_, global_);
+            for (std::size_t leaf = 0; leaf < groups.size(); ++leaf)
+                if (const double weight = globalOf(leaf); weight != 0) groups[leaf].add(weight);
+        }
+        std::vector<double> found;
+        for (const auto& group : groups) found.push_back(group.count() == 0 ? 0 : group.geometricMean());
+        return found;
+    }
+
+  private:
+    // Weights that do not converge end the calculation of the evaluator: the goal factors behind have none.
+    template <typename ValuesOf>
+    void weigh(const RoundComparisons::Evaluator& evaluator, ValuesOf valuesOf) {
+        local_.assign(comparisons_.graph.edges().size(), 0);
+        bool converges = true;
+        for (const auto& goal : evaluator) {
+            const std::vector<double>& values = valuesOf(goal);
+            if (!converges) continue;
+            fillMatrix(matrix_, values, goal.items);
+            converges = power(matrix_, static_cast<qint16>(goal.items)) == Convergence::Converged;
+            for (int item = 0; item < goal.items && converges; ++item)
+                if (const int edge = goal.edges[static_cast<std::size_t>(item)]; edge >= 0)
+                    local_[static_cast<std::size_t>(edge)] = matrix_.weight[item];
+        }
+    }
+    double globalOf(std::size_t leaf) const {
+        return global_[static_cast<std::size_t>(comparisons_.graph.leaves()[leaf])];
+    }
+
+    const RoundComparisons& comparisons_;
+    ComparisonMatrix matrix_;
+    std::vector<double> local_;
+    std::vector<double> global_;
+};
+
+// The comparisons of one run after the other.
+class MovedComparisons {
+  public:
+    explicit MovedComparisons(const RoundComparisons& comparisons) {
+        for (const auto& evaluator : comparisons.evaluators)
+            for (const auto& goal : evaluator)
+                for (const double value : goal.values) steps_.push_back(stepsFrom(value));
+    }
+
+    void beginRun() { next_ = 0; }
+    const std::vector<double>& valuesOf(const RoundComparisons::Goal& goal) {
+        values_.resize(goal.values.size());
+        for (auto& value : values_) {
+            const Steps& steps = steps_[next_++];
+            value = (random_() & highestBit) != 0 ? steps.towardsSource : steps.towardsTarget;
+        }
+        return values_;
+    }
+
+  private:
+    std::vector<Steps> steps_; // of all comparisons, in the order in which they are drawn
+    std::size_t next_ = 0;
+    std::mt19937_64 random_{seed};
+    std::vector<double> values_;
+};
+
+std::vector<LeafStability> undisturbed(const FactorGraph& graph, const std::vector<double>& coefficients) {
+    const auto order = ranks(coefficients);
+    std::vector<LeafStability> leaves;
+    for (std::size_t leaf = 0; leaf < coefficients.size(); ++leaf)
+        leaves.push_back({.factorNo = graph.factors()[static_cast<std::size_t>(graph.leaves()[leaf])],
+                          .rank = order[leaf],
+                          .coefficient = coefficients[leaf]});
+    return leaves;
+}
+
+void count(LeafStability& leaf, int rank) {
+    if (rank == 0) return;
+    if (rank <= countedRanks) ++leaf.timesOn[static_cast<std::size_t>(rank - 1)];
+    leaf.bestRank = leaf.bestRank == 0 ? rank : std::min(leaf.bestRank, rank);
+    leaf.worstRank = std::max(leaf.worstRank, rank);
+}
+
+} // namespace
+
+RoundComparisons readRoundComparisons(Connection& connection, const RoundResults& results) {
+    const auto evaluators = readRows(connection, results);
+    RoundComparisons comparisons{FactorGraph(results.problemNo, comparedChildren(evaluators),
+                                             readStructure({connection, results.problemNo, results.round})),
+                                 {}};
+    std::map<std::pair<qint32, qint32>, int> edges;
+    for (const auto& edge : comparisons.graph.edges())
+        edges.try_emplace({edge.parentNo, edge.factorNo}, static_cast<int>(edges.size()));
+    for (const auto& [number, goals] : evaluators) {
+        auto& evaluator = comparisons.evaluators.emplace_back();
+        for (const auto& [goalNo, rows] : goals) evaluator.push_back(goalOf(goalNo, rows, edges));
+    }
+    return comparisons;
+}
+
+Stability rankStability(const RoundComparisons& comparisons, int runs,
+                        const std::function<bool(int)>& proceed) {
+    Calculation calculation(comparisons);
+    Stability stability{0, undisturbed(comparisons.graph, calculation.coefficients([
+                        ](const auto& goal) -> const auto& { return goal.values; }))};
+    MovedComparisons moved(comparisons);
+    bool goOn = true;
+    while (stability.runs < runs && goOn) {
+        moved.beginRun();
+        const auto order = ranks(calculation.coefficients([&moved](const auto& goal) -> const auto& {
+            return moved.valuesOf(goal);
+        }));
+        for (std::size_t leaf = 0; leaf < order.size(); ++leaf) count(stability.leaves[leaf], order[leaf]);
+        goOn = proceed(++stability.runs);
+    }
+    std::erase_if(stability.leaves, [](const LeafStability& leaf) { return leaf.rank == 0; });
+    std::ranges::stable_sort(stability.leaves, {}, &LeafStability::rank);
+    return stability;
+}
