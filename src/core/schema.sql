@@ -84,7 +84,9 @@ CREATE TABLE 評価結果 (
     総合評価値 REAL
 );
 CREATE INDEX 評価結果_評価者 ON 評価結果 (課題番号, 比較回数, 評価者番号, 親要因番号, 子要因番号);
-CREATE INDEX 評価結果_レベル ON 評価結果 (課題番号, 比較回数, レベル, 子要因番号);
+-- Of the overall weights only: the other levels are asked for evaluator by evaluator, and an index of theirs would draw
+-- the engine through the rows of all of them.
+CREATE INDEX 評価結果_総合 ON 評価結果 (課題番号, 比較回数, 子要因番号) WHERE レベル = 2;
 CREATE INDEX 評価結果_親子 ON 評価結果 (課題番号, 比較回数, 親要因番号, 子要因番号);
 
 CREATE TABLE 総合係数 (
@@ -108,7 +110,6 @@ CREATE TABLE tempfac (
     long3 INTEGER
 );
 CREATE INDEX tempfac_lev ON tempfac (lev, child);
-CREATE INDEX tempfac_child ON tempfac (child);
 CREATE INDEX tempfac_dno ON tempfac (dno, child, score DESC);
 
 CREATE TABLE workfac (

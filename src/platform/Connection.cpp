@@ -4,12 +4,16 @@
 
 #include <QFileInfo>
 
+#include "platform/Overloaded.h"
 #include "platform/SqlText.h"
 #include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// More than the program has shapes of statements.
+constexpr std::size_t mostShapes = 200;
 
 // What stands between the two texts in a connection string; to its end where the second is empty. A folder
 // may have ";" in its name.
@@ -54,6 +58,7 @@ void Connection::open(const QString& user, const QString& password, int options)
 
 void Connection::close() {
     if (!isOpen()) return;
+    waiting_.clear();
     const Database closing = std::move(database_); // closed whether the commit succeeds or fails
     endUnitOfWork(closing.get());
 }
@@ -77,18 +82,68 @@ void Connection::endUnitOfWork(sqlite3* database) {
     throw RuntimeError(error);
 }
 
+Connection::Statement::~Statement() {
+    if (compiled_.empty()) return; // moved away
+    sqlite3_reset(get());
+    if (connection_.waiting_.size() >= mostShapes) connection_.waiting_.clear();
+    connection_.waiting_.insert(std::move(compiled_));
+}
+
+void Connection::Statement::bind(int parameter, const Value& value) const {
+    value.visit(Overloaded{
+        [&](std::monostate) { sqlite3_bind_null(get(), parameter); },
+        [&](qint64 number) { sqlite3_bind_int64(get(), parameter, number); },
+        [&](double number) { sqlite3_bind_double(get(), parameter, number); },
+        [&](const QString& text) {
+            const QByteArray bytes = text.toUtf8();
+            sqlite3_bind_text(get(), parameter, bytes.constData(), static_cast<int>(bytes.size()),
+                              SQLITE_TRANSIENT);
+        },
+    });
+}
+
 Connection::Statement Connection::prepare(const QString& sql) {
+    const auto [shape, literals] = liftLiterals(sql);
+    auto compiled = take(shape, std::ssize(literals));
+    if (compiled.empty()) return prepareShape(separateNumbers(sql), 0);
+    Statement statement(*this, std::move(compiled));
+    int parameter = 0;
+    for (const auto& literal : literals)
+        statement.bind(++parameter, literal.kind == Literal::Kind::Whole  ? Value(literal.whole)
+                                    : literal.kind == Literal::Kind::Real ? Value(realNumber(literal.text))
+                                                                          : Value(literal.text));
+    return statement;
+}
+
+Connection::Statement Connection::prepareShape(const QString& shape, qsizetype parameters) {
+    auto compiled = take(shape, parameters);
+    if (compiled.empty()) fail(u"SQL 文を実行できません。"_s);
+    return {*this, std::move(compiled)};
+}
+
+Connection::Shapes::node_type Connection::take(const QString& shape, qsizetype parameters) {
     if (!isOpen()) throw RuntimeError(ErrorCode::Database, u"データベースが開かれていません。"_s);
-    const QByteArray text = separateNumbers(sql).toUtf8();
+    if (auto compiled = waiting_.extract(shape); !compiled.empty()) return compiled;
+    const QByteArray text = shape.toUtf8();
     sqlite3_stmt* statement = nullptr;
     const char* rest = nullptr;
-    if (sqlite3_prepare_v2(database_.get(), text.constData(), static_cast<int>(text.size()), &statement,
-                           &rest) != SQLITE_OK)
-        fail(u"SQL 文を実行できません。"_s);
-    Statement prepared(statement);
-    if (!prepared || !QByteArray(rest).trimmed().isEmpty())
+    const int code = sqlite3_prepare_v2(database_.get(), text.constData(), static_cast<int>(text.size()),
+                                        &statement, &rest);
+    Shapes compiled;
+    compiled[shape].reset(statement);
+    if (code != SQLITE_OK || sqlite3_bind_parameter_count(statement) != parameters) return {};
+    if (statement == nullptr || !QByteArray(rest).trimmed().isEmpty())
         throw RuntimeError(ErrorCode::Database, u"SQL 文を実行できません。文は一つだけ書けます。"_s);
-    return prepared;
+    return compiled.extract(shape);
+}
+
+// The engine's own reading of a number differs from the nearest double in the last bit now and then; what it
+// stores must not depend on whether the number was bound.
+double Connection::realNumber(const QString& digits) {
+    const auto statement = prepareShape(u"SELECT CAST(? AS REAL)"_s, 1);
+    statement.bind(1, digits);
+    step(statement);
+    return sqlite3_column_double(statement.get(), 0);
 }
 
 bool Connection::step(const Statement& statement) {

@@ -1,8 +1,10 @@
 // The connection to the password-protected database file.
 #pragma once
 
+#include <QHashFunctions>
 #include <QString>
 #include <memory>
+#include <unordered_map>
 
 #include "platform/DatabaseEngine.h"
 #include "platform/Value.h"
@@ -42,13 +44,38 @@ class Connection {
 
   private:
     friend class Recordset;
+    friend qint32 readNumber(const QString& sql, Connection& connection);
     friend void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
     struct StatementCloser {
         void operator()(sqlite3_stmt* statement) const;
     };
-    using Statement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
+    // Compiled statements by their text.
+    using Shapes = std::unordered_map<QString, std::unique_ptr<sqlite3_stmt, StatementCloser>>;
 
+    // A compiled statement in use; afterwards it goes back among those that wait.
+    class Statement {
+      public:
+        Statement(Connection& connection, Shapes::node_type compiled)
+            : connection_(connection), compiled_(std::move(compiled)) {}
+        Statement(Statement&&) = default;
+        ~Statement();
+
+        sqlite3_stmt* get() const { return compiled_.mapped().get(); }
+        void bind(int parameter, const Value& value) const;
+
+      private:
+        Connection& connection_;
+        Shapes::node_type compiled_;
+    };
+
+    // The statement with its literals lifted out and bound, or as it stands when the engine does not take it
+    // so.
     Statement prepare(const QString& sql);
+    // The statement with `parameters` parameters, which the caller binds.
+    Statement prepareShape(const QString& shape, qsizetype parameters);
+    // Empty when the engine does not take the text, or finds another number of parameters in it.
+    Shapes::node_type take(const QString& shape, qsizetype parameters);
+    double realNumber(const QString& digits);
     // One step; true while there is a row. Opens the unit of work before a statement that writes.
     bool step(const Statement& statement);
     static void endUnitOfWork(sqlite3* database);
@@ -58,4 +85,5 @@ class Connection {
     QString provider_;
     QString connectionString_;
     Database database_;
+    Shapes waiting_;
 };

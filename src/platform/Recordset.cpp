@@ -3,7 +3,6 @@
 #include <sqlcipher/sqlite3.h>
 
 #include "platform/Connection.h"
-#include "platform/Overloaded.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -24,19 +23,6 @@ Value fieldValue(sqlite3_stmt* statement, int column) {
     }
 }
 
-void bindValue(sqlite3_stmt* statement, int parameter, const Value& value) {
-    value.visit(Overloaded{
-        [&](std::monostate) { sqlite3_bind_null(statement, parameter); },
-        [&](qint64 number) { sqlite3_bind_int64(statement, parameter, number); },
-        [&](double number) { sqlite3_bind_double(statement, parameter, number); },
-        [&](const QString& text) {
-            const QByteArray bytes = text.toUtf8();
-            sqlite3_bind_text(statement, parameter, bytes.constData(), static_cast<int>(bytes.size()),
-                              SQLITE_TRANSIENT);
-        },
-    });
-}
-
 RuntimeError databaseError(const QString& description) {
     return {ErrorCode::Database, description};
 }
@@ -53,16 +39,13 @@ Recordset::Recordset(const QString& source, Connection& connection) : connection
 
 void Recordset::read(const QString& sql) {
     const auto statement = connection_->prepare(sql);
-    const int count = sqlite3_column_count(statement.get());
-    for (int column = 0; column < count; ++column) {
+    bool hasRow = connection_->step(statement); // a statement compiled earlier learns of new columns here
+    const int columns = sqlite3_column_count(statement.get());
+    for (int column = 0; column < columns; ++column)
         names_ << QString::fromUtf8(sqlite3_column_name(statement.get(), column));
-        columns_.insert(names_.last().toLower(), column);
-    }
-    while (connection_->step(statement)) {
-        auto& row = rows_.emplace_back();
-        row.reserve(static_cast<std::size_t>(count));
-        for (int column = 0; column < count; ++column) row.push_back(fieldValue(statement.get(), column));
-    }
+    for (; hasRow; hasRow = connection_->step(statement), ++count_)
+        for (int column = 0; column < columns; ++column)
+            values_.push_back(fieldValue(statement.get(), column));
 }
 
 // Only the columns are read: a table may hold many thousands of rows, and adding needs none of them.
@@ -78,13 +61,16 @@ void Recordset::moveNext() {
 
 const Value& Recordset::field(const QString& name) const {
     if (eof()) throw databaseError(u"現在のレコードがありません。"_s);
-    return rows_[position_][static_cast<std::size_t>(column(name))];
+    return values_[static_cast<std::size_t>(position_) * static_cast<std::size_t>(names_.size()) +
+                   column(name)];
 }
 
-int Recordset::column(const QString& name) const {
-    const auto found = columns_.constFind(name.toLower());
-    if (found == columns_.constEnd()) throw databaseError(u"項目「%1」がありません。"_s.arg(name));
-    return *found;
+std::size_t Recordset::column(const QString& name) const {
+    auto column = names_.lastIndexOf(name);
+    for (auto last = names_.size() - 1; column < 0 && last >= 0; --last)
+        if (names_[last].compare(name, Qt::CaseInsensitive) == 0) column = last;
+    if (column < 0) throw databaseError(u"項目「%1」がありません。"_s.arg(name));
+    return static_cast<std::size_t>(column);
 }
 
 void Recordset::addNew() {
@@ -95,39 +81,37 @@ void Recordset::addNew() {
 
 void Recordset::setField(const QString& name, const Value& value) {
     if (!adding_) throw databaseError(u"追加中のレコードがありません。"_s);
-    added_[static_cast<std::size_t>(column(name))] = value;
+    added_[column(name)] = value;
 }
 
 void Recordset::update() {
     if (!adding_) throw databaseError(u"追加中のレコードがありません。"_s);
-    const QString columns = u'"' + names_.join(u"\",\""_s) + u'"';
-    const QString parameters = QStringList(names_.size(), u"?"_s).join(u',');
-    const auto statement =
-        connection_->prepare(u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table_, columns, parameters));
-    for (std::size_t index = 0; index < added_.size(); ++index)
-        bindValue(statement.get(), static_cast<int>(index) + 1, added_[index]);
-    connection_->step(statement);
+    NamedValues fields;
+    for (qsizetype index = 0; index < names_.size(); ++index)
+        fields.emplace_back(names_[index], added_[static_cast<std::size_t>(index)]);
+    addRecord(*connection_, table_, fields);
     adding_ = false;
 }
 
 void Recordset::close() {
-    rows_.clear();
-    position_ = 0;
+    values_.clear();
+    count_ = position_ = 0;
     adding_ = false;
 }
 
 qint32 readNumber(const QString& sql, Connection& connection) {
-    const Recordset row(sql, connection);
-    return row.field(row.fieldNames().first()).toLong();
+    const auto statement = connection.prepare(sql);
+    if (!connection.step(statement)) throw databaseError(u"現在のレコードがありません。"_s);
+    return fieldValue(statement.get(), 0).toLong();
 }
 
 void addRecord(Connection& connection, const QString& table, const NamedValues& fields) {
     QStringList columns;
     for (const auto& [name, value] : fields) columns << u'"' + name + u'"';
     const QString parameters = QStringList(columns.size(), u"?"_s).join(u',');
-    const auto statement = connection.prepare(
-        u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, columns.join(u','), parameters));
+    const auto statement = connection.prepareShape(
+        u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, columns.join(u','), parameters), columns.size());
     int parameter = 0;
-    for (const auto& [name, value] : fields) bindValue(statement.get(), ++parameter, value);
+    for (const auto& [name, value] : fields) statement.bind(++parameter, value);
     connection.step(statement);
 }

@@ -1,7 +1,6 @@
 // A set of records read by a statement (client-side: all rows are held), or a table opened to add rows.
 #pragma once
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -22,8 +21,8 @@ class Recordset {
     // `source` is a SELECT statement, or the bare name of a table that rows are to be added to.
     Recordset(const QString& source, Connection& connection);
 
-    int recordCount() const { return static_cast<int>(rows_.size()); }
-    bool eof() const { return position_ >= rows_.size(); }
+    int recordCount() const { return count_; }
+    bool eof() const { return position_ >= count_; }
     void moveNext();
 
     // Field of the current record, by name without regard to case. Raises an error past the last record or
@@ -44,14 +43,14 @@ class Recordset {
   private:
     void read(const QString& sql);
     void openTable(const QString& table);
-    int column(const QString& name) const;
+    std::size_t column(const QString& name) const;
 
     Connection* connection_;
     QString table_;
     QStringList names_;
-    QHash<QString, int> columns_; // lower-case name → position
-    std::vector<std::vector<Value>> rows_;
-    std::size_t position_ = 0;
+    std::vector<Value> values_; // record by record
+    int count_ = 0;
+    int position_ = 0;
     std::vector<Value> added_;
     bool adding_ = false;
 };
