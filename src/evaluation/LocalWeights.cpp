@@ -10,6 +10,7 @@
 #include "platform/Connection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
+#include "platform/SqlText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,14 +65,9 @@ bool weigh(ComparisonMatrix& comparison, qint16 n) {
 }
 
 void writeWeight(const EvaluatorRound& of, qint32 goalNo, qint32 childNo, double weight) {
-    of.connection.execute(
-        u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値) values(%1,%2,%3,%4,%5,%6,0,0)"_s
-            .arg(of.problemNo)
-            .arg(goalNo)
-            .arg(childNo)
-            .arg(of.evaluatorNo)
-            .arg(of.round)
-            .arg(decimalText(weight)));
+    of.connection.execute(composed(
+        u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値) values(%1,%2,%3,%4,%5,%6,0,0)"_s,
+        of.problemNo, goalNo, childNo, of.evaluatorNo, of.round, decimalText(weight)));
 }
 
 // Item 0 is the source of the first pair, item j the target of pair j - 1.

@@ -6,6 +6,7 @@
 #include "hierarchy/Descent.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
+#include "platform/SqlText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,23 +51,19 @@ void writeGlobalWeights(const EvaluatorRound& of) {
 
 void markLeaf(const EvaluatorRound& of, qint32 parentNo, qint32 childNo) {
     of.connection.execute(
-        u"update 評価結果 set レベル = 1 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"
-        " and 親要因番号=%4 and 子要因番号=%5"_s.arg(of.problemNo)
-            .arg(of.evaluatorNo)
-            .arg(of.round)
-            .arg(parentNo)
-            .arg(childNo));
+        composed(u"update 評価結果 set レベル = 1 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"
+                 " and 親要因番号=%4 and 子要因番号=%5"_s,
+                 of.problemNo, of.evaluatorNo, of.round, parentNo, childNo));
 }
 
 void markLeaves(const EvaluatorRound& of) {
     for (Recordset edges(u"select parent,child from tempfac"_s, of.connection); !edges.eof();
          edges.moveNext()) {
         const auto childNo = edges[u"Child"_s].toLong();
-        const auto children =
-            readNumber(u"select count(*) as cnt from 要因構成 where 課題番号 = %1 and 親要因番号 = %2"_s
-                           .arg(of.problemNo)
-                           .arg(childNo),
-                       of.connection);
+        const auto children = readNumber(
+            composed(u"select count(*) as cnt from 要因構成 where 課題番号 = %1 and 親要因番号 = %2"_s,
+                     of.problemNo, childNo),
+            of.connection);
         if (children == 0) markLeaf(of, edges[u"Parent"_s].toLong(), childNo);
     }
 }

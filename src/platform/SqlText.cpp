@@ -14,7 +14,8 @@ bool isAsciiDigit(QChar c) {
 
 // To the engine all that is beyond ASCII belongs to a word.
 bool isWordCharacter(QChar c) {
-    return c >= QChar(0x80) || isAsciiDigit(c) || c == u'_' || (c.toLower() >= u'a' && c.toLower() <= u'z');
+    const char16_t lower = c.unicode() | 0x20;
+    return c >= QChar(0x80) || isAsciiDigit(c) || c == u'_' || (lower >= u'a' && lower <= u'z');
 }
 
 // Position after the quoted text or name that starts at `start`, quotes inside it doubled; -1 when it does

@@ -7,6 +7,19 @@
 // The text between single quotes, quotes inside it doubled.
 QString quoted(const QString& text);
 
+// A statement with its %1, %2 … replaced, all in one pass: quicker than one after the other, which counts
+// where a statement is composed for each of many rows, and a "%1" in a text stays what it is.
+inline QString sqlText(qint32 number) {
+    return QString::number(number);
+}
+inline const QString& sqlText(const QString& text) {
+    return text;
+}
+template <typename... Parts>
+QString composed(const QString& statement, const Parts&... parts) {
+    return statement.arg(sqlText(parts)...);
+}
+
 // Puts a blank between a number and the word that follows it directly ("12AND" → "12 AND"), outside quoted
 // texts and names. An exponent ("1e-07") stays one number.
 QString separateNumbers(const QString& sql);
