@@ -128,7 +128,9 @@ void ReportForm::showMade(const RoundSelection& chosen, const MadeFiles& made, i
     else
         line += u"終わりました。"_s;
     const bool shown = made.show();
-    if (!shown) line += u"PDF を表示するプログラムがありません。"_s;
+    if (!shown)
+        line += u"%1を表示するプログラムがありません。"_s.arg(made.paths().size() == 1 ? u"PDF "_s
+                                                                                       : u"フォルダー"_s);
     const QString file = exported_.isEmpty() ? made.paths().value(0) : exported_;
     if (!file.isEmpty()) {
         folder_ = QFileInfo(file).path();

@@ -17,8 +17,8 @@ bool hasResults(const ProblemRound& of, qint32 evaluatorNo) {
                 .eof();
 }
 
-RoundResults roundResults(const ProblemRound& of) {
-    QStringList with;
+QString resultsLine(const ProblemRound& of) {
+    QStringList with; // numbers, as text
     for (Recordset rows(
              u"select distinct 評価者番号 from 評価結果 where レベル=2 and 課題番号=%1 and 比較回数=%2"
              " order by 評価者番号"_s.arg(of.problemNo)
@@ -27,20 +27,16 @@ RoundResults roundResults(const ProblemRound& of) {
          !rows.eof(); rows.moveNext())
         with << rows[u"評価者番号"_s].toText();
 
-    RoundResults results;
-    for (const auto& entry : evaluatorEntries(of.connection, QString::number(of.problemNo))) {
-        ++results.assigned;
-        if (with.removeAll(entryNumber(entry)) == 0) results.missing << entry.section(u':', 1);
-    }
-    for (const auto& number : with) results.others << evaluatorName(of.connection, number.toInt());
-    return results;
-}
+    const QStringList assigned = evaluatorEntries(of.connection, QString::number(of.problemNo));
+    QStringList missing;
+    for (const auto& entry : assigned)
+        if (with.removeAll(entryNumber(entry)) == 0) missing << entry.section(u':', 1);
+    QStringList others;
+    for (const auto& number : with) others << evaluatorName(of.connection, number.toInt());
 
-QString resultsLine(const ProblemRound& of) {
-    const auto [assigned, missing, others] = roundResults(of);
     QStringList notes;
     if (!missing.isEmpty()) notes << u"なし: "_s + missing.join(u"、"_s);
     if (!others.isEmpty()) notes << u"課題評価者以外: "_s + others.join(u"、"_s);
-    const auto line = u"評価結果 %1 / %2 名"_s.arg(assigned - missing.size()).arg(assigned);
+    const auto line = u"評価結果 %1 / %2 名"_s.arg(assigned.size() - missing.size()).arg(assigned.size());
     return notes.isEmpty() ? line : line + u"（%1）"_s.arg(notes.join(u"／"_s));
 }

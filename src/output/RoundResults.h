@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 struct ProblemRound;
 
@@ -10,14 +9,6 @@ struct ProblemRound;
 // of a calculation leaves has none.
 bool hasResults(const ProblemRound& of, qint32 evaluatorNo);
 
-// Names of evaluators by number.
-struct RoundResults {
-    int assigned = 0;    // evaluators of the problem
-    QStringList missing; // those of them who have no results
-    QStringList others;  // who have results, but are evaluators of the problem no longer
-};
-
-RoundResults roundResults(const ProblemRound& of);
-
-// "評価結果 4 / 5 名（なし: 小林 千鶴）".
+// Whose results go into what is made of the whole round: "評価結果 4 / 5 名（なし: 小林 千鶴）". Those of
+// evaluators whom the problem has no longer are named, too.
 QString resultsLine(const ProblemRound& of);

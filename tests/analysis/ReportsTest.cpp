@@ -42,7 +42,7 @@ TEST_F(ReportsTest, TheGroupReportSetsTheEvaluatorBesideTheGroup) {
     EXPECT_EQ(documents().size(), 2);
     EXPECT_EQ(text(group, u"device"), u"→ いきなりPDF 2"_s);
     EXPECT_EQ(text(group, u"Status"),
-              u"2 名：PDF 2 件を作成しました。PDF を表示するプログラムがありません。（%1/file）"_s.arg(
+              u"2 名：PDF 2 件を作成しました。フォルダーを表示するプログラムがありません。（%1/file）"_s.arg(
                   directory()));
     EXPECT_TRUE(control(group, u"folder")->isVisible());
     EXPECT_EQ(printedRows(u"報告作成_候補地の選定_評価者5_"_s),
