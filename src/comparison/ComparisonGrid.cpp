@@ -170,7 +170,7 @@ void 比較値設定::Command2_Click() {
         return ui_->MSFlexGrid1->setCurrent(unset->first, unset->second);
     }
     replaceComparisons();
-    DbConn->endUnitOfWork(); // only what is on the disk counts as saved
+    makeDurable(); // only what is on the disk counts as saved
     unsaved_ = false;
     showGoal();
     showProgress(u"登録しました。"_s);

@@ -12,7 +12,7 @@ using namespace Common;
 比較者設定::比較者設定() : Screen(u"比較者設定"_s), ui_(std::make_unique<Ui::ComparisonSetup>()) {
     ui_->setupUi(this);
     addStatusLine();
-    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onChoice(ui_->Combo1, [this] { Combo1_Click(); });
     onAction(ui_->Command1, u"開始"_s, [this] { Command1_Click(); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { Command2_Click(); });
 }
@@ -30,13 +30,12 @@ void 比較者設定::Form_Load() {
 void 比較者設定::Combo1_Click() {
     const auto& problem = problems_.at(static_cast<std::size_t>(ui_->Combo1->currentIndex()));
     const Recordset round(u"SELECT 比較回数 FROM 課題 WHERE 課題番号 = %1"_s.arg(problem.number), *DbConn);
-    ui_->Label5->setText(NullToEmpty(round[u"比較回数"_s]));
-
     auto evaluators = readNumberedNames(
         u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2  "
         "WHERE 課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
             problem.number),
         u"評価者番号"_s, u"評価者氏名"_s);
+    ui_->Label5->setText(NullToEmpty(round[u"比較回数"_s]));
     if (evaluators.empty())
         return refuse(u" '%1' の課題評価者は登録されてません。"_s.arg(ui_->Combo1->currentText()));
     evaluators_ = std::move(evaluators);

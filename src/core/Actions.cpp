@@ -8,41 +8,47 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The description of the error, or nothing.
-std::optional<QString> errorOf(const std::function<void()>& body) {
+struct Problem {
+    QString description;
+    bool preventsStart = false;
+};
+
+std::optional<Problem> problemOf(const std::function<void()>& body) {
     try {
         body();
         return std::nullopt;
+    } catch (const StartError& error) {
+        return Problem{error.description(), true};
     } catch (const RuntimeError& error) {
-        return error.description();
+        return Problem{error.description()};
     } catch (const std::exception& error) { // a fault of the program itself, or no memory left
-        return u"内部エラーが発生しました。\n(%1)"_s.arg(QString::fromUtf8(error.what()));
+        return Problem{u"内部エラーが発生しました。\n(%1)"_s.arg(QString::fromUtf8(error.what()))};
     }
-}
-
-// Runs the body, then ends the unit of work whether the body failed or not; a first error is told before a
-// failure to make durable what was written.
-bool runUnitOfWork(const std::function<void()>& body, const std::function<void(const QString&)>& report) {
-    const auto failed = errorOf(body);
-    const auto notDurable = errorOf([] {
-        if (Common::DbConn) Common::DbConn->endUnitOfWork();
-    });
-    for (const auto& error : {failed, notDurable})
-        if (error) report(*error);
-    return !failed && !notDurable;
 }
 
 } // namespace
 
 bool runAction(const QString& caption, const std::function<void()>& body) {
-    return runUnitOfWork(body, [&caption](const QString& error) {
-        Common::MsgText = error;
-        Common::Presenter(error, caption, MessageStyle::Exclamation);
-    });
+    // The unit of work ends whether the body failed or not, and before a box waits for the user.
+    const auto failed = problemOf(body);
+    const auto notDurable = problemOf(Common::makeDurable);
+    for (const auto& problem : {failed, notDurable}) {
+        if (!problem) continue;
+        if (problem->preventsStart) {
+            reportUnhandled(problem->description);
+        } else {
+            Common::MsgText = problem->description;
+            Common::Presenter(Common::MsgText, caption, MessageStyle::Exclamation);
+        }
+    }
+    return !failed && !notDurable;
 }
 
 bool runEvent(const std::function<void()>& body) {
-    return runUnitOfWork(body, reportUnhandled);
+    const QString title = Common::MsgTitle;
+    const bool succeeded = runAction(title, body);
+    if (!succeeded) Common::MsgTitle = title; // a screen that could not be loaded has set its own
+    return succeeded;
 }
 
 void reportUnhandled(const QString& description) {

@@ -44,10 +44,14 @@ void requireWidth(qint16 width) {
 } // namespace
 
 void openDatabase(const QString& applicationDirectory) {
-    if (DbConn) DbConn->endUnitOfWork(); // the connection that goes must not take unsaved rows with it
+    makeDurable(); // the connection that goes must not take unsaved rows with it
     AppDir = applicationDirectory;
     DbConn = std::make_unique<Connection>();
     openDatabaseFile(*DbConn, AppDir + u"\\DB\\Hollin.mdb"_s);
+}
+
+void makeDurable() {
+    if (DbConn) DbConn->endUnitOfWork();
 }
 
 MessageAnswer showMessage(MessageStyle style) {
@@ -55,7 +59,7 @@ MessageAnswer showMessage(MessageStyle style) {
 }
 
 MessageAnswer showMessage(MessageStyle style, const QString& title) {
-    if (DbConn) DbConn->endUnitOfWork();
+    makeDurable();
     return Presenter(MsgText, title, style);
 }
 

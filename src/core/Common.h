@@ -60,6 +60,12 @@ extern ReportPrinter Printer;
 // database error when the file is missing, no database or locked by another password.
 void openDatabase(const QString& applicationDirectory);
 
+// Makes durable what the action has written so far, or raises an error, with the database as it was before
+// the action. Whoever has written calls it before a control is cleared, refilled or closed: the screen must
+// not look as if something were stored that is not. What it will show then is read before, so that nothing
+// can fail any more.
+void makeDurable();
+
 // Shows MsgText under MsgTitle, or under `title`. Ends the unit of work first: nobody knows how long the user
 // will look at the box. Raises an error when that fails.
 MessageAnswer showMessage(MessageStyle style);

@@ -96,7 +96,11 @@ bool Menu::open(const QString& screen) {
 
 void メニュー::Form_Load() {
     Common::MsgTitle = windowTitle();
-    Common::openDatabase(applicationDirectory());
+    try {
+        Common::openDatabase(applicationDirectory());
+    } catch (const RuntimeError& error) {
+        throw StartError(error);
+    }
 }
 
 void メニュー::end() {

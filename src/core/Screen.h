@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLineEdit>
 
 #include "core/Actions.h"
@@ -28,6 +29,16 @@ class Screen : public Form {
     template <typename Sender, typename Signal, typename Procedure>
     void onEvent(Sender* sender, Signal signal, Procedure procedure) {
         connect(sender, signal, this, [procedure] { runEvent(procedure); });
+    }
+
+    // Ties a list box to the procedure of a choice. When that fails the box goes back to the choice that the
+    // rest of the screen shows.
+    template <typename Procedure>
+    void onChoice(QComboBox* box, Procedure procedure) {
+        connect(box, &QComboBox::activated, this, [box, procedure, shown = box->currentIndex()]() mutable {
+            if (!runEvent(procedure)) box->setCurrentIndex(shown);
+            shown = box->currentIndex();
+        });
     }
 
     // Ties a button to an action procedure whose errors are shown under `caption`.

@@ -1,6 +1,7 @@
 #include "hierarchy/StructureEditor.h"
 
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <algorithm>
 
 #include "core/NumberedNames.h"
@@ -67,7 +68,7 @@ void 要因構成登録::setUpGrid() {
 
 void 要因構成登録::Form_Load() {
     MsgTitle = windowTitle();
-    for (int row = 1; row <= mostChildren; ++row) childOf(row).displayOrder = row;
+    children_ = freeRows();
     fillProblems();
     loadFactors();
     showPosition();
@@ -86,12 +87,10 @@ void 要因構成登録::fillProblems() {
 }
 
 void 要因構成登録::loadFactors() {
+    StructList = readNumberedNames(u"SELECT * FROM 要因 ORDER BY 要因番号 "_s, u"要因番号"_s, u"要因名"_s);
     ui_->List1->clear();
-    StructList.clear();
-    for (Recordset rows(u"SELECT * FROM 要因 ORDER BY 要因番号 "_s, *DbConn); !rows.eof(); rows.moveNext()) {
-        StructList.push_back({rows[u"要因番号"_s].toText(), NullToEmpty(rows[u"要因名"_s])});
-        auto* item =
-            new QListWidgetItem(factorText(rows[u"要因番号"_s].toLong(), StructList.back().name), ui_->List1);
+    for (const auto& [number, name] : StructList) {
+        auto* item = new QListWidgetItem(factorText(Value(number).toLong(), name), ui_->List1);
         item->setToolTip(plainToolTip(item->text())); // long names may be cut
     }
     Text1_Change();
@@ -113,52 +112,57 @@ void 要因構成登録::Text1_Change() {
 }
 
 void 要因構成登録::Combo1_Click() {
-    if (!mayDiscardChildren(u"破棄しますか ？"_s)) return ui_->Combo1->setCurrentIndex(problem_);
-    problem_ = ui_->Combo1->currentIndex();
+    // The box names the problem that is shown, also when the user keeps unsaved children or reading fails.
+    const auto shown = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
+    if (!mayDiscardChildren(u"破棄しますか ？"_s)) return;
+    const int chosen = ui_->Combo1->currentIndex();
+    auto structure = rebuiltStructure(problems_.at(static_cast<std::size_t>(chosen)));
+    problem_ = chosen;
     StructProblemNo = problem().number;
-    rebuildStructureDisplay(*DbConn, StructProblemNo, problem().levels);
-    fillParents();
+    showParents(std::move(structure.parents));
     chooseParent(-1);
-    showTree();
+    showTree(structure.nodes);
 }
 
-void 要因構成登録::fillParents() {
-    parents_ = readParents(*DbConn, StructProblemNo, problem().name, problem().levels);
+// What is to be shown of the problem once its structure has been rebuilt and is on the disk.
+要因構成登録::Structure 要因構成登録::rebuiltStructure(const Problem& problem) {
+    rebuildStructureDisplay(*DbConn, problem.number, problem.levels);
+    Structure structure{readParents(*DbConn, problem.number, problem.name, problem.levels),
+                        readTree(*DbConn, problem.number)};
+    makeDurable();
+    return structure;
+}
+
+void 要因構成登録::showParents(ParentList parents) {
+    parents_ = std::move(parents);
     ui_->Combo2->clear();
     for (const auto& parent : parents_.parents)
         ui_->Combo2->addItem(factorText(parent.place.factorNo, parent.name, u" "_s));
     ui_->Combo2->setCurrentIndex(-1);
 }
 
-void 要因構成登録::showTree() {
-    tree_.clear();
-    if (problem_ < 0) return;
-    tree_.show(readTree(*DbConn, StructProblemNo), parents_);
+void 要因構成登録::showTree(const std::vector<TreeNode>& nodes) {
+    tree_.show(nodes, parents_);
     showPosition();
 }
 
 void 要因構成登録::SSTab1_Click() {
-    if (ui_->SSTab1->currentIndex() == treePage) {
-        showTree();
-    } else {
-        loadFactors();
-    }
+    if (ui_->SSTab1->currentIndex() != treePage) return loadFactors();
+    if (problem_ >= 0) showTree(readTree(*DbConn, StructProblemNo));
 }
 
 void 要因構成登録::Combo2_Click() {
-    if (!mayDiscardChildren(u"破棄しますか ？"_s)) return ui_->Combo2->setCurrentIndex(parent_);
-    chooseParent(ui_->Combo2->currentIndex());
+    const auto shown = qScopeGuard([this] { ui_->Combo2->setCurrentIndex(parent_); });
+    if (mayDiscardChildren(u"破棄しますか ？"_s)) chooseParent(ui_->Combo2->currentIndex());
 }
 
 // Shows a parent of the list with its saved children; −1 for none.
 void 要因構成登録::chooseParent(int index) {
+    children_ = index < 0 ? freeRows()
+                          : readChildren(*DbConn, StructProblemNo,
+                                         parents_.parents.at(static_cast<std::size_t>(index)).place.factorNo);
     parent_ = index;
     ui_->Combo2->setCurrentIndex(index);
-    if (index >= 0) {
-        readChildren(*DbConn, StructProblemNo, chosenParent().factorNo, children_);
-    } else {
-        for (auto& child : children_) child = {child.displayOrder, 0, {}};
-    }
     unsaved_ = false;
     showChildren();
     showPosition();
@@ -236,21 +240,19 @@ void 要因構成登録::Command1_Click() {
         return refuseChild(*refused);
     saveChildren(*DbConn, StructProblemNo, parentNo, children);
     removeOrphans(*DbConn, StructProblemNo);
-    rebuildStructureDisplay(*DbConn, StructProblemNo, problem().levels);
-    finishSave(children.size());
+    finishSave(rebuiltStructure(problem()), children.size());
 }
 
 // The saved parent stays chosen, and the children as they are: those behind a free row have not been saved.
-void 要因構成登録::finishSave(std::size_t saved) {
-    DbConn->endUnitOfWork(); // only what is on the disk counts as saved
+void 要因構成登録::finishSave(Structure structure, std::size_t saved) {
     const auto notSaved =
         std::ranges::count(children_, false, &ChildEntry::isFree) - static_cast<std::ptrdiff_t>(saved);
     unsaved_ = notSaved > 0;
     const NodePlace place = chosenParent();
-    fillParents();
+    showParents(std::move(structure.parents));
     parent_ = parentIndex(place);
     ui_->Combo2->setCurrentIndex(parent_);
-    showTree();
+    showTree(structure.nodes);
     tree_.revealNext();
     if (unsaved_) return say(u"空いた行より下の要因（子） %1 件は登録されていません。"_s.arg(notSaved), true);
     say(u"%1 件の要因（子）を登録しました。"_s.arg(saved));

@@ -41,6 +41,12 @@ class 要因構成登録 : public Screen {
         int levels;
     };
 
+    // What the screen shows of a problem beside the children of one parent.
+    struct Structure {
+        ParentList parents;
+        std::vector<TreeNode> nodes;
+    };
+
     const Problem& problem() const { return problems_.at(static_cast<std::size_t>(problem_)); }
     const NodePlace& chosenParent() const {
         return parents_.parents.at(static_cast<std::size_t>(parent_)).place;
@@ -50,14 +56,15 @@ class 要因構成登録 : public Screen {
     void setUpGrid();
     void fillProblems();
     void loadFactors();
-    void showTree();
-    void fillParents();
+    Structure rebuiltStructure(const Problem& problem);
+    void showParents(ParentList parents);
+    void showTree(const std::vector<TreeNode>& nodes);
     void chooseParent(int index);
     void showChildren();
     void showChild(int row);
     void showPosition();
     void refuseChild(const RefusedChild& refused);
-    void finishSave(std::size_t saved);
+    void finishSave(Structure structure, std::size_t saved);
     bool mayDiscardChildren(const QString& question);
     int parentIndex(const NodePlace& place) const;
     int firstFreeRow() const; // 1 to 20, 0 when there is none

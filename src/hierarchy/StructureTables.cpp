@@ -46,31 +46,38 @@ Recordset edgesOf(Connection& connection, qint32 problemNo, qint32 parentNo) {
         connection};
 }
 
-void addNode(Recordset& table, const NodePlace& parent, const Recordset& edge) {
+void addNode(Connection& connection, const NodePlace& parent, const Recordset& edge) {
     const double sequence = parent.level == 0 ? edge[u"子要因表示順"_s].toDouble()
                                               : (static_cast<double>(parent.sequence) - 1) * mostChildren +
                                                     edge[u"子要因表示順"_s].toDouble();
     if (sequence > largestSequence) throw RuntimeError(ErrorCode::Overflow);
-    table.addNew();
-    table.setField(u"親レベル"_s, parent.level);
-    table.setField(u"親シーケンス"_s, parent.sequence);
-    table.setField(u"親要因番号"_s, parent.factorNo);
-    table.setField(u"子レベル"_s, parent.level + 1);
-    table.setField(u"子シーケンス"_s, static_cast<qint64>(sequence));
-    for (const auto& copied : {u"課題番号"_s, u"子要因番号"_s, u"子要因表示順"_s, u"子作成済"_s})
-        table.setField(copied, edge[copied]);
-    table.update();
+    addRecord(connection, u"構成表示"_s,
+              {{u"課題番号"_s, edge[u"課題番号"_s]},
+               {u"親レベル"_s, parent.level},
+               {u"親シーケンス"_s, parent.sequence},
+               {u"親要因番号"_s, parent.factorNo},
+               {u"子レベル"_s, parent.level + 1},
+               {u"子シーケンス"_s, static_cast<qint64>(sequence)},
+               {u"子要因番号"_s, edge[u"子要因番号"_s]},
+               {u"子要因表示順"_s, edge[u"子要因表示順"_s]},
+               {u"子作成済"_s, edge[u"子作成済"_s]}});
 }
 
-void addChildNodes(Connection& connection, Recordset& table, qint32 problemNo, const NodePlace& parent) {
+void addChildNodes(Connection& connection, qint32 problemNo, const NodePlace& parent) {
     for (auto edges = edgesOf(connection, problemNo, parent.factorNo); !edges.eof(); edges.moveNext())
-        addNode(table, parent, edges);
+        addNode(connection, parent, edges);
 }
 
 } // namespace
 
 QString factorText(qint32 factorNo, const QString& name, const QString& separator) {
     return formatNumber(factorNo, u"0000"_s) + separator + name;
+}
+
+ChildList freeRows() {
+    ChildList rows;
+    for (int order = 0; auto& row : rows) row.displayOrder = ++order;
+    return rows;
 }
 
 QString TreeNode::key() const {
@@ -104,16 +111,13 @@ void saveChildren(Connection& connection, qint32 problemNo, qint32 parentNo,
                   std::span<const ChildEntry> children) {
     connection.execute(
         u" DELETE FROM 要因構成 WHERE 課題番号 = %1AND 親要因番号 = %2"_s.arg(problemNo).arg(parentNo));
-    Recordset table(u"要因構成"_s, connection);
-    for (const auto& child : children) {
-        table.addNew();
-        table.setField(u"課題番号"_s, problemNo);
-        table.setField(u"親要因番号"_s, parentNo);
-        table.setField(u"子要因番号"_s, child.factorNo);
-        table.setField(u"子要因表示順"_s, child.displayOrder);
-        table.setField(u"子作成済"_s, u"0"_s);
-        table.update();
-    }
+    for (const auto& child : children)
+        addRecord(connection, u"要因構成"_s,
+                  {{u"課題番号"_s, problemNo},
+                   {u"親要因番号"_s, parentNo},
+                   {u"子要因番号"_s, child.factorNo},
+                   {u"子要因表示順"_s, child.displayOrder},
+                   {u"子作成済"_s, u"0"_s}});
     connection.execute(u"UPDATE  要因構成 SET 子作成済 = '1' WHERE 子要因番号 =%1"_s.arg(parentNo));
 }
 
@@ -136,8 +140,7 @@ void removeOrphans(Connection& connection, qint32 problemNo) {
 
 void rebuildStructureDisplay(Connection& connection, qint32 problemNo, int levels) {
     connection.execute(u" DELETE FROM 構成表示 "_s);
-    Recordset table(u"構成表示"_s, connection);
-    addChildNodes(connection, table, problemNo, {problemNo, 0, 0});
+    addChildNodes(connection, problemNo, {problemNo, 0, 0});
     for (int level = 1; level <= levels; ++level) {
         Recordset nodes(
             u"SELECT 課題番号,親レベル,親シーケンス,親要因番号,子レベル,子シーケンス,子要因番号,子要因表示順,"
@@ -145,7 +148,7 @@ void rebuildStructureDisplay(Connection& connection, qint32 problemNo, int level
                 .arg(level),
             connection);
         if (nodes.eof()) break; // deeper levels are empty too, however many the problem allows
-        for (; !nodes.eof(); nodes.moveNext()) addChildNodes(connection, table, problemNo, childPlace(nodes));
+        for (; !nodes.eof(); nodes.moveNext()) addChildNodes(connection, problemNo, childPlace(nodes));
     }
 }
 
@@ -186,8 +189,8 @@ ParentList readParents(Connection& connection, qint32 problemNo, const QString& 
     return list;
 }
 
-void readChildren(Connection& connection, qint32 problemNo, qint32 parentNo, ChildList& children) {
-    for (auto& child : children) child = {child.displayOrder, 0, {}};
+ChildList readChildren(Connection& connection, qint32 problemNo, qint32 parentNo) {
+    auto children = freeRows();
     std::size_t row = 0;
     for (Recordset rows(u"SELECT T1.課題番号,T1.親要因番号,T1.子要因番号,T1.子要因表示順,T3.要因名 "
                         "FROM 要因構成 T1,要因 T3 WHERE T1.課題番号 = %1AND T1.親要因番号 = %2"
@@ -199,4 +202,5 @@ void readChildren(Connection& connection, qint32 problemNo, qint32 parentNo, Chi
         children[row].factorNo = rows[u"子要因番号"_s].toLong();
         children[row].name = Common::NullToEmpty(rows[u"要因名"_s]);
     }
+    return children;
 }

@@ -25,6 +25,9 @@ struct ChildEntry {
 };
 using ChildList = std::array<ChildEntry, mostChildren>;
 
+// The rows of a parent without children: their display orders are 1 to 20.
+ChildList freeRows();
+
 // Where a node stands. The factor alone does not tell, since it may stand under several parents; (0, 0) is
 // the place of the problem.
 struct NodePlace {
@@ -87,6 +90,6 @@ std::vector<TreeNode> readTree(Connection& connection, qint32 problemNo);
 
 ParentList readParents(Connection& connection, qint32 problemNo, const QString& problemName, int levels);
 
-// The children of a parent in display order, at most as many as `children` has entries (error 9); the rest
-// are freed. Display orders of the entries stay.
-void readChildren(Connection& connection, qint32 problemNo, qint32 parentNo, ChildList& children);
+// The children of a parent in display order, from the first row on. Raises error 9 when there are more than
+// rows.
+ChildList readChildren(Connection& connection, qint32 problemNo, qint32 parentNo);

@@ -35,7 +35,7 @@ ReportForm::ReportForm(const ReportWork& work)
     ui_->folder->hide();
     ui_->device->setVisible(work.printsReport);
 
-    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onChoice(ui_->Combo1, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
     onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
     onAction(ui_->Command7, work.screen, [this] { Command7_Click(); });
@@ -61,10 +61,15 @@ void ReportForm::Form_Load() {
 
 void ReportForm::Combo1_Click() {
     const QString problemNo = entryNumber(ui_->Combo1->currentText());
+    const QStringList evaluators = evaluatorEntries(*DbConn, problemNo);
+    const QString round = currentRound(*DbConn, problemNo);
+    const QString results = work_.ofWholeRound
+                                ? resultsLine({*DbConn, Value(problemNo).toLong(), Value(round).toInteger()})
+                                : QString();
+    ui_->Label5->setText(round);
     ui_->List1->clear();
-    ui_->List1->addItems(evaluatorEntries(*DbConn, problemNo));
-    ui_->Label5->setText(currentRound(*DbConn, problemNo));
-    if (work_.ofWholeRound) ui_->results->setWholeText(resultsLine(problemRound()));
+    ui_->List1->addItems(evaluators);
+    ui_->results->setWholeText(results);
     problemChosen();
 }
 

@@ -73,6 +73,10 @@ void Connection::endUnitOfWork() {
     if (isOpen()) endUnitOfWork(database_.get());
 }
 
+bool Connection::isInUnitOfWork() const {
+    return isOpen() && sqlite3_get_autocommit(database_.get()) == 0;
+}
+
 void Connection::endUnitOfWork(sqlite3* database) {
     if (sqlite3_get_autocommit(database) ||
         sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK)

@@ -41,6 +41,8 @@ class Connection {
     // Makes durable, all together, what was written since the last call; nothing to do is no error. When it
     // fails the database is as it was before the unit of work, and the error is raised.
     void endUnitOfWork();
+    // Whether something has been written that is not durable yet.
+    bool isInUnitOfWork() const;
 
   private:
     friend class Recordset;

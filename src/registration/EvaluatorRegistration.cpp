@@ -57,18 +57,16 @@ void 評価者登録::Command1_Click() {
     if (!same.eof()) return refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addEvaluator(number);
+    makeDurable();
     goTo(ui_->Text1);
     Forms.unload(list());
 }
 
 void 評価者登録::addEvaluator(qint32 number) {
-    Recordset table(u"評価者"_s, *DbConn);
-    table.addNew();
-    table.setField(u"評価者番号"_s, number);
-    table.setField(u"評価者氏名"_s, ui_->Text3->text());
-    table.setField(u"所属部門"_s, ui_->Text4->text());
-    table.update();
-    table.close();
+    addRecord(*DbConn, u"評価者"_s,
+              {{u"評価者番号"_s, number},
+               {u"評価者氏名"_s, ui_->Text3->text()},
+               {u"所属部門"_s, ui_->Text4->text()}});
 }
 
 void 評価者登録::Command2_Click() {
@@ -80,6 +78,7 @@ void 評価者登録::Command2_Click() {
         quoted(ui_->Text3->text()), quoted(ui_->Text4->text()), number);
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
+    makeDurable();
     for (auto* field : {ui_->Text1, ui_->Text3, ui_->Text4}) field->clear();
     Forms.unload(list());
 }

@@ -58,6 +58,7 @@ void FactorRegistration::Command1_Click() {
         return refuse(u"要因番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addFactor(number);
+    makeDurable();
     goTo(ui_->Text1);
     closeFactorList();
 }
@@ -70,14 +71,11 @@ bool FactorRegistration::canRegister() {
 }
 
 void FactorRegistration::addFactor(qint16 number) {
-    Recordset table(u"要因"_s, *DbConn);
-    table.addNew();
-    table.setField(u"要因番号"_s, number);
-    table.setField(u"要因区分"_s, wholeNumberIn(ui_->Text2));
-    table.setField(u"要因名"_s, ui_->Text3->text());
-    table.setField(u"要因内容"_s, ui_->Text4->text());
-    table.update();
-    table.close();
+    addRecord(*DbConn, u"要因"_s,
+              {{u"要因番号"_s, number},
+               {u"要因区分"_s, wholeNumberIn(ui_->Text2)},
+               {u"要因名"_s, ui_->Text3->text()},
+               {u"要因内容"_s, ui_->Text4->text()}});
 }
 
 // A problem may become an ordinary factor here, so its class is not looked at.
@@ -91,6 +89,7 @@ void FactorRegistration::Command2_Click() {
             quoted(ui_->Text4->text()), numberIn(ui_->Text1));
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
+    makeDurable();
     for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4}) field->clear();
     closeFactorList();
 }

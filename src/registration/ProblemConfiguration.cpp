@@ -52,6 +52,7 @@ void 課題構成登録::Command1_Click() {
     }
     if (!confirm(u"登録しますか ？"_s)) return;
     addProblem();
+    makeDurable();
     goTo(ui_->Text1);
 }
 
@@ -76,15 +77,12 @@ bool 課題構成登録::settingsAreNumbers() {
 }
 
 void 課題構成登録::addProblem() {
-    Recordset table(u"課題"_s, *DbConn);
-    table.addNew();
-    table.setField(u"課題番号"_s, wholeNumberIn(ui_->Text1));
-    table.setField(u"課題区分"_s, wholeNumberIn(ui_->Text2));
-    table.setField(u"構成レベル"_s, wholeNumberIn(ui_->Text3));
-    table.setField(u"最大分岐数"_s, wholeNumberIn(ui_->Text4));
-    table.setField(u"比較回数"_s, wholeNumberIn(ui_->Text5));
-    table.update();
-    table.close();
+    addRecord(*DbConn, u"課題"_s,
+              {{u"課題番号"_s, wholeNumberIn(ui_->Text1)},
+               {u"課題区分"_s, wholeNumberIn(ui_->Text2)},
+               {u"構成レベル"_s, wholeNumberIn(ui_->Text3)},
+               {u"最大分岐数"_s, wholeNumberIn(ui_->Text4)},
+               {u"比較回数"_s, wholeNumberIn(ui_->Text5)}});
 }
 
 // A configured problem can be changed whatever has become of its factor, so only its own row is looked for.
@@ -102,6 +100,7 @@ void 課題構成登録::Command2_Click() {
             .arg(number);
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
+    makeDurable();
     for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4, ui_->Text5}) field->clear();
 }
 

@@ -23,7 +23,7 @@ void showEntries(QListWidget* list, const std::vector<NumberedName>& evaluators)
     : RegistrationScreen(u"課題評価者登録"_s), ui_(std::make_unique<Ui::ProblemEvaluators>()) {
     ui_->setupUi(this);
     addStatusLine();
-    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onChoice(ui_->Combo1, [this] { Combo1_Click(); });
     onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"追加"_s, [this] { Command2_Click(); });
     onAction(ui_->Command3, u"削除"_s, [this] { Command3_Click(); });
@@ -44,20 +44,21 @@ const QString& 課題評価者登録::problem() const {
 }
 
 void 課題評価者登録::Combo1_Click() {
-    evaluators_ = readNumberedNames(u"SELECT 評価者番号,評価者氏名   FROM 評価者    ORDER BY 評価者番号 "_s,
-                                    u"評価者番号"_s, u"評価者氏名"_s);
-    if (evaluators_.empty()) refuse(u"評価者が登録されてません。"_s);
+    auto evaluators =
+        readNumberedNames(u"SELECT 評価者番号,評価者氏名   FROM 評価者    ORDER BY 評価者番号 "_s,
+                          u"評価者番号"_s, u"評価者氏名"_s);
+    const auto assigned = assignedEvaluators();
+    if (evaluators.empty()) refuse(u"評価者が登録されてません。"_s);
+    evaluators_ = std::move(evaluators);
     showEntries(ui_->List1, evaluators_);
-    showAssignment();
+    showEntries(ui_->List2, assigned);
 }
 
-void 課題評価者登録::showAssignment() {
-    showEntries(ui_->List2,
-                readNumberedNames(
-                    u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
-                    "WHERE T1.課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
-                        problem()),
-                    u"評価者番号"_s, u"評価者氏名"_s));
+std::vector<NumberedName> 課題評価者登録::assignedEvaluators() const {
+    return readNumberedNames(
+        u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
+        "WHERE T1.課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(problem()),
+        u"評価者番号"_s, u"評価者氏名"_s);
 }
 
 QStringList 課題評価者登録::selectedEvaluators() const {
@@ -111,18 +112,16 @@ void 課題評価者登録::Command3_Click() {
 }
 
 void 課題評価者登録::assign(const QStringList& evaluators) {
-    Recordset table(u"課題評価者"_s, *DbConn);
-    for (const auto& evaluator : evaluators) {
-        table.addNew();
-        table.setField(u"課題番号"_s, leadingNumber(problem()));
-        table.setField(u"評価者番号"_s, leadingNumber(evaluator));
-        table.setField(u"役割"_s, QString(u""_s));
-        table.update();
-    }
-    table.close();
+    for (const auto& evaluator : evaluators)
+        addRecord(*DbConn, u"課題評価者"_s,
+                  {{u"課題番号"_s, leadingNumber(problem())},
+                   {u"評価者番号"_s, leadingNumber(evaluator)},
+                   {u"役割"_s, u""_s}});
 }
 
 void 課題評価者登録::finishChange() {
-    showAssignment();
+    const auto assigned = assignedEvaluators();
+    makeDurable();
+    showEntries(ui_->List2, assigned);
     ui_->List1->clearSelection();
 }

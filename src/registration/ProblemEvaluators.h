@@ -32,7 +32,7 @@ class 課題評価者登録 : public RegistrationScreen {
     bool isChosen(const QString& noSelection);
     bool isNew(const QStringList& evaluators);
     void assign(const QStringList& evaluators);
-    void showAssignment();
+    std::vector<Common::NumberedName> assignedEvaluators() const;
     void finishChange();
 
     std::unique_ptr<Ui::ProblemEvaluators> ui_;

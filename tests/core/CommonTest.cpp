@@ -1,4 +1,7 @@
 // The session's checks and formatters, and the menus.
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
@@ -94,7 +97,46 @@ TEST_F(CommonTest, AMissingDatabaseEndsTheProgram) {
         leave();
         const auto messages = takeMessages();
         ASSERT_EQ(messages.size(), 1U);
+        EXPECT_TRUE(messages[0].text.contains(u"プログラムを終了します"));
         EXPECT_TRUE(messages[0].text.contains(u"データベースのファイルが見つかりません。"));
         EXPECT_FALSE(isOpen(u"メニュー"_s));
     }
+}
+
+TEST_F(CommonTest, AnErrorWhileChoosingLeavesTheScreenAsItWas) {
+    run(u"INSERT INTO 要因 VALUES (1,0,'一',''),(2,0,'二',''),(3,1,'子','')"_s);
+    run(u"INSERT INTO 課題 VALUES (1,0,2,5,1),(2,0,2,5,7)"_s);
+    run(u"INSERT INTO 評価者 VALUES (1,'甲',''),(2,'乙','')"_s);
+    run(u"INSERT INTO 課題評価者 VALUES (1,1,''),(2,2,'')"_s);
+    structure(u"1:3"_s);
+    for (const auto& screen :
+         {u"課題評価者登録"_s, u"要因構成登録"_s, u"比較者設定"_s, u"評価計算"_s, u"分析出力"_s}) {
+        openDatabase(directory());
+        Forms.show(screen);
+        choose(screen, u"Combo1", 0);
+        const auto shown = [&] {
+            QString texts;
+            for (auto* box : Forms.find(screen)->findChildren<QComboBox*>())
+                for (int index = -1; index < box->count(); ++index)
+                    texts += index < 0 ? box->currentText() : box->itemText(index);
+            for (auto* list : Forms.find(screen)->findChildren<QListWidget*>())
+                for (int row = 0; row < list->count(); ++row) texts += list->item(row)->text();
+            for (auto* label : Forms.find(screen)->findChildren<QLabel*>()) texts += label->text();
+            return texts;
+        };
+        const QString before = shown();
+        const auto other = writer();
+        choose(screen, u"Combo1", 1);
+        const auto messages = takeMessages();
+        ASSERT_EQ(messages.size(), 1U);
+        EXPECT_EQ(messages[0].title, MsgTitle);
+        EXPECT_TRUE(messages[0].text.contains(u"データベースをほかのプログラムが使用しています。"));
+        EXPECT_EQ(shown(), before);
+        Forms.unload(screen);
+    }
+    Forms.show(u"登録メニュー"_s);
+    const auto other = writer();
+    EXPECT_EQ(told(u"登録メニュー"_s, u"Command5"_s).at(0).title, u"登録メニュー"_s);
+    EXPECT_EQ(MsgTitle, u"登録メニュー"_s);
+    EXPECT_TRUE(isOpen(u"登録メニュー"_s));
 }

@@ -238,6 +238,27 @@ TEST_F(StructureEditorTest, UnsavedChildrenAreNotDroppedWithoutAQuestion) {
     EXPECT_FALSE(isOpen(editor));
 }
 
+TEST_F(StructureEditorTest, WhatCannotBeStoredCountsAsUnsaved) {
+    structure(u"1:11"_s);
+    open(3);
+    save(11, {});
+    doubleClick(21);
+    const auto shown = [this] { return children() + parents() + treeTexts(); };
+    const QString before = shown();
+    auto other = reader();
+    takeMessages();
+    for (const auto& act : std::vector<std::function<void()>>{[this] { click(editor, u"Command1"); },
+                                                              [this] { choose(editor, u"Combo1", 1); }}) {
+        act();
+        EXPECT_TRUE(takeMessages().back().text.contains(u"データベースをほかのプログラムが使用しています。"));
+        EXPECT_EQ(shown(), before);
+        EXPECT_EQ(text(editor, u"Combo1"), u"0001 住宅"_s);
+    }
+    EXPECT_EQ(told(editor, u"Command2").size(), 1U); // the children are still to be saved
+    other.reset();
+    EXPECT_EQ(edges(), u"1|1|11|1|0"_s);
+}
+
 TEST_F(StructureEditorTest, FactorsAreFoundByNumberOrNameAndTakenByEnter) {
     run(u"INSERT INTO 要因 VALUES (60,1,'コスト''%;','')"_s);
     open(2);

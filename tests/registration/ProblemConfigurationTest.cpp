@@ -63,6 +63,13 @@ TEST_F(ProblemConfigurationTest, RegistersChangesAndShows) {
     EXPECT_EQ(stored(u"SELECT * FROM 課題 WHERE 課題番号=1"_s), u"1|0|3|2|1"_s);
 }
 
+TEST_F(ProblemConfigurationTest, WhatCannotBeStoredStaysInTheFields) {
+    for (const auto& [button, number] : {std::pair{u"Command1", u"2"}, {u"Command2", u"1"}}) {
+        type({{u"Text1", number}, {u"Text2", u"1"}, {u"Text5", u"4"}});
+        expectNothingStored(button, [this] { return fields(); });
+    }
+}
+
 TEST_F(ProblemConfigurationTest, DoubleClickTakesWhatWasPicked) {
     const auto doubleClick = [this] { QTest::mouseDClick(control(screen, u"Text1"), Qt::LeftButton); };
     EXPECT_TRUE(isOpen(u"課題候補表示"));

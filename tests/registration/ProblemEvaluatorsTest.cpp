@@ -50,3 +50,14 @@ TEST_F(ProblemEvaluatorsTest, ReplacesAddsAndRemoves) {
     choose(screen, u"Combo1", 1);
     EXPECT_EQ(takeMessages(), warning(screen, u"評価者が登録されてません。"_s));
 }
+
+TEST_F(ProblemEvaluatorsTest, WhatCannotBeStoredLeavesListsAndSelection) {
+    choose(screen, u"Combo1", 0);
+    for (const auto& [button, row] : {std::pair{u"Command1", 0}, {u"Command2", 2}, {u"Command3", 1}}) {
+        select(screen, u"List1", {row});
+        expectNothingStored(button, [this] {
+            return entries(u"List2") +
+                   control<QListWidget>(screen, u"List1")->selectedItems().value(0)->text();
+        });
+    }
+}

@@ -115,3 +115,18 @@ TEST_F(RegistrationScreensTest, ProblemsBecomeFactorsByChangeAndTheirListStaysOp
     EXPECT_FALSE(isOpen(screen) || isOpen(u"課題要因表示"));
     EXPECT_TRUE(isOpen(u"登録メニュー"));
 }
+
+TEST_F(RegistrationScreensTest, WhatCannotBeStoredStaysInTheFields) {
+    for (const auto& [name, list] : {std::pair{u"要因登録"_s, u"要因表示"_s},
+                                     {u"課題登録"_s, u"課題要因表示"_s},
+                                     {u"評価者登録"_s, u"評価者表示"_s}})
+        for (const auto& [button, number] : {std::pair{u"Command1", u"8"}, {u"Command2", u"5"}}) {
+            open(name);
+            if (name != u"評価者登録"_s) type({{u"Text2", u"0"}});
+            type({{u"Text1", number}, {u"Text3", u"名前"}, {u"Text4", u"説明"}});
+            expectNothingStored(button, [this] { return texts({u"Text1", u"Text3", u"Text4"}); });
+            EXPECT_TRUE(isOpen(list));
+            EXPECT_EQ(factors() + stored(u"SELECT * FROM 評価者"_s),
+                      u"1|0|課題|goal 5|2|要因|NULL5|名|NULL"_s);
+        }
+}

@@ -52,6 +52,18 @@ class RegistrationTest : public ScreenTest {
         EXPECT_EQ(stored(everything), before);
     }
 
+    // A click whose writing cannot be made durable is told under the button's caption, and the controls show
+    // what they showed before.
+    void expectNothingStored(QStringView button, const std::function<QString()>& shown) {
+        const QString before = shown();
+        const auto other = reader();
+        const auto messages = told(screen, button);
+        ASSERT_EQ(messages.size(), 2U); // the question before
+        EXPECT_EQ(messages[1].title, text(screen, button));
+        EXPECT_TRUE(messages[1].text.contains(u"データベースをほかのプログラムが使用しています。"));
+        EXPECT_EQ(shown(), before);
+    }
+
     const QStringList hurtingTexts{u"O'Hara"_s,
                                    u"''); DELETE FROM 要因; -- "_s,
                                    u"\"a\" 100%_;\\ /*"_s,

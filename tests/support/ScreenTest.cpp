@@ -37,6 +37,7 @@ ScreenTest::ScreenTest() {
     Common::DbConn->endUnitOfWork();
     Common::Presenter = [this](const QString& text, const QString& title, MessageStyle style) {
         shown_.push_back({title, text, style});
+        expectDurable();
         if (!isQuestion(style)) return MessageAnswer::Ok;
         if (answers.empty()) return MessageAnswer::Yes;
         const auto answer = answers.front();
@@ -110,12 +111,26 @@ void ScreenTest::compare(int goal, const QList<int>& children, const QString& sc
         }
 }
 
+void ScreenTest::expectDurable() {
+    EXPECT_FALSE(Common::DbConn->isInUnitOfWork()) << "what was written is not on the disk";
+}
+
+std::unique_ptr<Connection> ScreenTest::otherProgram(const QStringList& statements) {
+    Common::makeDurable();
+    Common::DbConn->execute(u"PRAGMA busy_timeout = 0"_s);
+    auto other = std::make_unique<Connection>();
+    openDatabaseFile(*other, directory() + u"/DB/Hollin.mdb"_s);
+    for (const auto& statement : statements) other->execute(statement);
+    return other;
+}
+
 bool ScreenTest::hasFocus(QStringView screen, QStringView name) {
     return Common::Forms.find(screen.toString())->focusWidget() == control(screen, name);
 }
 
 void ScreenTest::click(QStringView screen, QStringView button) {
     QTest::mouseClick(control<QAbstractButton>(screen, button), Qt::LeftButton);
+    expectDurable();
 }
 
 void ScreenTest::type(QStringView screen, QStringView field, QStringView text) {
@@ -136,6 +151,7 @@ void ScreenTest::choose(QStringView screen, QStringView combo, int index) {
     auto* list = control<QComboBox>(screen, combo);
     list->setCurrentIndex(index);
     emit list->activated(index);
+    expectDurable();
 }
 
 void ScreenTest::select(QStringView screen, QStringView list, const QList<int>& rows) {

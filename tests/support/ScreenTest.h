@@ -80,7 +80,18 @@ class ScreenTest : public ::testing::Test {
     std::vector<ShownMessage> takeMessages() { return std::exchange(shown_, {}); }
     std::deque<MessageAnswer> answers;
 
+    // Another program at work on the file until the result goes: one that reads lets nothing become durable,
+    // one that writes lets nothing be read either.
+    auto reader() { return otherProgram({QStringLiteral("BEGIN"), QStringLiteral("SELECT * FROM 要因")}); }
+    auto writer() {
+        return otherProgram({QStringLiteral("PRAGMA locking_mode = EXCLUSIVE"),
+                             QStringLiteral("INSERT INTO tempfac DEFAULT VALUES"), QStringLiteral("COMMIT")});
+    }
+
   private:
+    void expectDurable();
+    std::unique_ptr<Connection> otherProgram(const QStringList& statements);
+
     QTemporaryDir directory_;
     std::vector<ShownMessage> shown_;
 };
