@@ -7,6 +7,7 @@
 #include "output/RoundSelection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
+#include "platform/TextConversion.h"
 #include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
@@ -33,6 +34,10 @@ QString filePath(const QString& folder, const QString& problem) {
     if (problem.contains(u'/') || problem.contains(u'\\'))
         throw RuntimeError(ErrorCode::InvalidCall,
                            u"課題名に「/」や「\\」があるため、ファイルを作成できません。\n%1"_s.arg(problem));
+    if (hasControlCharacters(problem))
+        throw RuntimeError(ErrorCode::InvalidCall,
+                           u"課題名に改行などの制御文字があるため、ファイルを作成できません。\n%1"_s.arg(
+                               firstLine(problem)));
     const QString name = problem + u".csv"_s;
     if (name.toUtf8().size() > longestFileName)
         throw RuntimeError(ErrorCode::InvalidCall,

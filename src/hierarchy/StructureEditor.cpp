@@ -37,6 +37,7 @@ std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
 要因構成登録::要因構成登録()
     : Screen(u"要因構成登録"_s), ui_(layOut(this)), tree_(ui_->TreeView1, ui_->TreeView2) {
     setUpGrid();
+    addStatusLine(ui_->Label8);
     ui_->Label6->setElideMode(Qt::ElideLeft); // the parent itself stands at the end of its path
     for (QObject* watched : std::initializer_list<QObject*>{ui_->MSFlexGrid1, ui_->List1, ui_->Text1,
                                                             ui_->TreeView1, ui_->TreeView2})
@@ -171,7 +172,7 @@ void 要因構成登録::chooseParent(int index) {
 
 void 要因構成登録::showChildren() {
     for (int row = 1; row <= mostChildren; ++row) showChild(row);
-    ui_->MSFlexGrid1->setCurrent(firstFreeRow(), factorColumn);
+    ui_->MSFlexGrid1->setCurrent(firstFreeRow(1), factorColumn);
 }
 
 void 要因構成登録::showChild(int row) {
@@ -180,9 +181,10 @@ void 要因構成登録::showChild(int row) {
                               child.factorNo == 0 ? QString() : factorText(child.factorNo, child.name));
 }
 
-int 要因構成登録::firstFreeRow() const {
-    const auto rows = static_cast<int>(savedChildren(children_).size());
-    return rows < mostChildren ? rows + 1 : 0;
+int 要因構成登録::firstFreeRow(int from) const {
+    const auto free = std::find_if(children_.begin() + from - 1, children_.end(),
+                                   [](const ChildEntry& child) { return child.isFree(); });
+    return free == children_.end() ? 0 : static_cast<int>(free - children_.begin()) + 1;
 }
 
 // Where the chosen parent stands, and where work goes on.
@@ -216,7 +218,10 @@ void 要因構成登録::List1_DblClick() {
     const int chosen = ui_->List1->currentRow();
     if (ui_->Combo1->currentIndex() < 0 || ui_->Combo2->currentIndex() < 0 || chosen < 0) return;
     const int row = ui_->MSFlexGrid1->row();
-    if (row < 1) return refuseAt(ui_->MSFlexGrid1, u"設定する行を選択して下さい"_s);
+    if (row < 1)
+        return refuseAt(ui_->MSFlexGrid1, firstFreeRow(1) > 0
+                                              ? u"設定する行を選択して下さい"_s
+                                              : u"空いた行がありません。置き換える行を選択して下さい"_s);
     auto& child = childOf(row);
     const bool wasFree = child.isFree();
     const auto& factor = StructList.at(static_cast<std::size_t>(chosen));
@@ -225,9 +230,9 @@ void 要因構成登録::List1_DblClick() {
     showChild(row);
     unsaved_ = true;
     say({});
-    // Whoever fills free rows goes on to the next one; a row that was filled already is being corrected.
-    if (wasFree && row < mostChildren && childOf(row + 1).isFree())
-        ui_->MSFlexGrid1->setCurrent(row + 1, factorColumn);
+    // Whoever fills free rows goes on to the next one, and after the last to none: what was just set must not
+    // be replaced by the next choice. A row that was filled already is being corrected.
+    if (wasFree) ui_->MSFlexGrid1->setCurrent(firstFreeRow(row + 1), factorColumn);
 }
 
 void 要因構成登録::Command1_Click() {
@@ -238,9 +243,22 @@ void 要因構成登録::Command1_Click() {
     const auto parentNo = chosenParent().factorNo;
     if (const auto refused = refusedChild(*DbConn, StructProblemNo, parentNo, children))
         return refuseChild(*refused);
+    if (!mayLoseChildren()) return;
     saveChildren(*DbConn, StructProblemNo, parentNo, children);
     removeOrphans(*DbConn, StructProblemNo);
     finishSave(rebuiltStructure(problem()), children.size());
+}
+
+// A row left free by a slip of the hand must not take stored children, and what stands below them, away.
+bool 要因構成登録::mayLoseChildren() {
+    const int lost = childrenLostAtGap(*DbConn, StructProblemNo, chosenParent().factorNo, children_);
+    if (lost == 0 ||
+        confirmDiscard(u"空いた行より下の要因（子）は登録されません。\n登録済みの要因（子） %1 件が"
+                       "その下の構成とともに削除されます。登録しますか ？"_s.arg(lost)))
+        return true;
+    ui_->MSFlexGrid1->setFocus();
+    ui_->MSFlexGrid1->setCurrent(firstFreeRow(1), factorColumn);
+    return false;
 }
 
 // The saved parent stays chosen, and the children as they are: those behind a free row have not been saved.
@@ -274,7 +292,7 @@ void 要因構成登録::Command3_Click() {
         showChild(row);
     }
     unsaved_ = true;
-    say(u"'%1' を一覧から外しました。登録するまで構成は変わりません。"_s.arg(removed));
+    say(u"一覧から外しました（登録するまで構成は変わりません）： %1"_s.arg(removed));
 }
 
 void 要因構成登録::Command4_Click() {
@@ -314,8 +332,9 @@ void 要因構成登録::refuseChild(const RefusedChild& refused) {
 
 bool 要因構成登録::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return Screen::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    const bool done = watched == ui_->MSFlexGrid1                      ? gridKey(key)
+    const auto* pressed = static_cast<QKeyEvent*>(event);
+    const int key = pressed->key();
+    const bool done = watched == ui_->MSFlexGrid1 ? gridKey(key, pressed->modifiers() == Qt::AltModifier)
                       : watched == ui_->List1 || watched == ui_->Text1 ? searchKey(key)
                                                                        : treeKey(key);
     return done || Screen::eventFilter(watched, event);
@@ -327,10 +346,32 @@ bool 要因構成登録::treeKey(int key) {
     return true;
 }
 
-bool 要因構成登録::gridKey(int key) {
-    if (key != Qt::Key_Delete) return false;
-    ui_->Command3->click();
-    return true;
+bool 要因構成登録::gridKey(int key, bool alt) {
+    switch (key) {
+        case Qt::Key_Delete:
+            ui_->Command3->click();
+            return true;
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            if (alt) moveRow(key == Qt::Key_Up ? -1 : 1);
+            return alt;
+        default:
+            return false;
+    }
+}
+
+// Exchanges the current row with the one above or below: the order is changed, or a free row closed up.
+void 要因構成登録::moveRow(int by) {
+    auto* grid = ui_->MSFlexGrid1;
+    const int row = grid->row();
+    const int other = row + by;
+    if (row < 1 || other < 1 || other > mostChildren) return;
+    std::swap(childOf(row).factorNo, childOf(other).factorNo);
+    std::swap(childOf(row).name, childOf(other).name);
+    for (const int changed : {row, other}) showChild(changed);
+    grid->setCurrent(other, factorColumn);
+    unsaved_ = true;
+    clearStatus();
 }
 
 // In the search field and the list: Enter takes the marked factor, Down goes from the field into the list.

@@ -65,10 +65,12 @@ class 要因構成登録 : public Screen {
     void showPosition();
     void refuseChild(const RefusedChild& refused);
     void finishSave(Structure structure, std::size_t saved);
+    bool mayLoseChildren();
     bool mayDiscardChildren(const QString& question);
     int parentIndex(const NodePlace& place) const;
-    int firstFreeRow() const; // 1 to 20, 0 when there is none
-    bool gridKey(int key);
+    int firstFreeRow(int from) const; // 1 to 20, 0 when there is none from there on
+    bool gridKey(int key, bool alt);
+    void moveRow(int by);
     bool searchKey(int key);
     bool treeKey(int key);
 

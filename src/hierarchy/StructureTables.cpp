@@ -121,6 +121,20 @@ void saveChildren(Connection& connection, qint32 problemNo, qint32 parentNo,
     connection.execute(u"UPDATE  要因構成 SET 子作成済 = '1' WHERE 子要因番号 =%1"_s.arg(parentNo));
 }
 
+int childrenLostAtGap(Connection& connection, qint32 problemNo, qint32 parentNo, const ChildList& children) {
+    const auto saved = savedChildren(children);
+    const std::span behind(saved.end(), children.end());
+    const auto stands = [](const auto& rows, qint32 factorNo) {
+        return std::ranges::find(rows, factorNo, &ChildEntry::factorNo) != rows.end();
+    };
+    int lost = 0;
+    for (auto edges = edgesOf(connection, problemNo, parentNo); !edges.eof(); edges.moveNext()) {
+        const auto factorNo = edges[u"子要因番号"_s].toLong();
+        lost += stands(behind, factorNo) && !stands(saved, factorNo);
+    }
+    return lost;
+}
+
 void removeOrphans(Connection& connection, qint32 problemNo) {
     for (Recordset parents(
              u"SELECT 課題番号,親要因番号 FROM 要因構成  WHERE 課題番号 = %1 AND 親要因番号 <> %1"
@@ -180,12 +194,25 @@ ParentList readParents(Connection& connection, qint32 problemNo, const QString& 
         "ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス "_s.arg(problemNo),
         connection);
     if (rows.eof()) list.next = problem;
-    for (; !rows.eof() && !list.next; rows.moveNext()) {
+    QSet<qint32> filled; // factors that have children in this problem
+    std::vector<NodePlace> places;
+    for (bool ended = false; !rows.eof(); rows.moveNext()) {
+        filled.insert(parentPlace(rows).factorNo);
         const NodePlace place = childPlace(rows);
         if (place.level >= levels) continue;
+        places.push_back(place);
+        if (ended) continue;
         list.parents.push_back({place, parentPlace(rows), Common::NullToEmpty(rows[u"要因名"_s])});
-        if (Common::NullToEmpty(rows[u"子作成済"_s]) == u"0"_s) list.next = place;
+        ended = Common::NullToEmpty(rows[u"子作成済"_s]) == u"0"_s;
     }
+    // 子作成済 tells of all problems together: only the tree says whether this one lacks anything. What is
+    // not on offer yet will be when the last parent on offer has been saved.
+    const auto unfilled = std::ranges::find_if(
+        places, [&](const NodePlace& place) { return !filled.contains(place.factorNo); });
+    if (unfilled != places.end())
+        list.next = std::ranges::find(list.parents, *unfilled, &TreeNode::place) != list.parents.end()
+                        ? *unfilled
+                        : list.parents.back().place;
     return list;
 }
 

@@ -54,7 +54,9 @@ struct TreeNode {
 // display order, as far as the first one whose children have never been saved.
 struct ParentList {
     std::vector<TreeNode> parents;
-    std::optional<NodePlace> next; // that first one
+    // The parent to go on with, while a node of the tree still lacks children: the first that lacks them, or
+    // the last on offer when that one is not on offer yet.
+    std::optional<NodePlace> next;
 };
 
 // The number in four digits and the name, with `separator` between them.
@@ -76,6 +78,10 @@ std::optional<RefusedChild> refusedChild(Connection& connection, qint32 problemN
 // children have been created.
 void saveChildren(Connection& connection, qint32 problemNo, qint32 parentNo,
                   std::span<const ChildEntry> children);
+
+// How many stored children of the parent stand behind the first free row only: saving removes them, and what
+// stands below them.
+int childrenLostAtGap(Connection& connection, qint32 problemNo, qint32 parentNo, const ChildList& children);
 
 // Removes the edges of parents that no edge leads to any more, in one pass by parent number: what a removal
 // orphans under a smaller number goes at the next call.

@@ -61,6 +61,7 @@ qint32 toLong(double number) {
 }
 
 QString decimalText(double number) {
+    if (std::isinf(number)) throw RuntimeError(ErrorCode::Overflow); // statements would read a name
     // Within these bounds statements and screens show no exponent.
     const double size = std::abs(number);
     const auto form =

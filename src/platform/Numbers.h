@@ -16,7 +16,7 @@ qint16 toInteger(double number);
 qint32 toLong(double number);
 
 // The shortest decimal text that reads back as the same double, as statements carry it; without an exponent
-// from 1e-15 to 1e15.
+// from 1e-15 to 1e15. Raises error 6 for a number beyond the doubles.
 QString decimalText(double number);
 
 // `number` in a pattern such as "0.0000", "0.####", "##0", "0000". Rounds half away from zero on the shortest

@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QStringDecoder>
+#include <algorithm>
 #include <memory>
 
 #include "platform/RuntimeError.h"
@@ -17,6 +18,11 @@ using Transliterator = std::unique_ptr<icu::Transliterator>;
 using Converter = std::unique_ptr<UConverter, decltype([](UConverter* open) { ucnv_close(open); })>;
 
 constexpr const char* codePage = "windows-31j";
+constexpr QStringView lineBreaks = u"\n\r\v\f\u0085\u2028\u2029";
+
+bool isControl(QChar character) {
+    return character.category() == QChar::Other_Control || lineBreaks.contains(character);
+}
 
 Transliterator makeTransliterator(const char* id) {
     UErrorCode status = U_ZERO_ERROR;
@@ -60,6 +66,24 @@ QString leadingCharacters(const QString& text, int count) {
     return count >= characters.size()
                ? text
                : QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), count);
+}
+
+bool hasControlCharacters(const QString& text) {
+    return std::ranges::any_of(text, isControl);
+}
+
+QString firstLine(const QString& text) {
+    QString line;
+    for (const QChar character : text) {
+        if (!isControl(character)) {
+            line += character;
+        } else if (character == u'\t') {
+            line += u' ';
+        } else if (lineBreaks.contains(character) && !line.isEmpty()) {
+            break;
+        }
+    }
+    return line;
 }
 
 std::optional<QByteArray> characterInCodePage(char32_t character) {

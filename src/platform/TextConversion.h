@@ -12,6 +12,11 @@ QString toFullWidth(const QString& text);
 int characterCount(const QString& text);
 QString leadingCharacters(const QString& text, int count);
 
+// Whether there is a line break, a tab or another character that is not for reading.
+bool hasControlCharacters(const QString& text);
+// The first line that is not empty, without control characters; a tab becomes a blank.
+QString firstLine(const QString& text);
+
 // One character in the code page windows-31j, nothing when the code page lacks it.
 std::optional<QByteArray> characterInCodePage(char32_t character);
 
