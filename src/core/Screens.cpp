@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-#include "platform/OneLineFields.h"
+#include "platform/Controls.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -21,7 +21,7 @@ void Screens::show(const QString& name) {
         if (maker == makers_.end())
             throw RuntimeError(ErrorCode::InvalidCall, u"画面「%1」がありません。"_s.arg(name));
         Form* form = (loaded_[name] = decltype(loaded_)::mapped_type(maker->second().release())).get();
-        keepOneLine(form);
+        settleControls(*form);
         try {
             form->Form_Load();
         } catch (...) {

@@ -90,10 +90,8 @@ void 要因構成登録::fillProblems() {
 void 要因構成登録::loadFactors() {
     StructList = readNumberedNames(u"SELECT * FROM 要因 ORDER BY 要因番号 "_s, u"要因番号"_s, u"要因名"_s);
     ui_->List1->clear();
-    for (const auto& [number, name] : StructList) {
-        auto* item = new QListWidgetItem(factorText(Value(number).toLong(), name), ui_->List1);
-        item->setToolTip(plainToolTip(item->text())); // long names may be cut
-    }
+    for (const auto& [number, name] : StructList)
+        ui_->List1->addItem(factorText(Value(number).toLong(), name));
     Text1_Change();
 }
 

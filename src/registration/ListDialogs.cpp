@@ -1,13 +1,9 @@
 #include "registration/ListDialogs.h"
 
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QStyledItemDelegate>
-#include <QToolTip>
 #include <algorithm>
 
-#include "platform/ElidedLabel.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
@@ -51,19 +47,6 @@ constexpr int nameColumn = 15;
 constexpr int departmentColumn = nameColumn + 24;
 constexpr double rowPoints = 10.5; // 14 pixels at 96 dpi: a half-width column is a whole number of pixels
 
-// A name that the list has no room for is shown whole in a tool tip.
-class RowDelegate : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem&,
-                   const QModelIndex& index) override {
-        if (event->type() == QEvent::ToolTip)
-            QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), view);
-        return true;
-    }
-};
-
 QString fullWidthColumn(const QString& text) {
     qint16 width = 20; // PadWidth halves the caller's variable
     return PadWidth(text, width, 1);
@@ -93,7 +76,6 @@ ListDialog::ListDialog(const ListDialogKind& kind)
     ui_->setupUi(this);
     setWindowTitle(kind.caption.toString());
     layOut();
-    ui_->List1->setItemDelegate(new RowDelegate(ui_->List1));
 }
 
 ListDialog::~ListDialog() = default;
