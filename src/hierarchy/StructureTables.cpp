@@ -123,7 +123,7 @@ void saveChildren(Connection& connection, qint32 problemNo, qint32 parentNo,
 
 int childrenLostAtGap(Connection& connection, qint32 problemNo, qint32 parentNo, const ChildList& children) {
     const auto saved = savedChildren(children);
-    const std::span behind(saved.end(), children.end());
+    const auto behind = std::span(children).subspan(saved.size());
     const auto stands = [](const auto& rows, qint32 factorNo) {
         return std::ranges::find(rows, factorNo, &ChildEntry::factorNo) != rows.end();
     };

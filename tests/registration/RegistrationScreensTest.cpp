@@ -1,4 +1,8 @@
 // Registration of factors, problems and evaluators.
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+
 #include "platform/TextConversion.h"
 #include "registration/RegistrationTest.h"
 
@@ -92,6 +96,12 @@ TEST_F(RegistrationScreensTest, RegistersNumbersOfSixteenBitsAfterAQuestion) {
     open(u"要因登録");
     type({{u"Text1", u"32768"}, {u"Text2", u"1"}});
     EXPECT_EQ(told(screen, u"Command1"), warning(u"登録"_s, u"オーバーフローしました。"_s));
+    for (const auto& endless : {u"1e999"_s, QString(400, u'9')}) {
+        type({{u"Text1", endless}, {u"Text3", u"名"}});
+        EXPECT_EQ(told(screen, u"Command2"), warning(u"変更"_s, u"オーバーフローしました。"_s));
+        EXPECT_EQ(told(screen, u"Command3"), warning(u"表示"_s, u"オーバーフローしました。"_s));
+    }
+    type({{u"Text3", u""}});
 
     type({{u"Text1", u"３２７６７"}}); // the name may be empty
     answers = {MessageAnswer::No};
@@ -129,4 +139,24 @@ TEST_F(RegistrationScreensTest, WhatCannotBeStoredStaysInTheFields) {
             EXPECT_EQ(factors() + stored(u"SELECT * FROM 評価者"_s),
                       u"1|0|課題|goal 5|2|要因|NULL5|名|NULL"_s);
         }
+}
+
+TEST_F(RegistrationScreensTest, FieldsKeepOneLineOfWhatIsPasted) {
+    open(u"要因登録");
+    auto* name = control<QLineEdit>(screen, u"Text3");
+    for (const auto& [pasted, kept] : {std::pair{u"防災\r\n計画\r\n"_s, u"前防災後"_s},
+                                       {u"\n\n防災\t計画\u2028次"_s, u"前防災 計画後"_s},
+                                       {u"防\x1b災"_s, u"前防災後"_s},
+                                       {u"\r\n"_s, u"前後"_s}}) {
+        name->setText(u"前後"_s);
+        name->setCursorPosition(1);
+        QGuiApplication::clipboard()->setText(pasted);
+        name->paste();
+        EXPECT_EQ(name->text(), kept);
+    }
+    // What was stored with a line break is shown on one line, and can be changed so.
+    run(u"UPDATE 要因 SET 要因名 = '課' || char(13,10) || '題' WHERE 要因番号 = 5"_s);
+    type({{u"Text1", u"5"}});
+    click(u"Command3");
+    EXPECT_EQ(texts({u"Text3"}), u"課"_s);
 }
