@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "hierarchy/TreePlace.h"
 #include "core/FactorNames.h"
+#include "hierarchy/TreePlace.h"
 #include "output/ReportPage.h"
 
 // Family by family: below the name of the parent a row for each child, its name indented by its level. A row

@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "core/NumberedNames.h"
+#include "platform/ListSearch.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
-#include "platform/TextConversion.h"
 #include "ui_StructureEditor.h"
 
 using namespace Qt::StringLiterals;
@@ -18,12 +18,6 @@ namespace {
 constexpr int factorColumn = 1;
 constexpr int treePage = 1;
 constexpr int lastShiftedRow = 10;
-constexpr int searchTextRole = Qt::UserRole;
-
-// What a user may type to find a text: width and case do not matter.
-QString searchText(const QString& text) {
-    return toHalfWidth(text).toLower();
-}
 
 // The controls, laid out on the screen.
 std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
@@ -36,6 +30,7 @@ std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
 
 要因構成登録::要因構成登録()
     : Screen(u"要因構成登録"_s), ui_(layOut(this)), tree_(ui_->TreeView1, ui_->TreeView2) {
+    search_ = new ListSearch(ui_->Text1, ui_->List1);
     setUpGrid();
     addStatusLine(ui_->Label8);
     ui_->Label6->setElideMode(Qt::ElideLeft); // the parent itself stands at the end of its path
@@ -45,7 +40,6 @@ std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onEvent(ui_->Combo2, &QComboBox::activated, [this] { Combo2_Click(); });
     onEvent(ui_->List1, &QListWidget::itemDoubleClicked, [this] { List1_DblClick(); });
-    onEvent(ui_->Text1, &QLineEdit::textChanged, [this] { Text1_Change(); });
     onEvent(ui_->SSTab1, &QTabWidget::currentChanged, [this] { SSTab1_Click(); });
     for (QTreeView* view : std::initializer_list<QTreeView*>{ui_->TreeView1, ui_->TreeView2})
         onEvent(view, &QTreeView::doubleClicked, [this] { TreeView1_DblClick(); });
@@ -92,22 +86,7 @@ void 要因構成登録::loadFactors() {
     ui_->List1->clear();
     for (const auto& [number, name] : StructList)
         ui_->List1->addItem(factorText(Value(number).toLong(), name));
-    Text1_Change();
-}
-
-// Narrows the list to what is searched for. Entries are only hidden, so that their positions stay.
-void 要因構成登録::Text1_Change() {
-    const QString wanted = searchText(ui_->Text1->text().trimmed());
-    int first = -1;
-    for (int row = 0; row < ui_->List1->count(); ++row) {
-        auto* item = ui_->List1->item(row);
-        if (!wanted.isEmpty() && item->data(searchTextRole).isNull())
-            item->setData(searchTextRole, searchText(item->text()));
-        const bool found = wanted.isEmpty() || item->data(searchTextRole).toString().contains(wanted);
-        item->setHidden(!found);
-        if (found && first < 0) first = row;
-    }
-    ui_->List1->setCurrentRow(first);
+    search_->apply();
 }
 
 void 要因構成登録::Combo1_Click() {
@@ -372,19 +351,10 @@ void 要因構成登録::moveRow(int by) {
     clearStatus();
 }
 
-// In the search field and the list: Enter takes the marked factor, Down goes from the field into the list.
+// In the search field and the list Enter takes the marked factor.
 bool 要因構成登録::searchKey(int key) {
-    switch (key) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            runEvent([this] { List1_DblClick(); });
-            ui_->Text1->selectAll();
-            return true;
-        case Qt::Key_Down:
-            if (ui_->List1->hasFocus()) return false;
-            ui_->List1->setFocus();
-            return true;
-        default:
-            return false;
-    }
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    runEvent([this] { List1_DblClick(); });
+    ui_->Text1->selectAll();
+    return true;
 }

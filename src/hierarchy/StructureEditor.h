@@ -8,6 +8,7 @@
 #include "hierarchy/StructureTables.h"
 #include "hierarchy/StructureTree.h"
 
+class ListSearch;
 namespace Ui {
 class StructureEditor;
 }
@@ -32,7 +33,6 @@ class 要因構成登録 : public Screen {
     void Command3_Click(); // delete a row
     void Command4_Click(); // go on to the next parent to fill
     void SSTab1_Click();
-    void Text1_Change();
     void TreeView1_DblClick();
 
     struct Problem {
@@ -76,6 +76,7 @@ class 要因構成登録 : public Screen {
 
     std::unique_ptr<Ui::StructureEditor> ui_;
     StructureTree tree_;
+    ListSearch* search_ = nullptr;  // owned by its field
     std::vector<Problem> problems_; // parallel to the entries of Combo1
     ParentList parents_;            // parallel to the entries of Combo2
     ChildList children_;            // by row, 0 to 19

@@ -18,6 +18,10 @@ QString proposedNumber() {
     return digitsAfterFirst(1000 + (highest[u"MAX_評価者番号"_s].toLong() + 1LL), 3);
 }
 
+QString shownNumber(double number) {
+    return formatNumber(number, u"000"_s);
+}
+
 } // namespace
 
 評価者登録::評価者登録()
@@ -39,6 +43,7 @@ void 評価者登録::Form_Load() {
     EvaluatorLoadFailed = 0;
     try {
         ui_->Text1->setText(proposedNumber());
+        ui_->Text3->setFocus(); // the number is there already
         Forms.show(list());
     } catch (const RuntimeError& error) {
         MsgText = error.description();
@@ -57,9 +62,11 @@ void 評価者登録::Command1_Click() {
     if (!same.eof()) return refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addEvaluator(number);
+    const QString next = proposedNumber();
     makeDurable();
     goTo(ui_->Text1);
     Forms.unload(list());
+    sayDone(shownNumber(number), ui_->Text3->text(), u"登録しました。次の番号は %1 です。"_s.arg(next));
 }
 
 void 評価者登録::addEvaluator(qint32 number) {
@@ -79,7 +86,9 @@ void 評価者登録::Command2_Click() {
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
     makeDurable();
+    sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
     for (auto* field : {ui_->Text1, ui_->Text3, ui_->Text4}) field->clear();
+    goTo(ui_->Text1);
     Forms.unload(list());
 }
 
@@ -89,6 +98,8 @@ void 評価者登録::Command3_Click() {
     if (evaluator.eof()) return refuseMissingEvaluator();
     fill(ui_->Text3, NullToEmpty(evaluator[u"評価者氏名"_s]));
     fill(ui_->Text4, NullToEmpty(evaluator[u"所属部門"_s]));
+    goTo(ui_->Text3);
+    sayDone(shownNumber(evaluator[u"評価者番号"_s].toLong()), ui_->Text3->text(), u"表示しました。"_s);
 }
 
 void 評価者登録::refuseMissingEvaluator() {

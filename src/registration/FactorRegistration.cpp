@@ -10,14 +10,19 @@ using namespace Common;
 
 namespace {
 
-constexpr FactorScreenKind factors{u"要因登録", u"要因番号", u"要因表示", false};
-constexpr FactorScreenKind problems{u"課題登録", u"課題要因番号", u"課題要因表示", true};
+constexpr FactorScreenKind factors{u"要因登録", u"要因番号", u"要因表示",
+                                   u"1 以上の数（ふつうは 1）。0 は課題です", false};
+constexpr FactorScreenKind problems{u"課題登録", u"課題要因番号", u"課題要因表示", u"課題は 0 です", true};
 
 // One past the highest number of all factors, problems or not.
 QString proposedNumber() {
     if (Recordset(u"SELECT * FROM 要因 "_s, *DbConn).eof()) return u"0001"_s;
     const Recordset highest(u"SELECT MAX(要因番号) as MAX_要因番号 FROM 要因 "_s, *DbConn);
     return digitsAfterFirst(10000 + (highest[u"MAX_要因番号"_s].toLong() + 1LL), 4);
+}
+
+QString shownNumber(double number) {
+    return formatNumber(number, u"0000"_s);
 }
 
 // Both screens close the list of all factors, so that it is rebuilt when it is next opened. The list of
@@ -36,6 +41,7 @@ FactorRegistration::FactorRegistration(const FactorScreenKind& kind)
     addStatusLine();
     setWindowTitle(name());
     ui_->Label1->setText(kind.numberLabel.toString());
+    ui_->Hint2->setText(kind.classHint.toString());
     onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"変更"_s, [this] { Command2_Click(); });
     onAction(ui_->Command3, u"表示"_s, [this] { Command3_Click(); });
@@ -48,6 +54,7 @@ void FactorRegistration::Form_Load() {
     MsgTitle = windowTitle();
     centre();
     ui_->Text1->setText(proposedNumber());
+    ui_->Text2->setFocus(); // the number is there already
     Forms.show(list());
 }
 
@@ -58,9 +65,11 @@ void FactorRegistration::Command1_Click() {
         return refuse(u"要因番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addFactor(number);
+    const QString next = proposedNumber();
     makeDurable();
     goTo(ui_->Text1);
     closeFactorList();
+    sayDone(shownNumber(number), ui_->Text3->text(), u"登録しました。次の番号は %1 です。"_s.arg(next));
 }
 
 bool FactorRegistration::canRegister() {
@@ -90,7 +99,9 @@ void FactorRegistration::Command2_Click() {
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
     makeDurable();
+    sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
     for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4}) field->clear();
+    goTo(ui_->Text1);
     closeFactorList();
 }
 
@@ -100,6 +111,8 @@ void FactorRegistration::Command3_Click() {
     fill(ui_->Text2, NullToEmpty(factor[u"要因区分"_s]));
     fill(ui_->Text3, NullToEmpty(factor[u"要因名"_s]));
     fill(ui_->Text4, NullToEmpty(factor[u"要因内容"_s]));
+    goTo(ui_->Text3);
+    sayDone(shownNumber(factor[u"要因番号"_s].toLong()), ui_->Text3->text(), u"表示しました。"_s);
 }
 
 bool FactorRegistration::factorExists() const {

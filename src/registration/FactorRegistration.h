@@ -14,6 +14,7 @@ struct FactorScreenKind {
     QStringView name;
     QStringView numberLabel;
     QStringView list;
+    QStringView classHint;
     bool registersProblems; // new factors must be of class 0
 };
 

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "platform/ListSearch.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
@@ -27,7 +28,7 @@ constexpr ListDialogKind candidateList{u"課題候補表示", u"課題候補一�
                                        PickUse::Shown};
 constexpr ListDialogKind problemList{u"課題要因表示", u"課題要因一覧", problemsSql, Rows::Factors,
                                      PickUse::Shown};
-constexpr ListDialogKind factorList{u"要因表示", u"要因一覧", factorsSql, Rows::Factors, PickUse::None};
+constexpr ListDialogKind factorList{u"要因表示", u"要因一覧", factorsSql, Rows::Factors, PickUse::None, true};
 constexpr ListDialogKind evaluatorList{u"評価者表示", u"評価者一覧", evaluatorsSql, Rows::Evaluators,
                                        PickUse::None};
 
@@ -92,6 +93,8 @@ void ListDialog::layOut() {
     ui_->Label3->setText(u"所属部門"_s);
     ui_->Label3->setVisible(ofEvaluators);
     ui_->Command1->setVisible(kind_.pickUse == PickUse::Picked);
+    ui_->Text1->setVisible(kind_.isSearchable);
+    new ListSearch(ui_->Text1, ui_->List1);
 
     const int column = QFontMetrics(font).horizontalAdvance(u' ');
     const int textMargin = ui_->List1->frameWidth() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;

@@ -26,6 +26,7 @@ struct ListDialogKind {
     QStringView sql;
     Rows rows;
     PickUse pickUse;
+    bool isSearchable = false;
 };
 
 class ListDialog : public Screen {
@@ -44,6 +45,8 @@ class ListDialog : public Screen {
     Ui::ListDialog& ui() { return *ui_; }
 
   private:
+    bool hasInput() const override { return false; } // what is searched for is no loss
+
     void layOut();
     void fitBesideScreen();
     QString row(const Recordset& record) const;

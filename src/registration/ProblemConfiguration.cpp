@@ -52,8 +52,10 @@ void 課題構成登録::Command1_Click() {
     }
     if (!confirm(u"登録しますか ？"_s)) return;
     addProblem();
+    const QString name = problemName();
     makeDurable();
     goTo(ui_->Text1);
+    sayDone(shownNumber(), name, u"登録しました。"_s);
 }
 
 bool 課題構成登録::problemCanBeConfigured() {
@@ -100,8 +102,11 @@ void 課題構成登録::Command2_Click() {
             .arg(number);
     if (!confirm(u"変更しますか ？"_s)) return;
     DbConn->execute(change);
+    const QString name = problemName();
     makeDurable();
+    sayDone(shownNumber(), name, u"変更しました。"_s);
     for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4, ui_->Text5}) field->clear();
+    goTo(ui_->Text1);
 }
 
 void 課題構成登録::Command3_Click() {
@@ -116,6 +121,19 @@ void 課題構成登録::Command3_Click() {
     fill(ui_->Text4, NullToZero(problem[u"最大分岐数"_s]).toText());
     ui_->Label6->setWholeText(NullToEmpty(problem[u"要因名"_s]));
     fill(ui_->Text5, NullToZero(problem[u"比較回数"_s]).toText());
+    goTo(ui_->Text2);
+    sayDone(shownNumber(), ui_->Label6->text(), u"表示しました。"_s);
+}
+
+// A configured problem may have lost its factor.
+QString 課題構成登録::problemName() const {
+    const Recordset factor(u"SELECT 要因名 FROM 要因 WHERE 要因番号 =%1"_s.arg(numberIn(ui_->Text1)),
+                           *DbConn);
+    return factor.eof() ? QString() : NullToEmpty(factor[u"要因名"_s]);
+}
+
+QString 課題構成登録::shownNumber() const {
+    return formatNumber(leadingNumber(ui_->Text1->text()), u"0000"_s);
 }
 
 void 課題構成登録::refuseMissingProblem() {

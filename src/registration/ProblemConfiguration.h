@@ -28,6 +28,8 @@ class 課題構成登録 : public RegistrationScreen {
     bool problemCanBeConfigured();
     bool settingsAreNumbers();
     void addProblem();
+    QString problemName() const;
+    QString shownNumber() const;
     void refuseMissingProblem();
 
     std::unique_ptr<Ui::ProblemConfiguration> ui_;

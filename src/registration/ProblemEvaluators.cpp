@@ -79,7 +79,7 @@ void 課題評価者登録::Command1_Click() {
     if (!confirm(u"当該課題に選択された評価者を登録しますか ？"_s)) return;
     DbConn->execute(u" DELETE FROM 課題評価者 WHERE 課題番号 = %1"_s.arg(problem()));
     assign(selectedEvaluators());
-    finishChange();
+    finishChange(u"登録しました。"_s);
 }
 
 void 課題評価者登録::Command2_Click() {
@@ -88,7 +88,7 @@ void 課題評価者登録::Command2_Click() {
     if (!isNew(evaluators)) return;
     if (!confirm(u"当該課題に選択された評価者を追加登録しますか ？"_s)) return;
     assign(evaluators);
-    finishChange();
+    finishChange(u"追加しました。"_s);
 }
 
 bool 課題評価者登録::isNew(const QStringList& evaluators) {
@@ -108,7 +108,7 @@ void 課題評価者登録::Command3_Click() {
     for (const auto& evaluator : selectedEvaluators())
         DbConn->execute(
             u" DELETE FROM 課題評価者 WHERE 課題番号 = %1 AND 評価者番号 = %2"_s.arg(problem(), evaluator));
-    finishChange();
+    finishChange(u"削除しました。"_s);
 }
 
 void 課題評価者登録::assign(const QStringList& evaluators) {
@@ -119,9 +119,11 @@ void 課題評価者登録::assign(const QStringList& evaluators) {
                    {u"役割"_s, u""_s}});
 }
 
-void 課題評価者登録::finishChange() {
+void 課題評価者登録::finishChange(const QString& done) {
     const auto assigned = assignedEvaluators();
     makeDurable();
     showEntries(ui_->List2, assigned);
+    say(u"%1この課題の評価者は %2 名です。"_s.arg(done).arg(assigned.size()));
     ui_->List1->clearSelection();
+    ui_->List1->setFocus();
 }

@@ -33,7 +33,7 @@ class 課題評価者登録 : public RegistrationScreen {
     bool isNew(const QStringList& evaluators);
     void assign(const QStringList& evaluators);
     std::vector<Common::NumberedName> assignedEvaluators() const;
-    void finishChange();
+    void finishChange(const QString& done);
 
     std::unique_ptr<Ui::ProblemEvaluators> ui_;
     // Parallel to the entries of the two lists.

@@ -31,6 +31,11 @@ bool RegistrationScreen::requireText(QLineEdit* field, const QString& text) {
     return !field->text().trimmed().isEmpty() || refusedAt(field, text);
 }
 
+void RegistrationScreen::sayDone(const QString& number, const QString& name, const QString& done) {
+    for (auto* field : findChildren<QLineEdit*>()) field->setModified(false);
+    say(u"%1 '%2' を%3"_s.arg(number, name, done));
+}
+
 void RegistrationScreen::fill(QLineEdit* field, const QString& text) {
     field->setText(text);
     field->home(false);

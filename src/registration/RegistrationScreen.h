@@ -23,6 +23,9 @@ class RegistrationScreen : public Screen {
     static bool requireNumberOrBlank(QLineEdit* field, const QString& text);
     static bool requireText(QLineEdit* field, const QString& text);
 
+    // "0007 '環境' を登録しました。": what the fields hold is stored, and no longer to be lost.
+    void sayDone(const QString& number, const QString& name, const QString& done);
+
     // Fills the field from a record and shows the text from its beginning.
     static void fill(QLineEdit* field, const QString& text);
     // The number that the field begins with, as statements look it up.

@@ -24,6 +24,10 @@ class ListDialogsTest : public RegistrationTest {
 TEST_F(ListDialogsTest, ListsFactorsAndKeepsPickListInStep) {
     EXPECT_EQ(shownRows(u"要因表示"), u"     0007      \n     0008      要因\n     2345      大'"_s);
     EXPECT_EQ(picks(), u"old|older old|older old|older at 5"_s);
+    type({{u"Text1", u"ヨウ"}});
+    EXPECT_EQ(entries(u"List1"), QString());
+    type({{u"Text1", u"０００８"}});
+    EXPECT_EQ(entries(u"List1"), u"     0008      要因"_s);
     EXPECT_EQ(shownRows(u"課題選択"), u"        7      \n     1234      大'"_s);
     EXPECT_EQ(picks(), u"7| 12345|大' at 5"_s);
     for (const auto dialog : {u"課題候補表示", u"課題要因表示"}) {

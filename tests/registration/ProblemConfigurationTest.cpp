@@ -41,6 +41,7 @@ TEST_F(ProblemConfigurationTest, RegistersChangesAndShows) {
     type({{u"Text1", u"２"}, {u"Text2", u"-1"}, {u"Text5", u"100000"}});
     click(u"Command1");
     EXPECT_EQ(fields(), u"２||-1|||100000"_s);
+    EXPECT_EQ(texts({u"Status"}), u"0002 '課題二' を登録しました。"_s);
     EXPECT_TRUE(hasFocus(screen, u"Text1"));
     click(u"Command3");
     EXPECT_EQ(fields(), u"２|課題二|-1|0|0|100000"_s); // empty levels and branches are 0

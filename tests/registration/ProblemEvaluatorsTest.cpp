@@ -43,6 +43,7 @@ TEST_F(ProblemEvaluatorsTest, ReplacesAddsAndRemoves) {
     EXPECT_TRUE(control<QListWidget>(screen, u"List1")->selectedItems().isEmpty());
     EXPECT_EQ(act({1}, u"Command2", u"当該課題に選択された評価者を追加登録しますか ？"_s),
               u"1|3| 1|20| 1|100| 12|3|他"_s);
+    EXPECT_EQ(texts({u"Status"}), u"追加しました。この課題の評価者は 3 名です。"_s);
     EXPECT_EQ(act({0, 1}, u"Command3", remove), u"1|100| 12|3|他"_s);
     EXPECT_EQ(act({1}, u"Command3", remove), u"1|100| 12|3|他"_s);
     EXPECT_EQ(entries(u"List2"), u"100 "_s);

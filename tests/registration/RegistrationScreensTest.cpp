@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QTest>
 
 #include "platform/TextConversion.h"
 #include "registration/RegistrationTest.h"
@@ -111,13 +112,22 @@ TEST_F(RegistrationScreensTest, RegistersNumbersOfSixteenBitsAfterAQuestion) {
     click(u"Command1");
     EXPECT_EQ(factors(), u"1|0|課題|goal 5|2|要因|NULL 32767|1||"_s);
     EXPECT_TRUE(hasFocus(screen, u"Text1"));
+    EXPECT_EQ(texts({u"Status"}), u"32767 '' を登録しました。次の番号は 2768 です。"_s);
+    QTest::keyClick(control(screen, u"Text1"), Qt::Key_Escape); // nothing is left to be lost
+    EXPECT_FALSE(isOpen(screen));
 }
 
 TEST_F(RegistrationScreensTest, ProblemsBecomeFactorsByChangeAndTheirListStaysOpen) {
     open(u"課題登録");
     Common::Forms.show(u"要因表示"_s);
-    type({{u"Text1", u"1"}, {u"Text2", u"4"}, {u"Text3", u"n"}});
+    type({{u"Text1", u"1"}});
+    click(u"Command3");
+    EXPECT_EQ(texts({u"Status"}), u"0001 '課題' を表示しました。"_s);
+    EXPECT_TRUE(hasFocus(screen, u"Text3"));
+    type({{u"Text2", u"4"}, {u"Text3", u"n"}});
     click(u"Command2");
+    EXPECT_EQ(texts({u"Status"}), u"0001 'n' を変更しました。"_s);
+    EXPECT_TRUE(hasFocus(screen, u"Text1"));
     EXPECT_EQ(factors(), u"1|4|n| 5|2|要因|NULL"_s);
     EXPECT_FALSE(isOpen(u"要因表示"));
     EXPECT_TRUE(isOpen(u"課題要因表示"));

@@ -36,7 +36,8 @@ class RegistrationTest : public ScreenTest {
     QString entries(QStringView list) {
         QStringList found;
         const auto* box = control<QListWidget>(screen, list);
-        for (int row = 0; row < box->count(); ++row) found << box->item(row)->text();
+        for (int row = 0; row < box->count(); ++row)
+            if (!box->item(row)->isHidden()) found << box->item(row)->text();
         return found.join(u'\n');
     }
 
