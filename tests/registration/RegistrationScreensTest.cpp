@@ -124,7 +124,7 @@ TEST_F(RegistrationScreensTest, ProblemsBecomeFactorsByChangeAndTheirListStaysOp
     click(u"Command3");
     EXPECT_EQ(texts({u"Status"}), u"0001 '課題' を表示しました。"_s);
     EXPECT_TRUE(hasFocus(screen, u"Text3"));
-    type({{u"Text2", u"4"}, {u"Text3", u"n"}});
+    type({{u"Text2", u"4"}, {u"Text3", u"n"}, {u"Text4", u""}});
     click(u"Command2");
     EXPECT_EQ(texts({u"Status"}), u"0001 'n' を変更しました。"_s);
     EXPECT_TRUE(hasFocus(screen, u"Text1"));
