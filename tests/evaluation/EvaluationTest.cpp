@@ -36,9 +36,10 @@ class EvaluationTest : public ScreenTest {
             run(u"insert into 一対比較 select %1,'',比較表示順,7 from 一対比較"
                 " where 課題番号=1 and 比較回数=1 and 評価者番号<100"_s.arg(
                     other.arg(u"目的要因番号,比較元要因番号,比較対象要因番号"_s)));
-            run(u"insert into 評価結果 select distinct %1,7,1,7 from 一対比較"
-                " where 課題番号=1 and 比較回数=1 and 評価者番号<100"_s.arg(
-                    other.arg(u"目的要因番号,比較元要因番号"_s)));
+            for (const int level : {0, 1})
+                run(u"insert into 評価結果 select distinct %1,7,%2,7 from 一対比較"
+                    " where 課題番号=1 and 比較回数=1 and 評価者番号<100"_s.arg(
+                        other.arg(u"目的要因番号,比較元要因番号"_s), QString::number(level)));
         }
     }
     QStringList surroundings() {
