@@ -1,15 +1,8 @@
 // What choosing a problem and saving a parent cost in the structure editor's tables, by the number of nodes.
 #include "hierarchy/StructureTables.h"
 
-#include <benchmark/benchmark.h>
-
-#include <QDir>
-#include <QTemporaryDir>
-
+#include "Measured.h"
 #include "core/Common.h"
-#include "core/Database.h"
-#include "core/Schema.h"
-#include "platform/DatabaseFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,13 +13,8 @@ constexpr int childrenOfEach = 10;
 constexpr int levels = 5;
 
 // A full tree of `nodes` factors below problem 1.
-class Problem {
-  public:
+struct Problem : MeasuredDirectory {
     explicit Problem(int nodes) {
-        QDir(directory_.path()).mkpath(u"DB"_s);
-        createEncryptedDatabase(directory_.path() + u"/DB/Hollin.mdb"_s, databasePassword);
-        Common::openDatabase(directory_.path());
-        createSchema(*Common::DbConn);
         const QString numbers =
             u"WITH RECURSIVE n(i) AS (SELECT 0 UNION SELECT i + 1 FROM n WHERE i < %1) "_s;
         Common::DbConn->execute(u"INSERT INTO 要因 "_s + numbers.arg(factors) +
@@ -35,10 +23,6 @@ class Problem {
                                 u"SELECT 1,i / %1 + 1,i + 2,i % %1 + 1,'1' FROM n"_s.arg(childrenOfEach));
         Common::DbConn->endUnitOfWork();
     }
-    ~Problem() { Common::DbConn.reset(); }
-
-  private:
-    QTemporaryDir directory_;
 };
 
 void choose(benchmark::State& state) {
@@ -72,5 +56,5 @@ void save(benchmark::State& state) {
 
 } // namespace
 
-BENCHMARK(choose)->Arg(750)->Arg(1500)->Arg(3000)->Unit(benchmark::kMillisecond)->Complexity();
-BENCHMARK(save)->Arg(750)->Arg(1500)->Arg(3000)->Unit(benchmark::kMillisecond)->Complexity();
+BENCHMARK(choose)->Apply(numbers<750, 1500, 3000>)->Complexity();
+BENCHMARK(save)->Apply(numbers<750, 1500, 3000>)->Complexity();
