@@ -5,8 +5,8 @@
 
 #include "analysis/FactorValues.h"
 #include "core/Common.h"
+#include "core/EvaluatorRound.h"
 #include "core/FactorNames.h"
-#include "evaluation/EvaluatorRound.h"
 #include "output/ReportPage.h"
 #include "output/RoundResults.h"
 #include "platform/Numbers.h"

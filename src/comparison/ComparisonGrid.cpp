@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "comparison/StoredComparisons.h"
+#include "core/AnsweredGoals.h"
 #include "judgement/ComparisonScale.h"
 #include "judgement/ItemMark.h"
 #include "platform/Colours.h"
@@ -54,14 +56,9 @@ void 比較値設定::Form_Load() {
     ui_->CmbCell->hide();
     ui_->Label2->setText(u"%1　　評価者 %2　　%3 回目　　%4"_s.arg(CmpProblemName, CmpEvaluatorName,
                                                                    QString::number(CmpRound), CmpDate));
-    for (Recordset rows(
-             u"SELECT T1.課題番号,T1.親要因番号,T3.要因名 FROM 要因構成 T1,要因 T3 "
-             "WHERE T1.課題番号 = %1 AND T1.親要因番号 = T3.要因番号 "
-             "GROUP BY T1.課題番号,T1.親要因番号,T3.要因名 ORDER BY T1.親要因番号 "_s.arg(CmpProblemNo),
-             *DbConn);
-         !rows.eof(); rows.moveNext()) {
-        goals_.push_back(rows[u"親要因番号"_s].toLong());
-        ui_->Combo1->addItem(formatNumber(goals_.back(), u"0000"_s) + u' ' + NullToEmpty(rows[u"要因名"_s]));
+    for (const auto& goal : readGoals(*DbConn, CmpProblemNo)) {
+        goals_.push_back(goal.number);
+        ui_->Combo1->addItem(formatNumber(goal.number, u"0000"_s) + u' ' + goal.name);
     }
     ui_->MSFlexGrid1->showOnly(1, 1);
     showProgress();
@@ -74,7 +71,8 @@ void 比較値設定::Command1_Click() {
     const int chosen = ui_->Combo1->currentIndex();
     if (chosen < 0) return refuseWithoutGoal();
     const auto goalNo = goals_.at(static_cast<std::size_t>(chosen));
-    readChildren(goalNo);
+    for (const auto& child : readChildren(*DbConn, CmpProblemNo, goalNo))
+        showChild(++itemCount_, child.number, child.name);
     goalNo_ = goalNo; // only a goal whose children are all shown can be saved
     ui_->MSFlexGrid1->showOnly(itemCount_ + 1, itemCount_ + 1);
     ui_->MSFlexGrid1->setCurrent(1, 2);
@@ -107,17 +105,6 @@ void 比較値設定::clearGrid() {
     ui_->MSFlexGrid1->setText(0, 0, u"   比較元要因／比較先要因"_s);
     ui_->MSFlexGrid1->showOnly(1, 1);
     showProgress();
-}
-
-void 比較値設定::readChildren(qint32 goalNo) {
-    for (Recordset rows(
-             u"SELECT T1.課題番号,T1.子要因番号,T1.子要因表示順,T3.要因名 FROM 要因構成 T1,要因 T3 "
-             "WHERE T1.課題番号 = %1 AND T1.親要因番号 = %2 AND T1.子要因番号 = T3.要因番号 "
-             " ORDER BY T1.子要因表示順 "_s.arg(CmpProblemNo)
-                 .arg(goalNo),
-             *DbConn);
-         !rows.eof(); rows.moveNext())
-        showChild(++itemCount_, rows[u"子要因番号"_s].toLong(), NullToEmpty(rows[u"要因名"_s]));
 }
 
 void 比較値設定::showChild(int item, qint32 factorNo, const QString& factorName) {
@@ -185,28 +172,11 @@ std::optional<std::pair<int, int>> 比較値設定::firstUnset() const {
 }
 
 void 比較値設定::replaceComparisons() {
-    DbConn->execute(
-        u" DELETE FROM 一対比較 WHERE 課題番号 = %1AND 目的要因番号 = %2AND 比較回数 = %3AND 評価者番号 = %4"_s
-            .arg(CmpProblemNo)
-            .arg(*goalNo_)
-            .arg(CmpRound)
-            .arg(CmpEvaluatorNo));
-    Recordset table(u"一対比較"_s, *DbConn);
-    int pair = 0;
-    forEachPair(itemCount_, [&](int row, int column) {
-        table.addNew();
-        table.setField(u"課題番号"_s, CmpProblemNo);
-        table.setField(u"目的要因番号"_s, *goalNo_);
-        table.setField(u"比較元要因番号"_s, items_[row]);
-        table.setField(u"比較対象要因番号"_s, items_[column]);
-        table.setField(u"評価者番号"_s, CmpEvaluatorNo);
-        table.setField(u"比較回数"_s, CmpRound);
-        table.setField(u"比較日付"_s, CmpDate);
-        table.setField(u"比較表示順"_s, ++pair);
-        table.setField(u"比較値"_s, static_cast<double>(values_[row - 1][column - 1]));
-        table.update();
-    });
-    table.close();
+    std::vector<qint32> items;
+    for (int item = 1; item <= itemCount_; ++item) items.push_back(items_[item]);
+    std::vector<float> values;
+    forEachPair(itemCount_, [&](int row, int column) { values.push_back(values_[row - 1][column - 1]); });
+    saveComparisons({*DbConn, CmpProblemNo, CmpEvaluatorNo, CmpRound}, *goalNo_, CmpDate, items, values);
 }
 
 void 比較値設定::Command3_Click() {

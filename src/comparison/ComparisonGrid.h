@@ -32,7 +32,6 @@ class 比較値設定 : public Screen {
     void showGoal();
     void clearGrid();
     void refuseWithoutGoal();
-    void readChildren(qint32 goalNo);
     void showChild(int item, qint32 factorNo, const QString& factorName);
     // The first pair without a value, row and column of the grid.
     std::optional<std::pair<int, int>> firstUnset() const;

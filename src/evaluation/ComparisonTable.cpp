@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "core/EvaluatorRound.h"
 #include "evaluation/ChildLimit.h"
-#include "evaluation/EvaluatorRound.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 

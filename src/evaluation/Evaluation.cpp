@@ -1,7 +1,7 @@
 #include "evaluation/Evaluation.h"
 
 #include "core/Common.h"
-#include "evaluation/EvaluatorRound.h"
+#include "core/EvaluatorRound.h"
 #include "evaluation/InconsistencyReport.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"

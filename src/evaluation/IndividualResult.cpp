@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "core/Common.h"
+#include "core/EvaluatorRound.h"
 #include "core/FactorNames.h"
 #include "evaluation/ComparisonTable.h"
-#include "evaluation/EvaluatorRound.h"
 #include "hierarchy/FamilyRows.h"
 #include "hierarchy/TreePlace.h"
 #include "output/ReportPage.h"

@@ -1,9 +1,9 @@
 #include "evaluation/LocalWeights.h"
 
 #include "core/Common.h"
+#include "core/EvaluatorRound.h"
 #include "core/FactorNames.h"
 #include "evaluation/ChildLimit.h"
-#include "evaluation/EvaluatorRound.h"
 #include "judgement/Consistency.h"
 #include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "evaluation/EvaluatorRound.h"
+#include "core/EvaluatorRound.h"
 #include "hierarchy/Descent.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"

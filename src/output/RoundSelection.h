@@ -7,14 +7,7 @@
 #include <optional>
 #include <vector>
 
-class Connection;
-
-// A round of a problem.
-struct ProblemRound {
-    Connection& connection;
-    qint32 problemNo;
-    qint16 round;
-};
+#include "core/EvaluatorRound.h"
 
 struct ChosenEvaluator {
     qint32 number;

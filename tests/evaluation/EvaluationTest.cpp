@@ -1,6 +1,6 @@
 // Local weights, synthesis and the calculation screen against values worked out by an eigenvector routine of
 // another tool from the same comparisons.
-#include "evaluation/EvaluatorRound.h"
+#include "core/EvaluatorRound.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "judgement/PowerMethod.h"

@@ -5,7 +5,7 @@
 
 #include <QDir>
 
-#include "evaluation/EvaluatorRound.h"
+#include "core/EvaluatorRound.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "output/MadeFiles.h"

@@ -1,8 +1,18 @@
-// One evaluator's part of a round.
+// Whose comparisons and results a procedure is about.
 #pragma once
 
-#include "output/RoundSelection.h"
+#include <QtGlobal>
 
+class Connection;
+
+// A round of a problem.
+struct ProblemRound {
+    Connection& connection;
+    qint32 problemNo;
+    qint16 round;
+};
+
+// One evaluator's part of a round.
 struct EvaluatorRound {
     Connection& connection;
     qint32 problemNo;
