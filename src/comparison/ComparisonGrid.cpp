@@ -2,13 +2,16 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QScreen>
 #include <algorithm>
 
 #include "comparison/StoredComparisons.h"
-#include "core/AnsweredGoals.h"
+#include "judgement/AnswerCheck.h"
 #include "judgement/ComparisonScale.h"
 #include "judgement/ItemMark.h"
-#include "platform/Colours.h"
+#include "judgement/Limits.h"
+#include "platform/ElidedLabel.h"
+#include "platform/ListMark.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "platform/TextConversion.h"
@@ -19,14 +22,33 @@ using namespace Common;
 
 namespace {
 
-constexpr int gridSize = 21; // the fixed row and 20 items
-constexpr int cellWidth = 64;
+constexpr int gridSize = mostChildren + 1; // the fixed row and the items
+constexpr double cellWidth = 3;            // in heights of a line of text
+constexpr double rowHeight = 1.6;
+constexpr int namesInSentence = 5; // a name takes at most this part of the line's width
+const int equalPosition = nearestPosition(1);
 
-// The pairs of n items, row by row over the upper triangle.
-template <typename Visit>
-void forEachPair(int n, Visit visit) {
-    for (int row = 1; row < n; ++row)
-        for (int column = row + 1; column <= n; ++column) visit(row, column);
+// The words of the odd steps of the scale: "1 同じくらい重要　3 やや重要 …".
+QString scaleLegend() {
+    QString legend;
+    for (int position = equalPosition; position >= 0; position -= 2)
+        legend += scaleText(position) + u' ' + scaleWords(position) + u"　"_s;
+    return legend + u"（1/3 なら、列の要因のほうがやや重要）"_s;
+}
+
+// Children of the goal factor that has the most.
+int mostSiblings(qint32 problemNo) {
+    return readNumber(
+        u"SELECT coalesce(max(children),0) AS most FROM (SELECT count(*) AS children FROM 要因構成 "
+        "WHERE 課題番号 = %1 GROUP BY 親要因番号)"_s.arg(problemNo),
+        *DbConn);
+}
+
+QString consistencyText(const Consistency& consistency) {
+    return u"整合度 CI %1（限度 %2）　整合比 CR %3（限度 %4）　%5"_s.arg(
+        formatNumber(std::max(consistency.index, 0.0), u"0.000"_s), decimalText(consistencyIndexLimit),
+        formatNumber(std::max(consistency.ratio, 0.0), u"0.000"_s), decimalText(consistencyRatioLimit),
+        consistency.isAcceptable() ? u"整合しています。"_s : u"限度を超えています。"_s);
 }
 
 } // namespace
@@ -34,50 +56,102 @@ void forEachPair(int n, Visit visit) {
 比較値設定::比較値設定() : Screen(u"比較値設定"_s), ui_(std::make_unique<Ui::ComparisonGrid>()) {
     ui_->setupUi(this);
     addStatusLine();
-    ui_->MSFlexGrid1->setSize(gridSize, gridSize);
-    ui_->MSFlexGrid1->horizontalHeader()->setDefaultSectionSize(cellWidth);
-    ui_->MSFlexGrid1->setCellAlignment(Qt::AlignCenter);
-    ui_->MSFlexGrid1->installEventFilter(this);
-    ui_->CmbCell->setParent(ui_->MSFlexGrid1->viewport());
+    auto* grid = ui_->MSFlexGrid1;
+    grid->setCellAlignment(Qt::AlignCenter);
+    grid->setSize(gridSize, gridSize);
+    for (int row = 1; row < gridSize; ++row)
+        for (int column = 1; column <= row; ++column) grid->setClosed(row, column);
+    grid->horizontalHeader()->setDefaultSectionSize(static_cast<int>(cellWidth * fontMetrics().height()));
+    grid->verticalHeader()->setDefaultSectionSize(static_cast<int>(rowHeight * fontMetrics().height()));
+    grid->installEventFilter(this);
+    ui_->CmbCell->setParent(grid->viewport());
+    ui_->CmbCell->view()->installEventFilter(this);
     ui_->CmbCell->view()->window()->installEventFilter(this);
+    onChoice(ui_->Combo1, [this] { Combo1_Click(); });
     onAction(ui_->Command1, u"評価開始"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"評価終了"_s, [this] { Command2_Click(); });
     onEvent(ui_->Command3, &QPushButton::clicked, [this] { Command3_Click(); });
+    onAction(ui_->Command4, u"評価開始"_s, [this] { Command4_Click(); });
     onEvent(ui_->CmbCell, &QComboBox::activated, [this] { CmbCell_Click(ui_->CmbCell->currentIndex()); });
-    connect(ui_->MSFlexGrid1, &QTableWidget::cellClicked, this,
+    connect(grid, &QTableWidget::cellClicked, this,
             [this](int row, int column) { MSFlexGrid1_Click(row + 1, column + 1); });
+    connect(grid, &QTableWidget::currentCellChanged, this, [this] {
+        typed_ = Typed::Nothing;
+        showSentence();
+    });
+    connect(ui_->CmbCell->view()->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { showSentence(); });
 }
 
 比較値設定::~比較値設定() = default;
 
 void 比較値設定::Form_Load() {
     MsgTitle = windowTitle();
-    for (int position = 0; position < scalePositions; ++position) ui_->CmbCell->addItem(scaleText(position));
-    ui_->CmbCell->hide();
-    ui_->Label2->setText(u"%1　　評価者 %2　　%3 回目　　%4"_s.arg(CmpProblemName, CmpEvaluatorName,
-                                                                   QString::number(CmpRound), CmpDate));
-    for (const auto& goal : readGoals(*DbConn, CmpProblemNo)) {
-        goals_.push_back(goal.number);
-        ui_->Combo1->addItem(formatNumber(goal.number, u"0000"_s) + u' ' + goal.name);
+    for (int position = 0; position < scalePositions; ++position) {
+        ui_->CmbCell->addItem(scaleText(position));
+        ui_->CmbCell->setItemData(position, scaleWords(position), Qt::ToolTipRole);
     }
-    ui_->MSFlexGrid1->showOnly(1, 1);
-    showProgress();
+    ui_->CmbCell->hide();
+    ui_->Label2->setWholeText(CmpProblemName);
+    ui_->Label8->setWholeText(scaleLegend());
+    ui_->Label9->setWholeText(u"評価者 "_s + CmpEvaluatorName);
+    ui_->Label10->setText(u"%1 回目　　%2"_s.arg(CmpRound).arg(CmpDate));
+    goals_ = readGoals(*DbConn, CmpProblemNo);
+    for (const auto& goal : goals_) {
+        ui_->Combo1->addItem(formatNumber(goal.number, u"0000"_s) + u' ' + goal.name);
+        ui_->Combo1->setItemData(ui_->Combo1->count() - 1, plainToolTip(goal.name), Qt::ToolTipRole);
+    }
+    answered_ = readAnsweredGoals(session());
+    showStored();
+    ui_->MSFlexGrid1->setText(0, 0, u"   比較元要因／比較先要因"_s);
+    const int largest = mostSiblings(CmpProblemNo) + 1;
+    ui_->MSFlexGrid1->showOnly(largest, largest);
+    ui_->MSFlexGrid1->claimNeededSize();
     centre();
+    clearGrid();
+}
+
+EvaluatorRound 比較値設定::session() const {
+    return {*DbConn, CmpProblemNo, CmpEvaluatorNo, CmpRound};
+}
+
+void 比較値設定::Combo1_Click() {
+    if (!goalNo_ || goals_.at(static_cast<std::size_t>(ui_->Combo1->currentIndex())).number == *goalNo_)
+        return;
+    if (!mayDiscardValues()) return showGoal();
+    clearGrid();
+    say(u"評価開始(S) を押すと、比較値を入力できます。"_s);
 }
 
 void 比較値設定::Command1_Click() {
     if (!mayDiscardValues()) return showGoal();
+    startGoal();
+}
+
+void 比較値設定::Command4_Click() {
+    const auto next = nextOpenGoal();
+    if (!next) return say(u"すべての目的要因が登録されています。"_s);
+    if (!mayDiscardValues()) return;
+    ui_->Combo1->setCurrentIndex(*next);
+    startGoal();
+}
+
+void 比較値設定::startGoal() {
     clearGrid();
     const int chosen = ui_->Combo1->currentIndex();
     if (chosen < 0) return refuseWithoutGoal();
-    const auto goalNo = goals_.at(static_cast<std::size_t>(chosen));
-    for (const auto& child : readChildren(*DbConn, CmpProblemNo, goalNo))
-        showChild(++itemCount_, child.number, child.name);
+    const auto goalNo = goals_.at(static_cast<std::size_t>(chosen)).number;
+    auto children = readChildren(*DbConn, CmpProblemNo, goalNo);
+    const int n = static_cast<int>(children.size());
+    for (int item = 1; item <= n; ++item) showChild(item, children[static_cast<std::size_t>(item - 1)]);
     goalNo_ = goalNo; // only a goal whose children are all shown can be saved
-    ui_->MSFlexGrid1->showOnly(itemCount_ + 1, itemCount_ + 1);
-    ui_->MSFlexGrid1->setCurrent(1, 2);
+    children_ = std::move(children);
+    entry_ = PairEntry(n);
+    ui_->MSFlexGrid1->showOnly(n + 1, n + 1);
+    fitWindow();
+    goTo({1, 2});
     ui_->MSFlexGrid1->setFocus();
-    showProgress();
+    showState();
 }
 
 void 比較値設定::refuseWithoutGoal() {
@@ -86,174 +160,319 @@ void 比較値設定::refuseWithoutGoal() {
 
 // What was typed and not saved must not vanish by a slip of the hand.
 bool 比較値設定::mayDiscardValues() {
-    return !unsaved_ || confirmDiscard(u"保存されていない比較値があります。破棄しますか ？"_s);
+    return !entry_.isUnsaved() || confirmDiscard(u"保存されていない比較値があります。破棄しますか ？"_s);
 }
 
-// The list shows the goal factor whose grid stands below, whatever was looked at in it meanwhile.
+// The list shows the goal factor whose grid stands below.
 void 比較値設定::showGoal() {
-    const auto goal = std::ranges::find(goals_, goalNo_);
+    const auto goal = std::ranges::find(goals_, goalNo_, &Factor::number);
     if (goal != goals_.end()) ui_->Combo1->setCurrentIndex(static_cast<int>(goal - goals_.begin()));
 }
 
 void 比較値設定::clearGrid() {
     hideChooser();
-    values_ = {};
-    unsaved_ = false;
-    itemCount_ = 0;
+    entry_ = PairEntry();
+    children_.clear();
     goalNo_.reset();
     ui_->MSFlexGrid1->clearTexts();
     ui_->MSFlexGrid1->setText(0, 0, u"   比較元要因／比較先要因"_s);
     ui_->MSFlexGrid1->showOnly(1, 1);
-    showProgress();
+    showState();
 }
 
-void 比較値設定::showChild(int item, qint32 factorNo, const QString& factorName) {
+void 比較値設定::showChild(int item, const Factor& child) {
     auto* grid = ui_->MSFlexGrid1;
-    items_[item] = factorNo;
     grid->setText(0, item, u"   "_s + itemMark(item));
-    grid->setText(item, 0, itemMark(item) + formatNumber(factorNo, u"0000"_s) + factorName);
+    grid->setHint(0, item, itemMark(item) + child.name);
+    grid->setText(item, 0, itemMark(item) + formatNumber(child.number, u"0000"_s) + child.name);
     grid->setText(item, item, u"   －"_s);
-    for (int column = 1; column <= item; ++column) grid->shade(item, column, closedCell(palette()));
+}
+
+// As large as the grid needs; the window never shrinks under the user's hand, and stays on the screen.
+void 比較値設定::fitWindow() {
+    ui_->MSFlexGrid1->claimNeededSize();
+    fitToScreen(size().expandedTo(sizeHint()));
+    const QRect free = screen()->availableGeometry();
+    const QPoint lowest = free.bottomRight() - QPoint(width(), height()) - (geometry().topLeft() - pos());
+    move(std::clamp(x(), free.left(), std::max(free.left(), lowest.x())),
+         std::clamp(y(), free.top(), std::max(free.top(), lowest.y())));
+}
+
+PairCell 比較値設定::current() const {
+    return {ui_->MSFlexGrid1->row(), ui_->MSFlexGrid1->column()};
+}
+
+void 比較値設定::goTo(PairCell cell) {
+    ui_->MSFlexGrid1->setCurrent(cell.row, cell.column);
+    ui_->MSFlexGrid1->showCurrent();
 }
 
 void 比較値設定::MSFlexGrid1_Click(int row, int column) {
     hideChooser();
-    if (!isEntryCell(row, column)) return;
+    if (!entry_.isPair({row, column})) return;
     auto* chooser = ui_->CmbCell;
+    ui_->MSFlexGrid1->showCurrent();
     chooser->setGeometry(ui_->MSFlexGrid1->cellRect(row, column));
     chooser->setCurrentIndex(chooser->findText(ui_->MSFlexGrid1->text(row, column)));
     chooser->show();
     chooser->setFocus();
     chooser->showPopup();
-    // Enter on a cell without a value must not choose the first entry, "9".
-    if (chooser->currentIndex() < 0) chooser->view()->setCurrentIndex({});
-}
-
-bool 比較値設定::isEntryCell(int row, int column) const {
-    return column > row && row >= 1 && row != gridSize - 1 && column <= itemCount_;
+    // Without a value the list opens in its middle: as far from 9 as from 1/9.
+    if (chooser->currentIndex() < 0)
+        chooser->view()->setCurrentIndex(chooser->model()->index(equalPosition, chooser->modelColumn()));
 }
 
 void 比較値設定::CmbCell_Click(int position) {
-    auto* grid = ui_->MSFlexGrid1;
-    if (position < 0 || !isEntryCell(grid->row(), grid->column())) return;
-    setCell(grid->row(), grid->column(), position);
     hideChooser();
-    grid->setFocus();
+    ui_->MSFlexGrid1->setFocus();
+    if (position >= 0 && entry_.isPair(current())) enter(current(), position);
 }
 
-void 比較値設定::setCell(int row, int column, int position) {
-    ui_->MSFlexGrid1->setText(row, column, scaleText(position));
-    ui_->MSFlexGrid1->setText(column, row, scaleText(mirrorPosition(position)));
-    ui_->MSFlexGrid1->shade(column, row, closedCell(palette()));
-    values_[row - 1][column - 1] = scaleValue(position);
-    unsaved_ = true;
-    showProgress();
+// A complete value: the grid goes on to the next open pair, and the status line keeps what was entered.
+void 比較値設定::enter(PairCell cell, int position) {
+    entry_.set(cell, position);
+    showCell(cell);
+    goOn(cell);
+}
+
+void 比較値設定::goOn(PairCell from) {
+    typed_ = Typed::Nothing;
+    if (const auto position = entry_.position(from))
+        say(comparisonSentence(shortName(from.row), shortName(from.column), *position));
+    if (const auto open = entry_.nextOpen(from)) goTo(*open);
+    showState();
+}
+
+void 比較値設定::showCell(PairCell cell) {
+    const auto position = entry_.position(cell);
+    auto* grid = ui_->MSFlexGrid1;
+    grid->setText(cell.row, cell.column, position ? scaleText(*position) : QString());
+    grid->setText(cell.column, cell.row, position ? scaleText(mirrorPosition(*position)) : QString());
+}
+
+void 比較値設定::clearCell() {
+    if (std::exchange(typed_, Typed::Nothing) != Typed::Slash && entry_.isPair(current()) &&
+        entry_.position(current())) {
+        entry_.set(current(), std::nullopt);
+        showCell(current());
+    }
+    showState();
+}
+
+void 比較値設定::undo() {
+    const auto cell = entry_.undo();
+    if (!cell) return;
+    showCell(*cell);
+    goTo(*cell);
+    typed_ = Typed::Nothing;
+    showState();
 }
 
 void 比較値設定::Command2_Click() {
     if (!goalNo_) return refuseWithoutGoal();
-    if (const auto unset = firstUnset()) {
+    if (const auto open = entry_.nextOpen()) {
         refuseAt(ui_->MSFlexGrid1, u"比較値の未設定があります、全てを設定してください"_s);
-        return ui_->MSFlexGrid1->setCurrent(unset->first, unset->second);
+        return goTo(*open);
     }
-    replaceComparisons();
-    makeDurable(); // only what is on the disk counts as saved
-    unsaved_ = false;
-    showGoal();
-    showProgress(u"登録しました。"_s);
-}
-
-std::optional<std::pair<int, int>> 比較値設定::firstUnset() const {
-    std::optional<std::pair<int, int>> unset;
-    forEachPair(itemCount_, [&](int row, int column) {
-        if (!unset && values_[row - 1][column - 1] == 0) unset = {row, column};
-    });
-    return unset;
-}
-
-void 比較値設定::replaceComparisons() {
     std::vector<qint32> items;
-    for (int item = 1; item <= itemCount_; ++item) items.push_back(items_[item]);
-    std::vector<float> values;
-    forEachPair(itemCount_, [&](int row, int column) { values.push_back(values_[row - 1][column - 1]); });
-    saveComparisons({*DbConn, CmpProblemNo, CmpEvaluatorNo, CmpRound}, *goalNo_, CmpDate, items, values);
+    for (const auto& child : children_) items.push_back(child.number);
+    saveComparisons(session(), *goalNo_, CmpDate, items, entry_.values());
+    auto answered = readAnsweredGoals(session());
+    makeDurable(); // only what is on the disk counts as saved
+    answered_ = std::move(answered);
+    entry_.markSaved();
+    showStored();
+    const auto next = nextOpenGoal();
+    say(next ? u"登録しました。次は %1 です。"_s.arg(ui_->Combo1->itemText(*next))
+             : u"登録しました。すべての目的要因が登録されています。"_s);
+    (next ? ui_->Command4 : ui_->Command3)->setFocus();
 }
 
 void 比較値設定::Command3_Click() {
-    if (unsaved_ && !confirmDiscard(u"保存されていない比較値があります。終了しますか ？"_s)) return;
+    if (entry_.isUnsaved() && !confirmDiscard(u"保存されていない比較値があります。終了しますか ？"_s)) return;
     leaveTo(u"メニュー"_s);
 }
 
-// "12 / 21 組" and what was done last, under the grid.
-void 比較値設定::showProgress(const QString& note) {
-    int set = 0;
-    forEachPair(itemCount_, [&](int row, int column) { set += values_[row - 1][column - 1] != 0; });
-    const int pairs = itemCount_ * (itemCount_ - 1) / 2;
-    ui_->Label3->setText(itemCount_ == 0 ? note : u"入力済 %1 / %2 組　　%3"_s.arg(set).arg(pairs).arg(note));
+// Behind the chosen goal factor in the list, else from its beginning.
+std::optional<int> 比較値設定::nextOpenGoal() const {
+    const int count = static_cast<int>(goals_.size());
+    for (int step = 1; step <= count; ++step) {
+        const int entry = (ui_->Combo1->currentIndex() + step) % count;
+        const auto goalNo = goals_[static_cast<std::size_t>(entry)].number;
+        if (answered_.goals.contains(goalNo) && !answered_.isAnswered(CmpEvaluatorNo, goalNo)) return entry;
+    }
+    return std::nullopt;
 }
 
 void 比較値設定::hideChooser() {
-    reciprocalTyped_ = false;
     ui_->CmbCell->hidePopup();
     ui_->CmbCell->hide();
 }
 
 bool 比較値設定::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == ui_->MSFlexGrid1 && event->type() == QEvent::KeyPress)
-        return gridKey(static_cast<QKeyEvent*>(event));
+    auto* chooser = ui_->CmbCell;
+    if (event->type() == QEvent::KeyPress) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (watched == ui_->MSFlexGrid1) return gridKey(key);
+        if (watched == chooser->view() && typeKey(key)) return true;
+    }
     // A chooser whose list was closed without a choice must not stay: the wheel or an arrow would choose.
-    if (watched == ui_->CmbCell->view()->window() && event->type() == QEvent::Hide) {
-        ui_->CmbCell->hide();
+    if (watched == chooser->view()->window() && event->type() == QEvent::Hide) {
+        chooser->hide();
         ui_->MSFlexGrid1->setFocus();
+        showSentence();
     }
     return Screen::eventFilter(watched, event);
 }
 
-// The whole grid can be filled without the mouse: arrows move, Enter and F2 open the chooser, a digit
-// chooses, and "/" before the digit chooses its reciprocal ("1/3" may be typed as it is read).
-bool 比較値設定::gridKey(QKeyEvent* key) {
-    const int row = ui_->MSFlexGrid1->row();
-    const int column = ui_->MSFlexGrid1->column();
-    switch (key->key()) {
+// The whole grid can be filled without the mouse: arrows move, Enter, Space and F2 open the chooser, digits
+// and
+// "/" are the value.
+bool 比較値設定::gridKey(const QKeyEvent& key) {
+    if (key.matches(QKeySequence::Undo)) {
+        undo();
+        return true;
+    }
+    switch (key.key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
+            if (typed_ == Typed::One) {
+                goOn(current());
+                return true;
+            }
+            [[fallthrough]];
+        case Qt::Key_Space:
         case Qt::Key_F2:
-            MSFlexGrid1_Click(row, column);
+            typed_ = Typed::Nothing;
+            MSFlexGrid1_Click(current().row, current().column);
+            return true;
+        case Qt::Key_Delete:
+        case Qt::Key_Backspace:
+            clearCell();
             return true;
         case Qt::Key_Left:
         case Qt::Key_Right:
-            return moveOn(row, column, key->key());
+            return moveOn(key.key());
         default:
-            return typeScale(row, column, toHalfWidth(key->text()));
+            return typeKey(key);
     }
 }
 
-bool 比較値設定::typeScale(int row, int column, const QString& typed) {
-    if (typed.isEmpty()) return false; // Shift alone
-    const bool reciprocal = std::exchange(reciprocalTyped_, typed == u"/"_s);
-    if (reciprocalTyped_) return true;
-    const auto position = ui_->CmbCell->findText(reciprocal ? u"1/"_s + typed : typed);
-    if (!isEntryCell(row, column)) return false;
-    if (reciprocal && typed == u"1"_s) {
-        setCell(row, column, ui_->CmbCell->findText(typed));
-    } else if (position >= 0) {
-        setCell(row, column, position);
-    } else {
-        return false;
+// Every printable key is the grid's, in its cells and in the chooser's list alike: the search of the
+// toolkit's own tables and lists would jump to another cell or another value.
+bool 比較値設定::typeKey(const QKeyEvent& key) {
+    const QString typed = toHalfWidth(key.text());
+    const bool isCommand =
+        key.modifiers().testFlag(Qt::ControlModifier) || key.modifiers().testFlag(Qt::AltModifier);
+    if (isCommand || typed.size() != 1 || !typed.front().isPrint()) return false;
+    const bool isScaleKey = typed.front() == u'/' || (typed.front() >= u'1' && typed.front() <= u'9');
+    if (isScaleKey && entry_.isPair(current())) {
+        hideChooser();
+        typeScale(typed.front());
     }
     return true;
+}
+
+// 2 to 9 is a value, and so is "/" with a digit ("1/3" may be typed as it is read). "1" counts at once, but
+// the grid goes on only with the next key, which may be "/".
+void 比較値設定::typeScale(QChar typed) {
+    ui_->MSFlexGrid1->showCurrent();
+    if (typed_ == Typed::One && typed == u'/') {
+        entry_.undo();
+        showCell(current());
+    } else if (typed_ == Typed::One) {
+        if (!entry_.nextOpen(current())) return; // the digit belongs to no pair
+        goOn(current());
+    }
+    if (typed == u'/') {
+        typed_ = Typed::Slash;
+        return showState();
+    }
+    const bool isReciprocal = std::exchange(typed_, Typed::Nothing) == Typed::Slash;
+    const int position = equalPosition - (typed.digitValue() - 1);
+    if (isReciprocal || typed != u'1')
+        return enter(current(), isReciprocal ? mirrorPosition(position) : position);
+    entry_.set(current(), position);
+    typed_ = Typed::One;
+    showCell(current());
+    showState();
 }
 
 // At the end of a row the arrow goes on to the next pair, at its beginning back to the pair before.
-bool 比較値設定::moveOn(int row, int column, int key) {
-    reciprocalTyped_ = false;
-    auto* grid = ui_->MSFlexGrid1;
-    if (key == Qt::Key_Right && column == itemCount_ && row + 1 < itemCount_) {
-        grid->setCurrent(row + 1, row + 2);
+bool 比較値設定::moveOn(int key) {
+    typed_ = Typed::Nothing;
+    const auto [row, column] = current();
+    if (key == Qt::Key_Right && column == entry_.items() && row + 1 < entry_.items()) {
+        goTo({row + 1, row + 2});
     } else if (key == Qt::Key_Left && column == row + 1 && row > 1) {
-        grid->setCurrent(row - 1, itemCount_);
+        goTo({row - 1, entry_.items()});
     } else {
         return false;
     }
     return true;
+}
+
+QString 比較値設定::itemName(int item) const {
+    return itemMark(item) + u' ' + children_.at(static_cast<std::size_t>(item - 1)).name;
+}
+
+// Long names leave room for the rest of the sentence.
+QString 比較値設定::shortName(int item) const {
+    return fontMetrics().elidedText(itemName(item), Qt::ElideRight,
+                                    ui_->MSFlexGrid1->width() / namesInSentence);
+}
+
+// The tool tip has the names whole.
+void 比較値設定::tell(ElidedLabel& label, PairCell cell,
+                      const std::function<QString(const QString& source, const QString& target)>& sentence) {
+    label.setWholeText(sentence(itemName(cell.row), itemName(cell.column)));
+    label.setText(sentence(shortName(cell.row), shortName(cell.column)));
+}
+
+void 比較値設定::showState() {
+    ui_->Label3->setText(
+        entry_.items() == 0 ? QString() : u"入力済 %1 / %2 組"_s.arg(entry_.setPairs()).arg(entry_.pairs()));
+    showSentence();
+    showConsistency();
+}
+
+// What the value of the current pair says, while the list is open the marked one.
+void 比較値設定::showSentence() {
+    const auto cell = current();
+    if (!entry_.isPair(cell)) return ui_->Label4->setWholeText({});
+    auto* chooser = ui_->CmbCell;
+    const auto marked = chooser->view()->currentIndex();
+    auto position = entry_.position(cell);
+    if (chooser->view()->isVisible() && marked.isValid()) position = marked.row();
+    tell(*ui_->Label4, cell, [&](const QString& source, const QString& target) {
+        if (position && typed_ != Typed::Slash) return comparisonSentence(source, target, *position);
+        return u"%1 は %2 に比べて %3"_s.arg(source, target, typed_ == Typed::Slash ? u"1/ …"_s : u"…"_s);
+    });
+}
+
+// Once all pairs are set; nothing is refused or changed, the evaluator can be asked back.
+void 比較値設定::showConsistency() {
+    ui_->Label5->setWholeText({});
+    ui_->Label6->setWholeText({});
+    if (entry_.items() < 3 || entry_.nextOpen()) return;
+    const auto values = entry_.values();
+    const auto check = checkAnswers({values.begin(), values.end()});
+    if (check.consistency) ui_->Label5->setWholeText(consistencyText(*check.consistency));
+    if (!check.oddPair) return;
+    const auto& odd = *check.oddPair;
+    tell(*ui_->Label6, {odd.source + 1, odd.target + 1}, [&](const QString& source, const QString& target) {
+        return u"ほかの答えと最も離れた組: %1 は %2 に比べて %3（ほかの答えからは %4）"_s.arg(
+            source, target, scaleText(odd.given), scaleText(odd.suggested));
+    });
+}
+
+void 比較値設定::showStored() {
+    const int count = static_cast<int>(answered_.goals.size());
+    ui_->Label7->setText(u"登録済 %1 / %2"_s.arg(answered_.count(CmpEvaluatorNo)).arg(count));
+    for (int entry = 0; entry < ui_->Combo1->count(); ++entry)
+        ui_->Combo1->setItemIcon(
+            entry,
+            listMark(*ui_->Combo1,
+                     answered_.isAnswered(CmpEvaluatorNo, goals_[static_cast<std::size_t>(entry)].number)));
+    ui_->Command4->setEnabled(nextOpenGoal().has_value());
 }

@@ -1,13 +1,16 @@
 // Comparison entry grid: one evaluator's pairwise comparisons, one goal factor at a time.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
+#include "comparison/PairEntry.h"
+#include "core/AnsweredGoals.h"
 #include "core/Screen.h"
-#include "platform/BoundedArray.h"
 
+class ElidedLabel;
 namespace Ui {
 class ComparisonGrid;
 }
@@ -21,38 +24,56 @@ class 比較値設定 : public Screen {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    // What was typed of a value that is not complete yet: after "1" may come "/", after "/" must come a
+    // digit.
+    enum class Typed { Nothing, One, Slash };
+
     void end() override { Command3_Click(); }
-    void Command1_Click(); // start of a goal factor
-    void Command2_Click(); // save
-    void Command3_Click(); // back to the menu
+    void Combo1_Click();   // another goal factor: nothing is shown of it until it is started
+    void Command1_Click(); // "評価開始"
+    void Command2_Click(); // "評価終了": saves
+    void Command3_Click(); // "終了": back to the menu
+    void Command4_Click(); // "次の目的要因": starts the next one that is not stored
     void MSFlexGrid1_Click(int row, int column);
     void CmbCell_Click(int position);
 
     bool mayDiscardValues();
+    void startGoal();
     void showGoal();
     void clearGrid();
     void refuseWithoutGoal();
-    void showChild(int item, qint32 factorNo, const QString& factorName);
-    // The first pair without a value, row and column of the grid.
-    std::optional<std::pair<int, int>> firstUnset() const;
-    void replaceComparisons();
+    void showChild(int item, const Factor& child);
+    void fitWindow();
+    EvaluatorRound session() const;
+    std::optional<int> nextOpenGoal() const; // its entry in Combo1
 
-    bool isEntryCell(int row, int column) const;
-    void setCell(int row, int column, int position);
-    void showProgress(const QString& note = {});
+    PairCell current() const;
+    void goTo(PairCell cell);
+    void enter(PairCell cell, int position);
+    void goOn(PairCell from);
+    void showCell(PairCell cell);
+    void clearCell();
+    void undo();
     void hideChooser();
-    bool gridKey(QKeyEvent* key);
-    bool typeScale(int row, int column, const QString& typed);
-    bool moveOn(int row, int column, int key);
+    bool gridKey(const QKeyEvent& key);
+    bool typeKey(const QKeyEvent& key);
+    void typeScale(QChar typed);
+    bool moveOn(int key);
 
-    static constexpr int slots_ = 21;
+    QString itemName(int item) const;
+    QString shortName(int item) const;
+    void tell(ElidedLabel& label, PairCell cell,
+              const std::function<QString(const QString& source, const QString& target)>& sentence);
+    void showState();
+    void showSentence();
+    void showConsistency();
+    void showStored();
 
     std::unique_ptr<Ui::ComparisonGrid> ui_;
-    std::vector<qint32> goals_;          // parallel to the entries of Combo1
-    std::optional<qint32> goalNo_;       // the goal factor whose grid is shown
-    BoundedArray<qint32, slots_> items_; // its children, by position 1 … n
-    int itemCount_ = 0;
-    BoundedArray<BoundedArray<float, slots_>, slots_> values_; // 0: not set yet
-    bool unsaved_ = false;
-    bool reciprocalTyped_ = false; // "/" was typed: the next digit n sets 1/n
+    std::vector<Factor> goals_; // parallel to the entries of Combo1
+    AnsweredGoals answered_;
+    std::optional<qint32> goalNo_; // the goal factor whose grid is shown
+    std::vector<Factor> children_; // its children, in display order
+    PairEntry entry_;
+    Typed typed_ = Typed::Nothing;
 };

@@ -1,7 +1,10 @@
 #include "comparison/ComparisonSetup.h"
 
+#include "core/AnsweredGoals.h"
 #include "core/NumberedNames.h"
 #include "platform/Dates.h"
+#include "platform/ElidedLabel.h"
+#include "platform/ListMark.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 #include "ui_ComparisonSetup.h"
@@ -13,6 +16,12 @@ using namespace Common;
     ui_->setupUi(this);
     addStatusLine();
     onChoice(ui_->Combo1, [this] { Combo1_Click(); });
+    for (const auto signal : {&QTreeWidget::itemClicked, &QTreeWidget::itemActivated})
+        connect(ui_->List1, signal, this,
+                [this] { ui_->Combo2->setCurrentIndex(ui_->List1->currentIndex().row()); });
+    ui_->List1->header()->setStretchLastSection(false);
+    ui_->List1->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    ui_->List1->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     onAction(ui_->Command1, u"開始"_s, [this] { Command1_Click(); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { Command2_Click(); });
 }
@@ -36,11 +45,29 @@ void 比較者設定::Combo1_Click() {
             problem.number),
         u"評価者番号"_s, u"評価者氏名"_s);
     ui_->Label5->setText(NullToEmpty(round[u"比較回数"_s]));
+    ui_->List1->clear();
     if (evaluators.empty())
         return refuse(u" '%1' の課題評価者は登録されてません。"_s.arg(ui_->Combo1->currentText()));
     evaluators_ = std::move(evaluators);
     ui_->Combo2->clear();
     for (const auto& [number, name] : evaluators_) ui_->Combo2->addItem(number + u' ' + name);
+    showAnswers(Value(problem.number).toLong(), toInteger(leadingNumber(ui_->Label5->text())));
+}
+
+// Who has answered how much of the round, beside the list to choose from.
+void 比較者設定::showAnswers(qint32 problemNo, qint16 round) {
+    const auto answered = readAnsweredGoals(ProblemRound{*DbConn, problemNo, round});
+    for (int entry = 0; entry < ui_->Combo2->count(); ++entry) {
+        const QString text = ui_->Combo2->itemText(entry);
+        const auto evaluatorNo = Value(evaluators_[static_cast<std::size_t>(entry)].number).toLong();
+        const auto mark = listMark(*ui_->List1, !answered.goals.empty() && answered.isComplete(evaluatorNo));
+        auto* row = new QTreeWidgetItem(
+            ui_->List1,
+            {text, u"%1 / %2 目的要因"_s.arg(answered.count(evaluatorNo)).arg(answered.goals.size())});
+        row->setIcon(0, mark);
+        row->setToolTip(0, plainToolTip(text));
+        ui_->Combo2->setItemIcon(entry, mark);
+    }
 }
 
 void 比較者設定::Command1_Click() {

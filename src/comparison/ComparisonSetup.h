@@ -21,10 +21,11 @@ class 比較者設定 : public Screen {
     bool hasInput() const override { return false; } // choices, quickly made again
 
     void end() override { Command2_Click(); }
-    void Combo1_Click();
-    void Command1_Click();
-    void Command2_Click();
+    void Combo1_Click();   // a problem: its round, its evaluators, and what they have answered
+    void Command1_Click(); // "開始"
+    void Command2_Click(); // "キャンセル"
 
+    void showAnswers(qint32 problemNo, qint16 round);
     bool takeProblem();
     bool takeEvaluator();
     bool takeDate();

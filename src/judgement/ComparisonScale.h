@@ -13,3 +13,10 @@ float scaleValue(int position);
 constexpr int mirrorPosition(int position) {
     return scalePositions - 1 - position;
 }
+// The position whose value is nearest by ratio; the ends of the scale beyond them.
+int nearestPosition(double value);
+
+// How much more important the preferred factor is: "やや重要" for 3 and for 1/3.
+QString scaleWords(int position);
+// "耐震化 は 避難所 に比べて 1/5 → 避難所 のほうがかなり重要": so that nobody takes 1/5 for 5.
+QString comparisonSentence(const QString& source, const QString& target, int position);

@@ -2,25 +2,74 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QStyledItemDelegate>
+#include <algorithm>
 
+#include "platform/Colours.h"
 #include "platform/ElidedLabel.h"
 
 namespace {
 
-constexpr int cornerMargin = 16; // pixels beside the text of cell (0, 0)
+constexpr int cornerMargin = 16;    // pixels beside the text of cell (0, 0)
+constexpr double headerShare = 0.4; // of the width that column 0 takes at most
+constexpr float markStrength =
+    0.4F; // of the highlight colour in the fixed cells of the current row and column
+constexpr int closedRole = Qt::UserRole;
+
+QColor mixed(const QColor& ground, const QColor& colour) {
+    const auto mix = [](float from, float to) { return from + markStrength * (to - from); };
+    return QColor::fromRgbF(mix(ground.redF(), colour.redF()), mix(ground.greenF(), colour.greenF()),
+                            mix(ground.blueF(), colour.blueF()));
+}
+
+// Fixed cells; those of the current row and column are marked.
+class FixedCells : public QHeaderView {
+  public:
+    using QHeaderView::QHeaderView;
+
+  protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        if (option->textAlignment.testFlag(Qt::AlignHCenter)) option->text = option->text.trimmed();
+        const auto current = selectionModel()->currentIndex();
+        if (!current.isValid() ||
+            section != (orientation() == Qt::Horizontal ? current.column() : current.row()))
+            return;
+        const auto marked = mixed(palette().color(QPalette::Button), palette().color(QPalette::Highlight));
+        option->palette.setColor(QPalette::Button, marked);
+        option->palette.setColor(QPalette::Window, marked);
+    }
+};
+
+class Cells : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->displayAlignment.testFlag(Qt::AlignHCenter)) option->text = option->text.trimmed();
+        if (index.data(closedRole).toBool()) option->backgroundBrush = closedCell(option->palette);
+    }
+};
 
 } // namespace
 
 FlexGrid::FlexGrid(QWidget* parent) : QTableWidget(parent), corner_(new QLabel(this)) {
     corner_->setAlignment(Qt::AlignCenter);
+    setItemDelegate(new Cells(this));
+    setHorizontalHeader(new FixedCells(Qt::Horizontal, this));
+    setVerticalHeader(new FixedCells(Qt::Vertical, this));
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
     setTabKeyNavigation(false); // Tab goes on to the next control, the arrows move in the grid
     setCornerButtonEnabled(false);
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setHighlightSections(true);
-    verticalHeader()->setSectionsClickable(false);
     verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    verticalHeader()->setTextElideMode(Qt::ElideRight);
+    connect(this, &QTableWidget::currentCellChanged, this, [this] {
+        horizontalHeader()->viewport()->update();
+        verticalHeader()->viewport()->update();
+    });
 }
 
 void FlexGrid::setSize(int rows, int columns) {
@@ -29,12 +78,16 @@ void FlexGrid::setSize(int rows, int columns) {
     clearTexts();
 }
 
+QTableWidgetItem* FlexGrid::cell(int row, int column) const {
+    return row == 0      ? horizontalHeaderItem(column - 1)
+           : column == 0 ? verticalHeaderItem(row - 1)
+                         : item(row - 1, column - 1);
+}
+
 QString FlexGrid::text(int row, int column) const {
     if (row == 0 && column == 0) return corner_->text();
-    const QTableWidgetItem* cell = row == 0      ? horizontalHeaderItem(column - 1)
-                                   : column == 0 ? verticalHeaderItem(row - 1)
-                                                 : item(row - 1, column - 1);
-    return cell == nullptr ? QString() : cell->text();
+    const auto* shown = cell(row, column);
+    return shown == nullptr ? QString() : shown->text();
 }
 
 void FlexGrid::setText(int row, int column, const QString& text) {
@@ -44,22 +97,30 @@ void FlexGrid::setText(int row, int column, const QString& text) {
         placeCorner();
         return;
     }
-    auto* cell = new QTableWidgetItem(text);
-    cell->setFlags(cell->flags() & ~Qt::ItemIsEditable); // the input method would take the digits for itself
-    cell->setToolTip(plainToolTip(text));                // long names may be cut
-    if (row == 0) {
-        setHorizontalHeaderItem(column - 1, cell);
-    } else if (column == 0) {
-        setVerticalHeaderItem(row - 1, cell);
-    } else {
-        cell->setTextAlignment(cellAlignment_);
-        setItem(row - 1, column - 1, cell);
+    auto* shown = cell(row, column);
+    if (shown == nullptr) {
+        shown = new QTableWidgetItem;
+        shown->setFlags(shown->flags() &
+                        ~Qt::ItemIsEditable); // the input method would take the digits for itself
+        if (row == 0) {
+            setHorizontalHeaderItem(column - 1, shown);
+        } else if (column == 0) {
+            setVerticalHeaderItem(row - 1, shown);
+        } else {
+            setItem(row - 1, column - 1, shown);
+        }
     }
+    if (row > 0 && column > 0) shown->setTextAlignment(cellAlignment_);
+    shown->setText(text);
+    setHint(row, column, text); // long names may be cut
 }
 
-void FlexGrid::shade(int row, int column, const QColor& colour) {
-    if (item(row - 1, column - 1) == nullptr) setText(row, column, {});
-    item(row - 1, column - 1)->setBackground(colour);
+void FlexGrid::setHint(int row, int column, const QString& text) {
+    cell(row, column)->setToolTip(plainToolTip(text));
+}
+
+void FlexGrid::setClosed(int row, int column) {
+    cell(row, column)->setData(closedRole, true);
 }
 
 void FlexGrid::clearTexts() {
@@ -77,7 +138,19 @@ QRect FlexGrid::cellRect(int row, int column) const {
     return visualRect(model()->index(row - 1, column - 1));
 }
 
+void FlexGrid::claimNeededSize() {
+    const int frames = 2 * frameWidth();
+    const int names = std::max(verticalHeader()->minimumWidth(), verticalHeader()->sizeHint().width());
+    const int withNames =
+        std::max(names + horizontalHeader()->length(), static_cast<int>(names / headerShare));
+    needed_ = {withNames + frames,
+               horizontalHeader()->sizeHint().height() + verticalHeader()->length() + frames};
+    updateGeometry();
+}
+
 void FlexGrid::resizeEvent(QResizeEvent* event) {
+    verticalHeader()->setMaximumWidth(
+        std::max(verticalHeader()->minimumWidth(), static_cast<int>(headerShare * width())));
     QTableWidget::resizeEvent(event);
     placeCorner();
 }

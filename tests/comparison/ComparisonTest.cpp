@@ -1,9 +1,10 @@
 // Comparison setup and the entry grid, driven as a user does.
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QTest>
+#include <QTreeWidget>
 
-#include "judgement/ComparisonScale.h"
 #include "platform/Dates.h"
 #include "platform/FlexGrid.h"
 #include "platform/Recordset.h"
@@ -23,13 +24,13 @@ const QString gridTitle = u"比較（比較値設定）"_s;
 
 class ComparisonTest : public ScreenTest {
   protected:
-    // Problem 1 with children 12, 11, 13 (in display order) and 11 with the single child 14; problem 2
-    // without structure and evaluators.
+    // Problem 1 with children 12, 11, 13 (in display order), 11 with the single child 14 and 13 with 15 and
+    // 16; problem 2 without structure and evaluators.
     ComparisonTest() {
         run(u"insert into 要因 values(1,0,'候補地の選定',''),(2,0,'空の課題',''),(11,1,'費用',''),"
-            "(12,1,'交通',''),(13,1,'環境',''),(14,1,'建設費','')"_s);
+            "(12,1,'交通',''),(13,1,'環境',''),(14,1,'建設費',''),(15,1,'騒音',''),(16,1,'景観','')"_s);
         run(u"insert into 課題 values(1,0,2,3,2),(2,0,1,3,1)"_s);
-        structure(u"1:12,11,13 11:14"_s);
+        structure(u"1:12,11,13 11:14 13:15,16"_s);
         run(u"insert into 評価者 values(7,'山田 太郎',''),(3,'佐藤 花子','')"_s);
         run(u"insert into 課題評価者 values(1,7,''),(1,3,'')"_s);
     }
@@ -52,6 +53,33 @@ class ComparisonTest : public ScreenTest {
         clickCell(row, column);
         emit chooser()->activated((chooser()->setCurrentText(scale), chooser()->currentIndex()));
     }
+    // Keys as a user types them into the grid or the open list; "\n" is Enter, "<" and ">" the arrows, "~"
+    // Backspace, "Z" undo.
+    void keys(const QString& typed) {
+        static const QMap<QChar, int> named{
+            {u'\n', Qt::Key_Return}, {u'<', Qt::Key_Left}, {u'>', Qt::Key_Right}, {u'~', Qt::Key_Backspace}};
+        for (const QChar key : typed) {
+            QWidget* target = chooser()->isVisible() ? static_cast<QWidget*>(chooser()->view()) : cells();
+            if (key == u'Z') {
+                QTest::keyClick(target, Qt::Key_Z, Qt::ControlModifier);
+            } else if (named.contains(key)) {
+                QTest::keyClick(target, static_cast<Qt::Key>(named[key]));
+            } else {
+                QTest::keyClick(target, key.toLatin1());
+            }
+        }
+    }
+    // The entered values in pair order, joined by blanks, "." for none.
+    QString entered(int items = 3) {
+        QStringList values;
+        for (int row = 1; row < items; ++row)
+            for (int column = row + 1; column <= items; ++column) {
+                const QString value = cells()->text(row, column);
+                values << (value.isEmpty() ? u"."_s : value);
+            }
+        return values.join(u' ');
+    }
+    std::pair<int, int> current() { return {cells()->row(), cells()->column()}; }
     QStringList storedValues() {
         return rows(
             u"select "
@@ -170,38 +198,125 @@ TEST_F(ComparisonTest, ASingleChildHasNoPairs) {
 }
 
 TEST_F(ComparisonTest, TheKeyboardAloneFillsTheGrid) {
+    for (const auto& [typed, values, cell] :
+         {std::tuple{u"32/4"_s, u"3 2 1/4"_s,
+                     std::pair{2, 3}}, // a complete value goes on to the next open pair
+          {u"1\n1\n1"_s, u"1 1 1"_s, {2, 3}},
+          {u"12"_s, u"1 2 ."_s, {2, 3}}, // the next key completes "1" too
+          {u"1/35"_s, u"1/3 5 ."_s, {2, 3}},
+          {u"/1/95"_s, u"1 1/9 5"_s, {2, 3}},
+          {u"2317"_s, u"2 3 1"_s, {2, 3}}, // a digit behind the last pair belongs to none
+          {u"34<<5"_s, u"5 4 ."_s, {2, 3}},
+          {u"3/<5"_s, u"5 . ."_s, {1, 3}}, // "/" was left behind
+          {u"1/~5"_s, u"5 . ."_s, {1, 3}},
+          {u"0x.3"_s, u"3 . ."_s, {1, 3}},
+          {u"34<~"_s, u"3 . ."_s, {1, 3}},
+          {u"34<~Z"_s, u"3 4 ."_s, {1, 3}},
+          {u"34Z"_s, u"3 . ."_s, {1, 3}},
+          {u"34ZZ"_s, u"3 4 ."_s, {1, 3}},
+          {u"1/4Z"_s, u". . ."_s, {1, 2}},
+          {u" \n"_s, u"1 . ."_s, {1, 3}},    // the list opens on "1"
+          {u"4<\n\n"_s, u"4 . ."_s, {1, 3}}, // and on the value that is set
+          {u" 1/5"_s, u"1/5 . ."_s, {1, 3}}, // the list takes the same keys as the grid
+          {u"3\nx4"_s, u"3 4 ."_s, {2, 3}}}) {
+        start();
+        EXPECT_TRUE(hasFocus(grid, u"MSFlexGrid1"_s));
+        keys(typed);
+        EXPECT_EQ(std::pair(entered(), current()), std::pair(values, cell)) << typed.toStdString();
+        EXPECT_FALSE(chooser()->isVisible()) << typed.toStdString();
+        Forms.unload(grid);
+    }
+    start(); // other cells let no key through to the search of the table
+    for (const auto& cell : {std::pair{3, 2}, {2, 2}}) {
+        cells()->setCurrent(cell.first, cell.second);
+        keys(u"1/3 5-"_s);
+        EXPECT_EQ(std::pair(entered(), current()), std::pair(u". . ."_s, cell));
+    }
+}
+
+TEST_F(ComparisonTest, ASentenceSaysWhatTheMarkedValueMeans) {
     start();
-    EXPECT_TRUE(hasFocus(grid, u"MSFlexGrid1"_s));
-    QTest::keyClicks(cells(), u"3"_s);
-    QTest::keyClick(cells(), Qt::Key_Right);
-    QTest::keyClicks(cells(), u"1/4"_s);
-    QTest::keyClick(cells(), Qt::Key_Right); // on to the next row's first pair
-    EXPECT_EQ(std::pair(cells()->row(), cells()->column()), std::pair(2, 3));
-    QTest::keyClick(cells(), Qt::Key_F2);
-    EXPECT_TRUE(chooser()->isVisible());
-    QTest::keyClick(chooser()->view(), Qt::Key_Return); // nothing is chosen yet
-    EXPECT_EQ(cells()->text(2, 3), u""_s);
-    QTest::keyClick(cells(), Qt::Key_Return);
-    QTest::keyClick(chooser()->view(), Qt::Key_Down);
-    QTest::keyClick(chooser()->view(), Qt::Key_End);
-    QTest::keyClick(chooser()->view(), Qt::Key_Return);
-    EXPECT_EQ(QStringList({cells()->text(1, 2), cells()->text(1, 3), cells()->text(2, 3)}),
-              QStringList({u"3"_s, u"1/4"_s, u"1/9"_s}));
-    EXPECT_TRUE(hasFocus(grid, u"MSFlexGrid1"_s));
+    EXPECT_EQ(text(grid, u"Label4"_s), u"① 交通 は ② 費用 に比べて …"_s);
+    keys(u" "_s);
+    chooser()->view()->setCurrentIndex(chooser()->model()->index(12, 0));
+    EXPECT_EQ(text(grid, u"Label4"_s), u"① 交通 は ② 費用 に比べて 1/5 → ② 費用 のほうがかなり重要"_s);
+    chooser()->hidePopup();
+    EXPECT_EQ(text(grid, u"Label4"_s), u"① 交通 は ② 費用 に比べて …"_s);
+    EXPECT_EQ(cells()->horizontalHeaderItem(1)->toolTip(), u"<p>②費用</p>"_s);
+
+    keys(u"/55"_s);
+    EXPECT_EQ(text(grid, u"Status"_s), u"① 交通 は ③ 環境 に比べて 5 → ① 交通 のほうがかなり重要"_s);
+    EXPECT_EQ(text(grid, u"Label5"_s), QString());
+    keys(u"/5"_s);
+    EXPECT_EQ(text(grid, u"Label5"_s),
+              u"整合度 CI 1.600（限度 0.15）　整合比 CR 1.778（限度 0.15）　限度を超えています。"_s);
+    EXPECT_EQ(text(grid, u"Label6"_s),
+              u"ほかの答えと最も離れた組: ① 交通 は ② 費用 に比べて 1/5（ほかの答えからは 9）"_s);
+    keys(u"~"_s);
+    EXPECT_EQ(text(grid, u"Label5"_s) + text(grid, u"Label6"_s), QString());
+    EXPECT_EQ(text(grid, u"Label3"_s), u"入力済 2 / 3 組"_s);
+}
+
+TEST_F(ComparisonTest, AfterSavingTheNextOpenGoalIsOneKeyAway) {
+    compare(1, {12, 11, 13}, u"1 1 1"_s, 7, 2);
+    start();
+    EXPECT_EQ(text(grid, u"Label7"_s), u"登録済 0 / 2"_s); // a single child has nothing to answer
+    keys(u"222"_s);
+    click(grid, u"Command2"_s);
+    EXPECT_EQ(text(grid, u"Status"_s), u"登録しました。次は 0013 環境 です。"_s);
+    EXPECT_TRUE(hasFocus(grid, u"Command4"_s));
+    QTest::keyClick(control(grid, u"Command4"_s), Qt::Key_Return);
+    EXPECT_EQ(text(grid, u"Combo1"_s), u"0013 環境"_s);
+    EXPECT_EQ(text(grid, u"Label7"_s), u"登録済 1 / 2"_s);
+    keys(u"3"_s);
+    click(grid, u"Command2"_s);
+    EXPECT_EQ(text(grid, u"Label7"_s), u"登録済 2 / 2"_s);
+    EXPECT_FALSE(control(grid, u"Command4"_s)->isEnabled());
+    EXPECT_EQ(storedValues().size(), 7);
+
+    Forms.show(setup);
+    choose(setup, u"Combo1"_s, 0);
+    auto* answers = control<QTreeWidget>(setup, u"List1"_s);
+    EXPECT_EQ(answers->topLevelItem(0)->text(0) + answers->topLevelItem(0)->text(1),
+              u"3 佐藤 花子2 / 2 目的要因"_s);
+    EXPECT_EQ(answers->topLevelItem(1)->text(1), u"1 / 2 目的要因"_s);
+}
+
+TEST_F(ComparisonTest, LongNamesTakeNoMoreThanTheirShare) {
+    run(u"update 要因 set 要因名='%1'"_s.arg(QString(400, u'長')));
+    run(u"update 評価者 set 評価者氏名='%1'"_s.arg(QString(400, u'氏')));
+    CmpProblemName = QString(400, u'長');
+    start();
+    EXPECT_LE(cells()->verticalHeader()->width(), cells()->width() * 0.4);
+    Forms.show(setup);
+    choose(setup, u"Combo1"_s, 0);
+    for (const auto& screen : {grid, setup})
+        EXPECT_LE(Forms.find(screen)->width(), 800) << screen.toStdString();
 }
 
 TEST_F(ComparisonTest, TypedValuesAreNotLostByASlip) {
     start();
     pick(1, 2, u"2"_s);
-    answers = {MessageAnswer::No, MessageAnswer::No, MessageAnswer::Yes};
+    answers = {MessageAnswer::No, MessageAnswer::No, MessageAnswer::No, MessageAnswer::Yes};
     click(grid, u"Command1"_s);
+    EXPECT_EQ(cells()->text(1, 2), u"2"_s);
+    choose(grid, u"Combo1"_s, 2); // another goal factor
+    EXPECT_EQ(text(grid, u"Combo1"_s), u"0001 候補地の選定"_s);
     EXPECT_EQ(cells()->text(1, 2), u"2"_s);
     click(grid, u"Command3"_s);
     EXPECT_TRUE(isOpen(grid));
     Forms.find(grid)->close(); // by its frame
     EXPECT_TRUE(isOpen(u"メニュー"_s));
     EXPECT_FALSE(isOpen(grid));
-    EXPECT_EQ(takeMessages().size(), 3U);
+    EXPECT_EQ(takeMessages().size(), 4U);
+
+    start(); // and the values of one goal factor are never saved under another
+    pick(1, 2, u"2"_s);
+    choose(grid, u"Combo1"_s, 2);
+    EXPECT_EQ(takeMessages().size(), 1U);
+    EXPECT_EQ(cells()->text(1, 2), QString());
+    EXPECT_EQ(told(grid, u"Command2"_s),
+              warning(gridTitle, u"目的要因が選択されてません、目的要因を選択してください。"_s));
 }
 
 TEST_F(ComparisonTest, WhatCouldNotBeShownCannotBeSaved) {
@@ -238,19 +353,12 @@ TEST_F(ComparisonTest, AGoalWithTwentyOneChildrenIsAnError) {
     choose(grid, u"Combo1"_s, 2);
     click(grid, u"Command1"_s);
     EXPECT_EQ(cells()->text(20, 0), u"⑳0039x"_s);
-    clickCell(19, 20);
-    EXPECT_TRUE(chooser()->isVisible());
+    keys(u"/9"_s.repeated(190)); // two strokes for a pair
+    EXPECT_EQ(text(grid, u"Label3"_s), u"入力済 190 / 190 組"_s);
+    EXPECT_TRUE(cells()->viewport()->rect().contains(cells()->cellRect(19, 20)));
+    click(grid, u"Command2"_s);
+    EXPECT_EQ(storedValues().size(), 190);
     run(u"insert into 要因 (要因番号,要因区分,要因名) values(40,1,'x')"_s);
     run(u"insert into 要因構成 values(1,12,40,21,'0')"_s);
     EXPECT_EQ(told(grid, u"Command1"_s), warning(u"評価開始"_s, u"インデックスが有効範囲にありません。"_s));
-}
-
-TEST(ComparisonScale, PositionsMirrorEachOther) {
-    EXPECT_EQ(scaleText(0), u"9"_s);
-    EXPECT_EQ(scaleText(8), u"1"_s);
-    EXPECT_EQ(scaleText(9), u"1/2"_s);
-    EXPECT_EQ(scaleText(16), u"1/9"_s);
-    EXPECT_EQ(mirrorPosition(8), 8);
-    EXPECT_EQ(mirrorPosition(0), 16);
-    EXPECT_EQ(scaleValue(10), 1.0F / 3);
 }

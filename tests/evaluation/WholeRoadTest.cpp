@@ -89,10 +89,7 @@ class WholeRoadTest : public ScreenTest {
         for (int goal = 0; goal < scales.size(); ++goal) {
             choose(u"比較値設定", u"Combo1", goal);
             click(u"比較値設定", u"Command1");
-            for (const auto& scale : scales[goal].split(u' ')) {
-                QTest::keyClicks(grid, scale);
-                QTest::keyClick(grid, Qt::Key_Right); // on to the next pair
-            }
+            for (const auto& scale : scales[goal].split(u' ')) QTest::keyClicks(grid, scale);
             click(u"比較値設定", u"Command2");
         }
         click(u"比較値設定", u"Command3");
