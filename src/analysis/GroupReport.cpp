@@ -9,6 +9,7 @@
 #include "core/FactorNames.h"
 #include "output/ReportPage.h"
 #include "output/RoundResults.h"
+#include "output/RoundSelection.h"
 #include "platform/Numbers.h"
 #include "platform/Recordset.h"
 

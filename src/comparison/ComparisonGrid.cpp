@@ -443,7 +443,7 @@ void 比較値設定::showSentence() {
     auto* chooser = ui_->CmbCell;
     const auto marked = chooser->view()->currentIndex();
     auto position = entry_.position(cell);
-    if (chooser->view()->isVisible() && marked.isValid()) position = marked.row();
+    if (chooser->isVisible() && marked.isValid()) position = marked.row();
     tell(*ui_->Label4, cell, [&](const QString& source, const QString& target) {
         if (position && typed_ != Typed::Slash) return comparisonSentence(source, target, *position);
         return u"%1 は %2 に比べて %3"_s.arg(source, target, typed_ == Typed::Slash ? u"1/ …"_s : u"…"_s);

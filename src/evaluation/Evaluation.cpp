@@ -5,6 +5,7 @@
 #include "evaluation/InconsistencyReport.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
+#include "output/RoundSelection.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;

@@ -4,6 +4,7 @@
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "judgement/PowerMethod.h"
+#include "output/RoundSelection.h"
 #include "platform/Recordset.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
