@@ -171,6 +171,7 @@ void 比較値設定::showGoal() {
 
 void 比較値設定::clearGrid() {
     hideChooser();
+    typed_ = Typed::Nothing;
     entry_ = PairEntry();
     children_.clear();
     goalNo_.reset();
@@ -281,6 +282,7 @@ void 比較値設定::Command2_Click() {
     makeDurable(); // only what is on the disk counts as saved
     answered_ = std::move(answered);
     entry_.markSaved();
+    typed_ = Typed::Nothing;
     showStored();
     const auto next = nextOpenGoal();
     say(next ? u"登録しました。次は %1 です。"_s.arg(ui_->Combo1->itemText(*next))
