@@ -39,10 +39,7 @@ void choose(benchmark::State& state) {
 
 void save(benchmark::State& state) {
     const Problem problem(static_cast<int>(state.range(0)));
-    ChildList children;
-    for (int row = 0; row < mostChildren; ++row)
-        children.at(static_cast<std::size_t>(row)).displayOrder = row + 1;
-    readChildren(*Common::DbConn, 1, 2, children);
+    const ChildList children = readChildren(*Common::DbConn, 1, 2);
     for (const auto& step : state) {
         static_cast<void>(step);
         benchmark::DoNotOptimize(refusedChild(*Common::DbConn, 1, 2, savedChildren(children)));
