@@ -32,6 +32,13 @@ void Form::unload() {
     close();
 }
 
+void Form::fitToScreen() {
+    // A layout within the layout does not hear of a control that was hidden before the window was ever shown.
+    layout()->invalidate();
+    layout()->activate();
+    fitToScreen(sizeHint());
+}
+
 void Form::fitToScreen(const QSize& wanted) {
     const QSize room = screen()->availableGeometry().size() - frameRoom;
     if (needsMoreThan(room)) shrinkViews();

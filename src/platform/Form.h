@@ -23,7 +23,7 @@ class Form : public QWidget {
 
     // Takes the size that its contents would like, and no more than the screen has free. Where that is too
     // little, lists and grids give way first, which scroll by themselves, then the window as a whole scrolls.
-    void fitToScreen() { fitToScreen(sizeHint()); }
+    void fitToScreen();
     void fitToScreen(const QSize& wanted);
     // The same, then left = (screen width − form width) / 2, top likewise, in one move.
     void centre();
