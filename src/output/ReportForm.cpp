@@ -4,9 +4,11 @@
 #include <QFileInfo>
 #include <QStyle>
 
+#include "core/AnsweredGoals.h"
 #include "output/MadeFiles.h"
 #include "output/ReportSelection.h"
 #include "output/RoundResults.h"
+#include "platform/ListMark.h"
 #include "platform/TextFile.h"
 #include "ui_ReportForm.h"
 
@@ -70,12 +72,29 @@ void ReportForm::Combo1_Click() {
     ui_->List1->clear();
     ui_->List1->addItems(evaluators);
     ui_->results->setWholeText(results);
+    markEvaluators();
     problemChosen();
 }
 
 ProblemRound ReportForm::problemRound() const {
     return {*DbConn, Value(entryNumber(ui_->Combo1->currentText())).toLong(),
             Value(ui_->Label5->text()).toInteger()};
+}
+
+// A symbol at each evaluator whose comparisons of the round are not all there, with a tool tip.
+void ReportForm::markEvaluators() {
+    if (ui_->List1->count() == 0) return;
+    const AnsweredGoals answered = readAnsweredGoals(problemRound());
+    const auto all = static_cast<int>(answered.goals.size());
+    for (int row = 0; row < ui_->List1->count(); ++row) {
+        auto* item = ui_->List1->item(row);
+        const int count = answered.count(Value(entryNumber(item->text())).toLong());
+        item->setIcon(count == all ? listMark(*ui_->List1, false)
+                                   : style()->standardIcon(count == 0 ? QStyle::SP_MessageBoxCritical
+                                                                      : QStyle::SP_MessageBoxWarning));
+        item->setToolTip(count == all ? QString()
+                                      : u"一対比較は %1 / %2 目的要因まで済んでいます"_s.arg(count).arg(all));
+    }
 }
 
 void ReportForm::Command17_Click() {

@@ -36,6 +36,7 @@ class ReportForm : public Screen {
     void Command17_Click();
     void Command7_Click(); // the work; a run-time error is shown under the screen's name
     ProblemRound problemRound() const;
+    void markEvaluators();
     void showDevice();
     void showMade(const RoundSelection& chosen, const MadeFiles& made, int documents);
     QWidget* refusedList();

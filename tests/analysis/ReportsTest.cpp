@@ -5,6 +5,7 @@
 #include "support/Helpers.h"
 #include "support/RoundTest.h"
 
+#include <QListWidget>
 #include <QRegularExpression>
 #include <QTableWidget>
 #include <numeric>
@@ -134,6 +135,22 @@ TEST_F(ReportsTest, TheScreensSayWhoseResultsGoIn) {
         EXPECT_EQ(text(screen, u"results"), u"評価結果 1 / 2 名（なし: 評価者7／課題評価者以外: 評価者5）"_s);
         EXPECT_EQ(report(screen, {1}).size(), 1);
         EXPECT_EQ(hasFocus(screen, u"List1"), screen == group); // where someone else can be chosen
+    }
+}
+
+TEST_F(ReportsTest, TheListsMarkWhoseComparisonsAreMissing) {
+    run(u"delete from 一対比較 where 課題番号=1 and 比較回数=1 and"
+        " (評価者番号=7 or 評価者番号=5 and 目的要因番号=12)"_s);
+    for (const auto& screen : {u"評価計算"_s, u"個人結果"_s, group}) {
+        Forms.show(screen);
+        choose(screen, u"Combo1", 0);
+        const auto* list = control<QListWidget>(screen, u"List1");
+        QStringList tips;
+        for (int row = 0; row < list->count(); ++row) tips << list->item(row)->toolTip();
+        EXPECT_EQ(tips, (QStringList{{},
+                                     u"一対比較は 2 / 3 目的要因まで済んでいます"_s,
+                                     u"一対比較は 0 / 3 目的要因まで済んでいます"_s}));
+        EXPECT_EQ(list->item(2)->text(), u"7:評価者7"_s);
     }
 }
 

@@ -239,7 +239,8 @@ TEST_F(EvaluationTest, TheScreenRefusesWhatIsMissing) {
 
     compare(1, {11, 12}, u"3"_s, 2);
     run(u"insert into 評価結果 values(1,1,11,2,1,1,2,1)"_s); // of an earlier calculation
-    click(screen, u"Command1"_s);                            // all evaluators
+    run(u"insert into 一対比較 values(2,1,11,12,5,1,'',1,3),(1,1,11,12,5,9,'',1,3)"_s); // elsewhere
+    click(screen, u"Command1"_s);                                                       // all evaluators
     EXPECT_EQ(
         told(screen, u"Command7"_s),
         warning(screen,
