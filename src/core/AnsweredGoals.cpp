@@ -75,7 +75,7 @@ std::vector<Factor> readGoals(Connection& connection, qint32 problemNo) {
         u"親要因番号"_s, connection);
 }
 
-std::vector<Factor> readChildren(Connection& connection, qint32 problemNo, qint32 goalNo) {
+std::vector<Factor> comparedChildren(Connection& connection, qint32 problemNo, qint32 goalNo) {
     return readFactors(
         u"SELECT T1.課題番号,T1.子要因番号,T1.子要因表示順,T3.要因名 FROM 要因構成 T1,要因 T3 "
         "WHERE T1.課題番号 = %1 AND T1.親要因番号 = %2 AND T1.子要因番号 = T3.要因番号 "

@@ -16,7 +16,7 @@ struct Factor {
 // The factors of a problem that have children, by number.
 std::vector<Factor> readGoals(Connection& connection, qint32 problemNo);
 // The children of a goal factor in their display order: items 1, 2, … of its comparisons.
-std::vector<Factor> readChildren(Connection& connection, qint32 problemNo, qint32 goalNo);
+std::vector<Factor> comparedChildren(Connection& connection, qint32 problemNo, qint32 goalNo);
 
 // What is answered in a round. A goal factor counts as answered when just the pairs of its present children
 // are stored, in whatever order; one with less than two children has nothing to answer and counts nowhere.
