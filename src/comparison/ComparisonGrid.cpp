@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "comparison/StoredComparisons.h"
@@ -25,6 +26,7 @@ namespace {
 constexpr int gridSize = mostChildren + 1; // the fixed row and the items
 constexpr double cellWidth = 3;            // in heights of a line of text
 constexpr double rowHeight = 1.6;
+constexpr int listMargin = 16;     // pixels beside the entries of the chooser's list
 constexpr int namesInSentence = 5; // a name takes at most this part of the line's width
 const int equalPosition = nearestPosition(1);
 
@@ -33,7 +35,7 @@ QString scaleLegend() {
     QString legend;
     for (int position = equalPosition; position >= 0; position -= 2)
         legend += scaleText(position) + u' ' + scaleWords(position) + u"　"_s;
-    return legend + u"（1/3 なら、列の要因のほうがやや重要）"_s;
+    return legend + u"（1/3 なら列の要因がやや重要）"_s;
 }
 
 // Children of the goal factor that has the most.
@@ -51,6 +53,22 @@ QString consistencyText(const Consistency& consistency) {
         consistency.isAcceptable() ? u"整合しています。"_s : u"限度を超えています。"_s);
 }
 
+// The entries of the chooser's list with what each means: the list may lie over the sentence under the grid.
+class ScaleEntries : public QStyledItemDelegate {
+  public:
+    ScaleEntries(QObject* parent, std::function<QString(int position)> meaning)
+        : QStyledItemDelegate(parent), meaning_(std::move(meaning)) {}
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text += u"　"_s + meaning_(index.row());
+    }
+
+  private:
+    std::function<QString(int position)> meaning_;
+};
+
 } // namespace
 
 比較値設定::比較値設定() : Screen(u"比較値設定"_s), ui_(std::make_unique<Ui::ComparisonGrid>()) {
@@ -65,6 +83,11 @@ QString consistencyText(const Consistency& consistency) {
     grid->verticalHeader()->setDefaultSectionSize(static_cast<int>(rowHeight * fontMetrics().height()));
     grid->installEventFilter(this);
     ui_->CmbCell->setParent(grid->viewport());
+    ui_->CmbCell->setItemDelegate(new ScaleEntries(ui_->CmbCell, [this](int position) {
+        const auto [row, column] = current();
+        return entry_.isPair({row, column}) ? comparisonMeaning(itemMark(row), itemMark(column), position)
+                                            : QString();
+    }));
     ui_->CmbCell->view()->installEventFilter(this);
     ui_->CmbCell->view()->window()->installEventFilter(this);
     onChoice(ui_->Combo1, [this] { Combo1_Click(); });
@@ -87,10 +110,7 @@ QString consistencyText(const Consistency& consistency) {
 
 void 比較値設定::Form_Load() {
     MsgTitle = windowTitle();
-    for (int position = 0; position < scalePositions; ++position) {
-        ui_->CmbCell->addItem(scaleText(position));
-        ui_->CmbCell->setItemData(position, scaleWords(position), Qt::ToolTipRole);
-    }
+    for (int position = 0; position < scalePositions; ++position) ui_->CmbCell->addItem(scaleText(position));
     ui_->CmbCell->hide();
     ui_->Label2->setWholeText(CmpProblemName);
     ui_->Label8->setWholeText(scaleLegend());
@@ -217,6 +237,7 @@ void 比較値設定::MSFlexGrid1_Click(int row, int column) {
     chooser->setCurrentIndex(chooser->findText(ui_->MSFlexGrid1->text(row, column)));
     chooser->show();
     chooser->setFocus();
+    chooser->view()->setMinimumWidth(chooser->view()->sizeHintForColumn(0) + listMargin);
     chooser->showPopup();
     // Without a value the list opens in its middle: as far from 9 as from 1/9.
     if (chooser->currentIndex() < 0)

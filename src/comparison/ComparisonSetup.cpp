@@ -44,19 +44,21 @@ void 比較者設定::Combo1_Click() {
         "WHERE 課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
             problem.number),
         u"評価者番号"_s, u"評価者氏名"_s);
-    ui_->Label5->setText(NullToEmpty(round[u"比較回数"_s]));
+    const QString roundText = NullToEmpty(round[u"比較回数"_s]);
+    const auto answered = readAnsweredGoals(
+        ProblemRound{*DbConn, Value(problem.number).toLong(), toInteger(leadingNumber(roundText))});
+    ui_->Label5->setText(roundText);
     ui_->List1->clear();
     if (evaluators.empty())
         return refuse(u" '%1' の課題評価者は登録されてません。"_s.arg(ui_->Combo1->currentText()));
     evaluators_ = std::move(evaluators);
     ui_->Combo2->clear();
     for (const auto& [number, name] : evaluators_) ui_->Combo2->addItem(number + u' ' + name);
-    showAnswers(Value(problem.number).toLong(), toInteger(leadingNumber(ui_->Label5->text())));
+    showAnswers(answered);
 }
 
 // Who has answered how much of the round, beside the list to choose from.
-void 比較者設定::showAnswers(qint32 problemNo, qint16 round) {
-    const auto answered = readAnsweredGoals(ProblemRound{*DbConn, problemNo, round});
+void 比較者設定::showAnswers(const AnsweredGoals& answered) {
     for (int entry = 0; entry < ui_->Combo2->count(); ++entry) {
         const QString text = ui_->Combo2->itemText(entry);
         const auto evaluatorNo = Value(evaluators_[static_cast<std::size_t>(entry)].number).toLong();

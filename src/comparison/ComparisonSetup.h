@@ -6,6 +6,7 @@
 
 #include "core/Screen.h"
 
+struct AnsweredGoals;
 namespace Ui {
 class ComparisonSetup;
 }
@@ -25,7 +26,7 @@ class 比較者設定 : public Screen {
     void Command1_Click(); // "開始"
     void Command2_Click(); // "キャンセル"
 
-    void showAnswers(qint32 problemNo, qint16 round);
+    void showAnswers(const AnsweredGoals& answered);
     bool takeProblem();
     bool takeEvaluator();
     bool takeDate();

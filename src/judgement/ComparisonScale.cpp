@@ -48,9 +48,12 @@ QString scaleWords(int position) {
     return QString::fromUtf16(words[static_cast<std::size_t>(wholeNumber(position) - 1)]);
 }
 
+QString comparisonMeaning(const QString& source, const QString& target, int position) {
+    if (position == equalPosition) return u"どちらも"_s + scaleWords(position);
+    return (position < equalPosition ? source : target) + u" のほうが"_s + scaleWords(position);
+}
+
 QString comparisonSentence(const QString& source, const QString& target, int position) {
-    const QString meaning = position == equalPosition ? u"どちらも"_s + scaleWords(position)
-                                                      : (position < equalPosition ? source : target) +
-                                                            u" のほうが"_s + scaleWords(position);
-    return u"%1 は %2 に比べて %3 → %4"_s.arg(source, target, scaleText(position), meaning);
+    return u"%1 は %2 に比べて %3 → %4"_s.arg(source, target, scaleText(position),
+                                              comparisonMeaning(source, target, position));
 }

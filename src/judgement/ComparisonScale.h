@@ -18,5 +18,7 @@ int nearestPosition(double value);
 
 // How much more important the preferred factor is: "やや重要" for 3 and for 1/3.
 QString scaleWords(int position);
+// "避難所 のほうがかなり重要", "どちらも同じくらい重要".
+QString comparisonMeaning(const QString& source, const QString& target, int position);
 // "耐震化 は 避難所 に比べて 1/5 → 避難所 のほうがかなり重要": so that nobody takes 1/5 for 5.
 QString comparisonSentence(const QString& source, const QString& target, int position);
