@@ -5,12 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "judgement/Limits.h"
 #include "platform/BoundedArray.h"
 
 struct EvaluatorRound;
 
 struct ComparisonTable {
-    static constexpr int size = 21;
+    static constexpr int size = mostChildren + 1;
 
     qint32 goalNo = 0;
     std::vector<qint32> items; // factors in the order of the comparisons

@@ -9,11 +9,9 @@
 #include <tuple>
 #include <vector>
 
-class Connection;
+#include "judgement/Limits.h"
 
-// A parent has at most 20 children: each node keeps a block of 20 sequence numbers for its own on the next
-// level.
-inline constexpr int mostChildren = 20;
+class Connection;
 
 // A row of the child list; without a name the row is free.
 struct ChildEntry {
@@ -23,6 +21,8 @@ struct ChildEntry {
 
     bool isFree() const { return name.isEmpty(); }
 };
+// As many rows as a parent may have children; each node keeps as many sequence numbers for its own on the
+// next level.
 using ChildList = std::array<ChildEntry, mostChildren>;
 
 // The rows of a parent without children: their display orders are 1 to 20.

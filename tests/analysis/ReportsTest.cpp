@@ -26,7 +26,8 @@ class ReportsTest : public RoundTest {
         for (int i = 0; i < weights.size(); ++i) result(11, QList{2, 5, 7}[i], weights[i]);
     }
     void result(int factor, int evaluator, double weight) {
-        run(u"insert into 評価結果 values(1,1,%1,%2,1,%3,1,%3),(1,1,%1,%2,1,1,2,%3)"_s.arg(factor)
+        run(u"insert into 評価結果 values(1,1,%1,%2,1,%3,1,%3),(1,1,%1,%2,1,1,2,%3),"
+            "(2,1,%1,%2,1,%3*9,1,9),(1,1,%1,%2,9,%3*9,1,9)"_s.arg(factor)
                 .arg(evaluator)
                 .arg(weight));
     }
