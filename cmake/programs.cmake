@@ -16,7 +16,7 @@ endfunction()
 # The one place that knows all screens.
 add_library(hollin_screen_table STATIC src/ScreenTable.cpp)
 target_include_directories(hollin_screen_table PUBLIC src)
-foreach(room core registration hierarchy comparison analysis)
+foreach(room core registration hierarchy comparison analysis survey)
   target_link_libraries(hollin_screen_table PUBLIC hollin_${room}_screens)
 endforeach()
 hollin_precompile(hollin_screen_table WIDGETS)
@@ -26,8 +26,17 @@ hollin_program(hollin WIDGETS SOURCES src/main.cpp src/CommandLine.cpp
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
                RESOURCES src/tools/tools.qrc LIBRARIES hollin_output)
 hollin_include_root(hollin-database PRIVATE tools)
-hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis)
+hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis hollin_survey)
 hollin_program(hollin-figures WIDGETS SOURCES src/tools/FiguresTool.cpp LIBRARIES hollin_figures_screens)
+
+# Reads spreadsheet files from outside; the other programs run it. It needs nothing of the toolkit.
+add_executable(hollin-sheet src/tools/SheetReader.cpp)
+hollin_include_root(hollin-sheet PRIVATE survey)
+target_link_libraries(hollin-sheet PRIVATE PkgConfig::ORCUS)
+set_target_properties(hollin-sheet PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${HOLLIN_DIRECTORY})
+install(TARGETS hollin-sheet RUNTIME DESTINATION .)
+add_dependencies(hollin hollin-sheet)
+add_dependencies(hollin-batch hollin-sheet)
 
 # Users edit the message files and fill the database: what stands in the program directory is never replaced.
 add_custom_target(

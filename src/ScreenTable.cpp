@@ -11,6 +11,7 @@
 #include "registration/ListDialogs.h"
 #include "registration/ProblemConfiguration.h"
 #include "registration/ProblemEvaluators.h"
+#include "survey/SurveyScreen.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +31,7 @@ void fillScreenTable(Screens& screens) {
     screens.add<評価者表示>(u"評価者表示"_s);
     screens.add<比較者設定>(u"比較者設定"_s);
     screens.add<比較値設定>(u"比較値設定"_s);
+    screens.add<調査票>(u"調査票"_s);
     screens.add<評価計算>(u"評価計算"_s);
     screens.add<個人結果>(u"個人結果"_s);
     screens.add<報告作成>(u"報告作成"_s);

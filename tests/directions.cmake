@@ -2,12 +2,13 @@
 # DIRECTORIES is a file with a line "LIBRARY|INCLUDE DIRECTORY|…" for each library.
 set(allowed
     "core platform/Connection.h" "core_screens QWidget" "output core/Common.h" "evaluation hierarchy/TreePlace.h"
-    "analysis hierarchy/TreePlace.h" "analysis evaluation/Evaluation.h" "comparison judgement/ComparisonScale.h" "evaluation judgement/Limits.h" "registration output/Progress.h")
+    "analysis hierarchy/TreePlace.h" "analysis evaluation/Evaluation.h" "comparison judgement/ComparisonScale.h" "evaluation judgement/Limits.h" "registration output/Progress.h"
+    "survey judgement/Consistency.h")
 set(forbidden
     "platform core/Common.h" "platform QWidget" "judgement core/Common.h" "core output/PrintService.h" "core judgement/Limits.h" "core QWidget"
     "output hierarchy/TreePlace.h" "registration hierarchy/TreePlace.h" "hierarchy evaluation/Evaluation.h"
     "comparison evaluation/Evaluation.h" "evaluation analysis/Statistics.h" "evaluation comparison/ComparisonGrid.h"
-    "evaluation QWidget" "analysis QWidget" "analysis tools/SampleProblem.h")
+    "evaluation QWidget" "analysis QWidget" "survey QWidget" "analysis tools/SampleProblem.h")
 
 function(look_up case expected)
   separate_arguments(case)

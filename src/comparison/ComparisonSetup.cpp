@@ -24,6 +24,7 @@ using namespace Common;
     ui_->List1->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     onAction(ui_->Command1, u"開始"_s, [this] { Command1_Click(); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { Command2_Click(); });
+    onEvent(ui_->Command3, &QPushButton::clicked, [this] { Command3_Click(); });
 }
 
 比較者設定::~比較者設定() = default;
@@ -126,6 +127,11 @@ void 比較者設定::tellExistingRound() {
             .arg(CmpEvaluatorNo),
         *DbConn);
     if (!values.eof()) inform(u"指定された比較回数は一対比較に存在します"_s);
+}
+
+void 比較者設定::Command3_Click() {
+    Forms.show(u"調査票"_s);
+    Forms.unload(name());
 }
 
 void 比較者設定::Command2_Click() {

@@ -25,6 +25,7 @@ class 比較者設定 : public Screen {
     void Combo1_Click();   // a problem: its round, its evaluators, and what they have answered
     void Command1_Click(); // "開始"
     void Command2_Click(); // "キャンセル"
+    void Command3_Click(); // questionnaires
 
     void showAnswers(const AnsweredGoals& answered);
     bool takeProblem();

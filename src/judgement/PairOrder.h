@@ -3,6 +3,8 @@
 #pragma once
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 constexpr int pairCount(int n) {
     return n * (n - 1) / 2;
@@ -15,3 +17,6 @@ constexpr int pairNumber(int i, int j, int n) {
 
 // The number of items that have so many pairs, or nothing when the pairs are no full set.
 std::optional<int> itemCount(int pairs);
+
+// All pairs i < j of n items in their order, counted from 0.
+std::vector<std::pair<int, int>> pairsOf(int n);

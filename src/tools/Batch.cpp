@@ -15,6 +15,8 @@
 #include "platform/Fonts.h"
 #include "platform/StandardTexts.h"
 #include "platform/TextFile.h"
+#include "survey/AnswerImport.h"
+#include "survey/SurveyWorks.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +29,8 @@ struct Request {
     QString round;
     QStringList evaluators;
     QList<const ReportWork*> works;
+    QStringList answerFiles;
+    bool replaceAnswers;
 };
 
 void print(FILE* stream, const QString& line) {
@@ -46,11 +50,17 @@ void tellOnce(QString& told, const QString& line) {
 void addOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(u"課題の評価計算、報告書の作成、係数の設定をまとめて行います。"_s);
     parser.addPositionalArgument(u"PROBLEM"_s, u"課題番号"_s);
+    parser.addPositionalArgument(u"FILE"_s, u"回答の入った調査票（--import とともに）"_s, u"[FILE...]"_s);
     parser.addOptions({
         {{u"h"_s, u"help"_s}, u"この説明を表示します"_s},
         {u"directory"_s, u"DB と file のあるフォルダー（既定: プログラムのフォルダー）"_s, u"DIR"_s},
         {u"round"_s, u"比較回数（既定: 課題の比較回数）"_s, u"N"_s},
         {u"evaluator"_s, u"評価者番号。何回でも指定できます（既定: 課題評価者の全員）"_s, u"N"_s},
+        {u"questionnaires"_s, u"紙の調査票を PDF に出力します"_s},
+        {u"answer-sheets"_s, u"回答用紙を .xlsx ファイルに書き出します"_s},
+        {u"answer-texts"_s, u"回答用紙を .csv ファイルに書き出します"_s},
+        {u"import"_s, u"回答の入った調査票 FILE... を登録します"_s},
+        {u"replace"_s, u"--import で、以前の回答を置き換えます"_s},
         {u"calculate"_s, u"評価計算を行います"_s},
         {u"print"_s, u"個人結果、報告作成、分析出力のいずれかを PDF に出力します"_s, u"SCREEN"_s},
         {u"coefficients"_s, u"最終結果の係数を設定し、CSV ファイルに書き出します"_s},
@@ -65,9 +75,12 @@ bool isAsked(const QCommandLineParser& parser, const ReportWork& work) {
 // What is wrong with the command line, or nothing.
 QString usageError(const QCommandLineParser& parser) {
     if (!parser.errorText().isEmpty()) return parser.errorText();
-    if (parser.positionalArguments().size() != 1) return u"課題番号を一つ指定してください。"_s;
+    const auto arguments = parser.positionalArguments();
+    if (arguments.isEmpty() || (arguments.size() > 1 && !parser.isSet(u"import"_s)))
+        return u"課題番号を一つ指定してください。"_s;
+    if (arguments.size() == 1 && parser.isSet(u"import"_s)) return u"読み込むファイルを指定してください。"_s;
     for (const auto& number :
-         parser.positionalArguments() + parser.values(u"evaluator"_s) + parser.values(u"round"_s)) {
+         arguments.first(1) + parser.values(u"evaluator"_s) + parser.values(u"round"_s)) {
         bool isNumber = false;
         number.toInt(&isNumber);
         if (!isNumber) return u"「%1」は番号ではありません。"_s.arg(number);
@@ -84,10 +97,14 @@ Request requestOf(const QCommandLineParser& parser) {
     Request request{parser.positionalArguments().constFirst(),
                     parser.value(u"round"_s),
                     parser.values(u"evaluator"_s),
-                    {}};
+                    {},
+                    parser.positionalArguments().mid(1),
+                    parser.isSet(u"replace"_s)};
+    for (const auto& work : surveyWorks())
+        if (isAsked(parser, work)) request.works << &work;
     for (const auto& work : reportWorks())
         if (isAsked(parser, work)) request.works << &work;
-    if (request.works.isEmpty())
+    if (request.works.isEmpty() && request.answerFiles.isEmpty())
         for (const auto& work : reportWorks()) request.works << &work;
     return request;
 }
@@ -129,11 +146,23 @@ bool perform(const ReportWork& work, const RoundSelection& chosen) {
     return accepted && completed;
 }
 
+// Answers come in before anything is calculated from them.
+bool importFiles(const ProblemRound& round, const Request& request) {
+    if (request.answerFiles.isEmpty()) return true;
+    bool all = false;
+    const bool completed = runAction(u"調査票"_s, [&] {
+        all = importAnswers(round, request.answerFiles, request.replaceAnswers, tellFile,
+                            [](const QString& line) { print(stderr, line); });
+    });
+    return completed && all;
+}
+
 ExitCode perform(const Request& request) {
     bool succeeded = true;
     const bool completed = runAction(u"hollin-batch"_s, [&] {
         Common::openDatabase(applicationDirectory());
         const RoundSelection chosen = selectionOf(*Common::DbConn, request);
+        if (!(succeeded = importFiles(chosen, request))) return;
         QString told;
         for (const ReportWork* work : request.works) {
             if (work->ofWholeRound) tellOnce(told, resultsLine(chosen));

@@ -8,6 +8,7 @@
 #include "core/Database.h"
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
+#include "platform/TextFile.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
 
@@ -53,6 +54,8 @@ TEST_F(BatchTest, RefusalsAreExplainedWithExitCodes) {
         {2, u"1 2"_s, u"課題番号を一つ指定してください。"_s},
         {2, u"x"_s, u"「x」は番号ではありません。"_s},
         {2, u"1 --print 最終結果"_s, u"「最終結果」という報告書はありません。"_s},
+        {2, u"1 --import"_s, u"読み込むファイルを指定してください。"_s},
+        {2, u"1 a.csv --import --round 1"_s, u"--round は指定できません。"_s},
         {1, u"9"_s, u"課題 9 は登録されていません。"_s},
         {1, u"1 --evaluator 77"_s, u"課題評価者 77 は登録されていません。"_s},
         {1, u"1 --round 2 --calculate"_s, u"は一対比較に存在しません"_s},
@@ -94,4 +97,26 @@ TEST_F(BatchTest, NamedEvaluatorsAndActionsOnly) {
                            database);
     EXPECT_NEAR(shared[u"総合評価値"_s].toDouble(), 0.6266, 5e-5);
     EXPECT_EQ(screens(run(u"1 --evaluator 2 --print 分析出力 --print 個人結果"_s)), u"個人結果 分析出力"_s);
+}
+
+TEST_F(BatchTest, AnswersComeInFromFilesAndReplaceOthersOnlyWhenAsked) {
+    const QString form = path(u"form.csv"_s);
+    QFile::rename(run(u"1 --answer-texts --evaluator 2"_s).output.trimmed(), form);
+    auto text = QString::fromUtf8(bytesOf(form));
+    static const QRegularExpression unanswered(u"(\n\\d+,\\d+,[^,]+),,"_s);
+    const QString answered = path(u"answered.csv"_s);
+    writeWholeFile(answered, text.replace(unanswered, u"\\1,同じ,"_s).toUtf8());
+
+    const auto refused = run(u"1 --import %1 %2"_s.arg(form, answered));
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.output, QString());
+    EXPECT_TRUE(refused.errors.contains(form + u": 回答が揃った目的要因がないため"_s))
+        << refused.errors.toStdString();
+    EXPECT_TRUE(refused.errors.contains(u"の以前の回答（15 目的）があるため登録しませんでした。"_s));
+
+    EXPECT_EQ(run(u"1 --import %1 --replace"_s.arg(answered)).output, answered + u'\n');
+    Connection database;
+    openDatabaseFile(database, path(u"DB/Hollin.mdb"_s));
+    EXPECT_EQ(readNumber(u"select count(*) from 一対比較 where 評価者番号=2 and 比較値=1"_s, database), 56);
+    EXPECT_EQ(readNumber(u"select count(*) from 一対比較 where 評価者番号=2"_s, database), 56);
 }

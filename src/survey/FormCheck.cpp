@@ -1,0 +1,287 @@
+#include "survey/FormCheck.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QMap>
+#include <QSet>
+#include <algorithm>
+
+#include "comparison/StoredComparisons.h"
+#include "core/Common.h"
+#include "core/FactorNames.h"
+#include "judgement/AnswerCheck.h"
+#include "judgement/ComparisonMatrix.h"
+#include "judgement/ComparisonScale.h"
+#include "judgement/Consistency.h"
+#include "judgement/Limits.h"
+#include "judgement/PairOrder.h"
+#include "judgement/PowerMethod.h"
+#include "output/RoundSelection.h"
+#include "platform/Dates.h"
+#include "platform/Numbers.h"
+#include "platform/Recordset.h"
+#include "survey/AnswerForm.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+constexpr qsizetype mostFindings = 50; // of one file: whoever reads them has long seen what is wrong
+
+QString named(const Factor& factor) {
+    return formatNumber(factor.number, u"0000"_s) + u"「"_s + factor.name + u"」"_s;
+}
+
+class Check {
+  public:
+    Check(const Questionnaire& questionnaire, const Answers& answers, CheckedAnswers& checked)
+        : questionnaire_(questionnaire), answers_(answers), checked_(checked) {}
+
+    void run(Connection& connection) {
+        checked_.path = answers_.path;
+        checked_.goals = static_cast<int>(questionnaire_.goals.size());
+        checked_.findings = answers_.findings;
+        if (!answers_.problemNo || !answers_.round || !answers_.evaluatorNo) return;
+        checked_.evaluator = {*answers_.evaluatorNo, answers_.evaluator};
+        checked_.problemAndRound = u"課題 %1（%2回）"_s.arg(*answers_.problemNo).arg(*answers_.round);
+        if (!isForThisRound()) return; // every row of it would be a fault
+        checkEvaluator(connection);
+        sortPairs();
+        for (const auto& goal : questionnaire_.goals) checkGoal(goal);
+    }
+
+  private:
+    bool isForThisRound() {
+        const bool sameProblem = answers_.problemNo == questionnaire_.problem.number;
+        if (!sameProblem)
+            fault({}, u"別の課題の調査票です（この調査票は課題 %1、選択された課題は %2）。"_s.arg(
+                          QString::number(*answers_.problemNo), named(questionnaire_.problem)));
+        else if (answers_.round != questionnaire_.round)
+            fault({}, u"別の比較回数の調査票です（この調査票は %1 回、課題は %2 回）。"_s.arg(*answers_.round)
+                          .arg(questionnaire_.round));
+        return sameProblem && answers_.round == questionnaire_.round;
+    }
+
+    void checkEvaluator(Connection& connection) {
+        const auto number = *answers_.evaluatorNo;
+        const Recordset assigned(u"select 評価者番号 from 課題評価者 where 課題番号=%1 and 評価者番号=%2"_s
+                                     .arg(questionnaire_.problem.number)
+                                     .arg(number),
+                                 connection);
+        if (assigned.eof())
+            return fault({}, u"評価者 %1「%2」は課題評価者ではありません。"_s.arg(QString::number(number),
+                                                                                  answers_.evaluator));
+        const auto name = evaluatorName(connection, number);
+        if (name != answers_.evaluator)
+            notice({}, u"評価者 %1 の氏名が登録と異なります（調査票「%2」、登録「%3」）。"_s.arg(
+                           QString::number(number), answers_.evaluator, name));
+        checked_.evaluator.name = name;
+    }
+
+    void sortPairs() {
+        QSet<qint32> goals;
+        for (const auto& goal : questionnaire_.goals) goals.insert(goal.factor.number);
+        for (const auto& pair : answers_.pairs) {
+            if (!goals.contains(pair.goalNo)) {
+                fault(pair.place,
+                      u"目的番号 %1 はこの課題の目的要因ではありません。要因構成が変わっています。"_s.arg(
+                          pair.goalNo));
+                continue;
+            }
+            const auto*& known = pairs_[pair.goalNo][pair.pairNo];
+            if (known != nullptr)
+                fault(pair.place, u"目的番号 %1 の組 %2 が重複しています（%3 と）。"_s.arg(pair.goalNo)
+                                      .arg(pair.pairNo)
+                                      .arg(known->place));
+            known = &pair;
+        }
+    }
+
+    void checkGoal(const QuestionGoal& goal) {
+        auto pairs = pairs_.value(goal.factor.number);
+        if (pairs.isEmpty())
+            return fault(
+                {}, u"目的要因 %1の行がありません。要因構成が変わっています。"_s.arg(named(goal.factor)));
+        int answered = 0;
+        std::vector<float> values;
+        for (const auto& pair : goal.pairs()) {
+            const auto* answer = pairs.take(pair.number);
+            if (answer == nullptr) {
+                fault({},
+                      u"目的要因 %1の組 %2 の行がありません。"_s.arg(named(goal.factor)).arg(pair.number));
+                continue;
+            }
+            checkFactors(*answer, pair);
+            answered += answer->position.has_value();
+            values.push_back(answer->position ? scaleValue(*answer->position) : 0);
+        }
+        for (const auto* surplus : pairs)
+            fault(surplus->place,
+                  u"目的番号 %1 に組 %2 はありません。要因構成が変わっています。"_s.arg(goal.factor.number)
+                      .arg(surplus->pairNo));
+        if (answered == pairCount(goal.items()))
+            addComplete(goal, values);
+        else if (answered > 0)
+            notice({}, u"目的要因 %1は途中です（%2 / %3 組）。この目的要因は登録されません。"_s
+                           .arg(named(goal.factor))
+                           .arg(answered)
+                           .arg(pairCount(goal.items())));
+    }
+
+    void checkFactors(const AnsweredPair& answer, const QuestionPair& pair) {
+        if (answer.leftNo != pair.left.number || answer.rightNo != pair.right.number)
+            return fault(answer.place,
+                         u"要因が変わっています（調査票は「%1」と「%2」、いまは%3と%4）。"_s.arg(
+                             answer.left, answer.right, named(pair.left), named(pair.right)));
+        for (const auto& [then, now] : {std::pair{answer.left, pair.left}, {answer.right, pair.right}})
+            if (then.simplified() != now.name.simplified() && !renamed_.contains(now.number)) {
+                renamed_.insert(now.number);
+                notice(answer.place,
+                       u"要因の名前が変わっています（調査票「%1」、いまは%2）。"_s.arg(then, named(now)));
+            }
+    }
+
+    void addComplete(const QuestionGoal& goal, const std::vector<float>& values) {
+        CompleteGoal complete{goal.factor, goal.children, values};
+        judge(complete);
+        if (pairCount(goal.items()) > mostCalculatedPairs)
+            notice({},
+                   u"目的要因 %1は要因が 8 個以上あります。登録はできますが、評価計算はできません。"_s.arg(
+                       named(goal.factor)));
+        checked_.complete.append(complete);
+    }
+
+    // As the calculation will judge, and where to ask back.
+    static void judge(CompleteGoal& goal) {
+        const auto n = static_cast<int>(goal.children.size());
+        const std::vector<double> pairs(goal.values.begin(), goal.values.end());
+        const auto check = checkAnswers(pairs);
+        if (n > mostItemsWithRandomIndex) {
+            goal.consistency = u"整合度は %1 項目まで計算できます。"_s.arg(mostItemsWithRandomIndex);
+            return;
+        }
+        goal.isConsistent = check.consistency && check.consistency->isAcceptable();
+        if (check.consistency)
+            goal.consistency = u"CI %1　CR %2"_s.arg(formatNumber(check.consistency->index, u"0.0000"_s),
+                                                     formatNumber(check.consistency->ratio, u"0.0000"_s));
+        if (goal.isConsistent) return;
+        goal.consistency += u"　要確認: "_s + atOdds(goal, pairs);
+        if (check.oddPair)
+            goal.consistency +=
+                u"　ほかの回答ともっとも合わない組: %1（回答「%2」、ほかの回答からは「%3」）"_s.arg(
+                    namedPair(goal, check.oddPair->source, check.oddPair->target),
+                    AnswerForm::choice(check.oddPair->given), AnswerForm::choice(check.oddPair->suggested));
+    }
+
+    // The pairs that the calculation's report will name.
+    static QString atOdds(const CompleteGoal& goal, const std::vector<double>& pairs) {
+        const auto n = static_cast<int>(goal.children.size());
+        ComparisonMatrix matrix;
+        fillMatrix(matrix, pairs, n);
+        QStringList named;
+        if (power(matrix, static_cast<qint16>(n)) == Convergence::Converged)
+            for (const auto& pair : pairsAtOdds(matrix, n))
+                named << namedPair(goal, pair.source, pair.target);
+        return named.isEmpty() ? u"全体的に不整合"_s : named.join(u"、"_s);
+    }
+
+    static QString namedPair(const CompleteGoal& goal, int left, int right) {
+        const int number = pairNumber(left, right, static_cast<int>(goal.children.size())) + 1;
+        return u"組 %1「%2」と「%3」"_s.arg(QString::number(number), goal.children[left].name,
+                                            goal.children[right].name);
+    }
+
+    void add(Finding::Kind kind, const QString& place, const QString& text) {
+        checked_.findings.append({kind, place, text});
+    }
+    void fault(const QString& place, const QString& text) { add(Finding::Fault, place, text); }
+    void notice(const QString& place, const QString& text) { add(Finding::Notice, place, text); }
+
+    const Questionnaire& questionnaire_;
+    const Answers& answers_;
+    CheckedAnswers& checked_;
+    QHash<qint32, QHash<qint32, const AnsweredPair*>> pairs_; // goal → number of the pair → answer
+    QSet<qint32> renamed_;
+};
+
+// How many of the complete goals the evaluator has answered before.
+int goalsAnsweredBefore(Connection& connection, const Questionnaire& questionnaire,
+                        const CheckedAnswers& checked) {
+    QSet<qint32> answered;
+    for (Recordset rows(
+             u"select 目的要因番号 from 一対比較 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 "
+             "group by 目的要因番号"_s.arg(questionnaire.problem.number)
+                 .arg(questionnaire.round)
+                 .arg(checked.evaluator.number),
+             connection);
+         !rows.eof(); rows.moveNext())
+        answered.insert(rows[u"目的要因番号"_s].toLong());
+    return static_cast<int>(std::ranges::count_if(
+        checked.complete, [&](const auto& goal) { return answered.contains(goal.factor.number); }));
+}
+
+} // namespace
+
+bool CheckedAnswers::hasFault() const {
+    return std::ranges::any_of(findings, [](const auto& finding) { return finding.kind == Finding::Fault; });
+}
+
+int CheckedAnswers::inconsistent() const {
+    return static_cast<int>(
+        std::ranges::count_if(complete, [](const auto& goal) { return !goal.isConsistent; }));
+}
+
+CheckedAnswers checkForm(Connection& connection, const Questionnaire& questionnaire, const Answers& answers) {
+    CheckedAnswers checked;
+    Check(questionnaire, answers, checked).run(connection);
+    checked.replaced = goalsAnsweredBefore(connection, questionnaire, checked);
+    return checked;
+}
+
+void checkAgainstEachOther(QList<CheckedAnswers>& files) {
+    QHash<std::pair<qint32, qint32>, QList<qsizetype>> answeredBy; // evaluator and goal → files
+    for (qsizetype file = 0; file < files.size(); ++file)
+        for (const auto& goal : files[file].hasFault() ? QList<CompleteGoal>() : files[file].complete)
+            answeredBy[{files[file].evaluator.number, goal.factor.number}].append(file);
+    QMap<qsizetype, qsizetype> others; // one of them is enough to name
+    for (const auto& sharing : answeredBy)
+        if (sharing.size() > 1)
+            for (const auto file : sharing) others[file] = file == sharing[0] ? sharing[1] : sharing[0];
+    for (auto [file, other] : others.asKeyValueRange())
+        files[file].findings.append(
+            {Finding::Fault,
+             {},
+             u"「%1」と同じ評価者の同じ目的要因に答えています。どちらか一つだけを読み込んでください。"_s.arg(
+                 QFileInfo(files[other].path).fileName())});
+}
+
+QStringList findingLines(const CheckedAnswers& answers) {
+    QStringList lines;
+    for (const auto& finding : answers.findings) {
+        if (lines.size() == mostFindings) {
+            lines << u"ほか %1 件"_s.arg(answers.findings.size() - mostFindings);
+            break;
+        }
+        lines << (finding.kind == Finding::Fault ? u"誤り: "_s : u"注意: "_s) + finding.line();
+    }
+    return lines;
+}
+
+QStringList consistencyLines(const CheckedAnswers& answers, bool onlyInconsistent) {
+    QStringList lines;
+    for (const auto& goal : answers.complete)
+        if (!onlyInconsistent || !goal.isConsistent)
+            lines << u"目的要因 %1　%2"_s.arg(named(goal.factor), goal.consistency);
+    return lines;
+}
+
+void storeAnswers(const ProblemRound& round, const CheckedAnswers& answers) {
+    for (const auto& goal : answers.complete) {
+        std::vector<qint32> items;
+        for (const auto& child : goal.children) items.push_back(child.number);
+        saveComparisons(evaluatorRound(round, answers.evaluator.number), goal.factor.number,
+                        formatDate(QDate::currentDate()), items, goal.values);
+    }
+    round.connection.endUnitOfWork();
+}

@@ -1,0 +1,84 @@
+#include "survey/Questionnaire.h"
+
+#include <QHash>
+#include <QSet>
+#include <array>
+
+#include "core/Common.h"
+#include "core/FactorNames.h"
+#include "judgement/PairOrder.h"
+#include "output/RoundSelection.h"
+#include "platform/Recordset.h"
+#include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Families = QHash<qint32, QList<Factor>>;
+
+Families familiesOf(Connection& connection, qint32 problemNo) {
+    Families families;
+    for (Recordset rows(u"SELECT T1.親要因番号,T1.子要因番号,T2.要因名 FROM 要因構成 T1,要因 T2 "
+                        "WHERE T1.課題番号 = %1 AND T1.子要因番号 = T2.要因番号 "
+                        "ORDER BY T1.親要因番号,T1.子要因表示順"_s.arg(problemNo),
+                        connection);
+         !rows.eof(); rows.moveNext())
+        families[rows[u"親要因番号"_s].toLong()].append(
+            {rows[u"子要因番号"_s].toLong(), Common::NullToEmpty(rows[u"要因名"_s])});
+    return families;
+}
+
+// A factor that stands under several parents is asked once: its comparisons are stored once.
+QList<QuestionGoal> goalsBelow(const Factor& problem, const Families& families) {
+    QList<QuestionGoal> goals;
+    QSet<qint32> met{problem.number};
+    QList<Factor> waiting{problem};
+    while (!waiting.isEmpty()) {
+        const Factor factor = waiting.takeFirst();
+        const auto children = families.value(factor.number);
+        if (children.size() > 1) goals.append({factor, children});
+        for (const auto& child : children) {
+            if (met.contains(child.number)) continue;
+            met.insert(child.number);
+            waiting.append(child);
+        }
+    }
+    return goals;
+}
+
+} // namespace
+
+QList<QuestionPair> QuestionGoal::pairs() const {
+    QList<QuestionPair> pairs;
+    for (const auto& [left, right] : pairsOf(items()))
+        pairs.append({static_cast<int>(pairs.size()) + 1, children[left], children[right]});
+    return pairs;
+}
+
+int Questionnaire::pairs() const {
+    int pairs = 0;
+    for (const auto& goal : goals) pairs += pairCount(goal.items());
+    return pairs;
+}
+
+Questionnaire questionnaireOf(const ProblemRound& round) {
+    const Factor problem{round.problemNo, factorName(round.connection, round.problemNo)};
+    const auto goals = goalsBelow(problem, familiesOf(round.connection, round.problemNo));
+    if (goals.isEmpty())
+        throw RuntimeError(ErrorCode::InvalidCall,
+                           u"課題 %1「%2」の要因構成には比較する要因がありません。"_s.arg(
+                               QString::number(round.problemNo), problem.name));
+    return {problem, round.round, goals};
+}
+
+QString questionOf(const QuestionGoal& goal) {
+    return u"「%1」にとって、左と右のどちらがどれだけ重要ですか。"_s.arg(goal.factor.name);
+}
+
+QString degreeInWords(int degree) {
+    static const std::array words{u"同じくらい"_s, u"やや"_s, u"かなり"_s, u"非常に"_s, u"極めて"_s};
+    const auto below = static_cast<std::size_t>((degree - 1) / 2);
+    return degree % 2 == 1 ? words.at(below)
+                           : u"「%1」と「%2」の間くらい"_s.arg(words.at(below), words.at(below + 1));
+}

@@ -1,0 +1,40 @@
+// What evaluators are asked in a round: for every goal factor of a problem the pairs of its children.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include "core/AnsweredGoals.h"
+
+struct QuestionPair {
+    int number; // in pair order, from 1
+    Factor left;
+    Factor right;
+};
+
+struct QuestionGoal {
+    Factor factor;
+    QList<Factor> children; // in display order
+
+    int items() const { return static_cast<int>(children.size()); }
+    QList<QuestionPair> pairs() const;
+};
+
+struct Questionnaire {
+    Factor problem;
+    qint16 round = 1;
+    QList<QuestionGoal>
+        goals; // level by level from the problem down; each once; none with less than two children
+
+    int pairs() const;
+};
+
+// The problem as its structure stands now. Raises error 5 when there is nothing to compare in it.
+Questionnaire questionnaireOf(const ProblemRound& round);
+
+// "「…」にとって、左と右のどちらがどれだけ重要ですか。"
+QString questionOf(const QuestionGoal& goal);
+
+// The degrees of the comparison scale in words: 1 "同じくらい", 3 "やや", … 9 "極めて"; those between two
+// words name both.
+QString degreeInWords(int degree);

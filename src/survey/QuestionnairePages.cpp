@@ -1,0 +1,144 @@
+#include "survey/QuestionnairePages.h"
+
+#include <algorithm>
+
+#include "core/FactorNames.h"
+#include "output/ReportPage.h"
+#include "output/RoundSelection.h"
+#include "platform/Numbers.h"
+#include "platform/TextConversion.h"
+#include "survey/Questionnaire.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Half-width columns. A digit stands every three of them, 5.3 mm: room for a circle drawn by hand.
+constexpr int digitPitch = 3;
+constexpr int firstDigit = 3; // the words over the ends reach beyond the digits
+constexpr int scaleColumns = 55;
+constexpr int nameColumns = 25;
+constexpr int pairColumns = 5;
+constexpr int questionColumns = 112;             // of a page
+constexpr double halfWidth = 10 * 25.4 / 72 / 2; // mm, at 10 pt
+constexpr double leftMargin = 5;                 // mm
+
+constexpr int digits = 17;
+constexpr int equal = digits / 2; // the place of "1"
+
+// Texts in half-width columns, each centred over the digit of its place.
+QString overDigits(const QList<std::pair<int, QString>>& texts) {
+    QString line;
+    for (const auto& [place, text] : texts) {
+        const int width = PrintService::TextColumns(text);
+        const int column = firstDigit + place * digitPitch - (width - 1) / 2;
+        line += QString(std::max(0, column - PrintService::TextColumns(line)), u' ') + text;
+    }
+    return line;
+}
+
+QString scaleDigits() {
+    QList<std::pair<int, QString>> texts;
+    for (int place = 0; place < digits; ++place)
+        texts.append({place, QString::number(std::abs(place - equal) + 1)});
+    return overDigits(texts);
+}
+
+// The words of the odd degrees. Neighbours would touch each other, so every second one stands in a line
+// above.
+QString scaleWords() {
+    QList<std::pair<int, QString>> upper;
+    QList<std::pair<int, QString>> lower;
+    for (int place = 0; place < digits; place += 2) {
+        const int degree = std::abs(place - equal) + 1;
+        (degree % 4 == 1 ? upper : lower).append({place, degree == 1 ? u"同じ"_s : degreeInWords(degree)});
+    }
+    return overDigits(upper) + u'\n' + overDigits(lower);
+}
+
+QList<ReportColumn> pairTable() {
+    QList<ReportColumn> columns;
+    double left = leftMargin;
+    for (const auto& [heading, width] : {std::pair{u"組"_s, pairColumns},
+                                         {u"左の要因"_s, nameColumns},
+                                         {scaleWords(), scaleColumns},
+                                         {u"右の要因"_s, nameColumns}}) {
+        columns.append({heading, left, (width + 0.2) * halfWidth});
+        left += (width + 1) * halfWidth;
+    }
+    return columns;
+}
+
+// A name in as many lines as it takes: an answer must not go to another factor that begins alike.
+QStringList wrapped(QString name) {
+    QStringList lines;
+    do {
+        lines << leadingCharacters(name, PrintService::FitChars(name, nameColumns));
+        name.remove(0, lines.last().size());
+    } while (!name.isEmpty());
+    return lines;
+}
+
+// The number by which the goal is found in the grid, and the question; a long name of the goal is cut in it.
+QString numberedQuestion(const QuestionGoal& goal) {
+    const auto number = formatNumber(goal.factor.number, u"0000"_s) + u"　"_s;
+    constexpr int repeated = 8; // "（続き）" at the top of a page
+    const int room =
+        questionColumns - repeated - PrintService::TextColumns(number + questionOf(QuestionGoal{{}, {}}));
+    auto shown = goal;
+    if (PrintService::TextColumns(goal.factor.name) > room)
+        shown.factor.name =
+            leadingCharacters(goal.factor.name,
+                              PrintService::FitChars(goal.factor.name, static_cast<qint16>(room - 2))) +
+            u'…';
+    return number + questionOf(shown);
+}
+
+struct PairRows {
+    QStringList left;
+    QStringList right;
+    int rows() const { return static_cast<int>(std::max(left.size(), right.size())); }
+};
+
+void printGoal(ReportPage& page, const QuestionGoal& goal) {
+    QList<PairRows> pairs;
+    int rows = 0;
+    for (const auto& pair : goal.pairs()) {
+        pairs.append({wrapped(pair.left.name), wrapped(pair.right.name)});
+        rows += pairs.last().rows();
+    }
+    static const auto columns = pairTable();
+    static const auto scale = scaleDigits();
+    page.newTable(numberedQuestion(goal), columns, rows);
+    int number = 0;
+    for (const auto& pair : pairs) {
+        page.group(pair.rows());
+        page.row({QString::number(++number), pair.left.first(), scale, pair.right.first()});
+        for (int row = 1; row < pair.rows(); ++row)
+            page.row({{}, pair.left.value(row), {}, pair.right.value(row)});
+    }
+}
+
+void printFor(PrintService& print, const Questionnaire& questionnaire, const QString& evaluator) {
+    const auto& problem = questionnaire.problem.name;
+    print.fillSlots(evaluator, problem, questionnaire.round);
+    ReportPage page(print,
+                    {u"調査票"_s, {evaluator + u"様"_s, problemLine(problem, questionnaire.round)}, {}},
+                    {u"調査票"_s, problem, evaluator});
+    page.coveringLetter(print.FileDir + u"\\survey.txt"_s);
+    for (const auto& goal : questionnaire.goals) printGoal(page, goal);
+    page.finish();
+}
+
+} // namespace
+
+bool PrintQuestionnaires(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
+                         const Progress& progress) {
+    const auto questionnaire = questionnaireOf(chosen);
+    int done = 0;
+    for (const auto& evaluator : chosen.evaluators) {
+        progress(done++, static_cast<int>(chosen.evaluators.size()), evaluator.entry);
+        printFor(print, questionnaire, evaluatorName(chosen.connection, evaluator.number));
+    }
+    return true;
+}

@@ -1,0 +1,227 @@
+#include "survey/SurveyScreen.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHeaderView>
+
+#include "output/ReportSelection.h"
+#include "platform/TextFile.h"
+#include "survey/SurveyWorks.h"
+#include "ui_SurveyScreen.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+enum FileColumn { FileName, Evaluator, ProblemAndRound, Goals, State, fileColumns };
+
+constexpr qsizetype mostNames = 15;     // in a question
+constexpr QSize comfortable{1040, 700}; // shows the table's texts whole; pixels
+
+QString stateOf(const CheckedAnswers& file, bool stored) {
+    if (stored) return u"登録しました"_s;
+    if (file.hasFault()) return u"誤りがあるため登録できません"_s;
+    if (file.complete.isEmpty()) return u"回答が揃った目的要因がありません"_s;
+    QStringList remarks{u"登録できます"_s};
+    if (file.replaced > 0) remarks << u"以前の回答あり"_s;
+    if (file.inconsistent() > 0) remarks << u"要確認 %1"_s.arg(file.inconsistent());
+    return remarks.join(u"、"_s);
+}
+
+} // namespace
+
+調査票::調査票() : Screen(u"調査票"_s), ui_(std::make_unique<Ui::SurveyScreen>()), print_(Printer) {
+    ui_->setupUi(this);
+    addStatusLine();
+    ui_->Table1->setHorizontalHeaderLabels(
+        {u"ファイル"_s, u"評価者"_s, u"課題と比較回数"_s, u"揃った目的"_s, u"状態"_s});
+    ui_->Table1->horizontalHeader()->setSectionResizeMode(State, QHeaderView::Stretch);
+    for (const auto& [column, width] :
+         {std::pair{FileName, 250}, {Evaluator, 150}, {ProblemAndRound, 130}, {Goals, 90}})
+        ui_->Table1->setColumnWidth(column, width);
+    ui_->Table1->verticalHeader()->hide();
+    ui_->Progress1->hide();
+
+    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
+    onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
+    std::size_t next = 0;
+    for (auto* button : {ui_->Command3, ui_->Command4, ui_->Command5}) {
+        const auto& work = surveyWorks()[next++];
+        onAction(button, work.caption, [this, &work] { make(work); });
+    }
+    onAction(ui_->Command6, u"読み込み"_s, [this] { Command6_Click(); });
+    onAction(ui_->Command7, u"登録"_s, [this] { Command7_Click(); });
+    onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
+    onEvent(ui_->Table1, &QTableWidget::itemSelectionChanged, [this] { showDetails(); });
+}
+
+調査票::~調査票() = default;
+
+void 調査票::Form_Load() {
+    MsgTitle = windowTitle();
+    print_.load(AppDir);
+    const QStringList problems = problemEntries(*DbConn);
+    ui_->Combo1->addItems(problems);
+    if (problems.isEmpty()) refuse(u"課題が存在しません。"_s);
+    ui_->Command17->setText(print_.OutputTarget);
+    showFiles();
+    resize(comfortable.boundedTo(screen()->availableSize()));
+    centre();
+}
+
+void 調査票::Combo1_Click() {
+    const QString problemNo = entryNumber(ui_->Combo1->currentText());
+    ui_->List1->clear();
+    ui_->List1->addItems(evaluatorEntries(*DbConn, problemNo));
+    ui_->Label5->setText(currentRound(*DbConn, problemNo));
+    files_.clear(); // they were set against the problem chosen before
+    showFiles();
+}
+
+void 調査票::Command17_Click() {
+    print_.ToggleOutputTarget();
+    ui_->Command17->setText(print_.OutputTarget);
+}
+
+ChosenEntries 調査票::chosenEntries() const {
+    ChosenEntries chosen{ui_->Combo1->currentText(), {}, ui_->Label5->text()};
+    for (int row = 0; row < ui_->List1->count(); ++row)
+        if (ui_->List1->item(row)->isSelected()) chosen.evaluators << ui_->List1->item(row)->text();
+    return chosen;
+}
+
+void 調査票::make(const ReportWork& work) {
+    const auto hideProgress = qScopeGuard([this] { ui_->Progress1->hide(); });
+    const auto chosen = checkedSelection(*DbConn, chosenEntries(), true);
+    if (!chosen || !work.run(print_, *chosen, {}, progress())) return;
+    const auto where = work.printsReport ? QString() : nativePath(print_.FileDir) + u" に"_s;
+    say(u"%1%2を %3 名分作成しました。"_s.arg(where, work.caption).arg(chosen->evaluators.size()));
+}
+
+Progress 調査票::progress() {
+    return [this](int done, int total, const QString& at) {
+        ui_->Progress1->setMaximum(total);
+        ui_->Progress1->setValue(done);
+        ui_->Progress1->setFormat(at);
+        ui_->Progress1->show();
+        // The work runs on this thread: let the bar be painted, and take no clicks meanwhile.
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    };
+}
+
+std::optional<RoundSelection> 調査票::problemRound() {
+    return checkedSelection(*DbConn, {ui_->Combo1->currentText(), {}, ui_->Label5->text()}, false);
+}
+
+void 調査票::Command6_Click() {
+    if (!problemRound()) return ui_->Combo1->setFocus();
+    const auto paths =
+        QFileDialog::getOpenFileNames(this, u"回答の入った調査票を選ぶ"_s, nativePath(print_.FileDir),
+                                      u"調査票 (*.xlsx *.xlsm *.csv);;すべてのファイル (*)"_s);
+    if (!paths.isEmpty()) readFiles(paths);
+}
+
+void 調査票::readFiles(const QStringList& paths) {
+    const auto hideProgress = qScopeGuard([this] { ui_->Progress1->hide(); });
+    const auto tell = progress();
+    const auto round = problemRound();
+    if (!round) return;
+    const auto questionnaire = questionnaireOf(*round);
+    files_.clear();
+    for (const auto& path : paths) {
+        tell(static_cast<int>(files_.size()), static_cast<int>(paths.size()), QFileInfo(path).fileName());
+        files_.append(checkForm(*DbConn, questionnaire, readAnswers(path)));
+    }
+    checkAgainstEachOther(files_);
+    stored_.clear();
+    showFiles();
+    ui_->Table1->selectRow(0);
+    ui_->Table1->setFocus();
+    const auto storable = std::ranges::count_if(files_, &CheckedAnswers::canBeStored);
+    say(u"%1 件を読み込みました。登録できるもの %2 件。"_s.arg(files_.size()).arg(storable),
+        storable < files_.size());
+}
+
+void 調査票::showFiles() {
+    ui_->Table1->setRowCount(static_cast<int>(files_.size()));
+    for (int row = 0; row < ui_->Table1->rowCount(); ++row) showRow(row);
+    ui_->Command7->setEnabled(std::ranges::any_of(files_, &CheckedAnswers::canBeStored));
+    showDetails();
+}
+
+void 調査票::showRow(int row) {
+    const auto& file = files_[row];
+    const bool stored = stored_.contains(file.path);
+    const auto set = [&](FileColumn column, const QString& text) {
+        auto* item = new QTableWidgetItem(text);
+        item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+        item->setToolTip(text);
+        ui_->Table1->setItem(row, column, item);
+        return item;
+    };
+    auto* name = set(FileName, QFileInfo(file.path).fileName());
+    if (file.canBeStored() && !stored) {
+        name->setFlags(name->flags() | Qt::ItemIsUserCheckable);
+        name->setCheckState(Qt::Checked);
+    }
+    set(Evaluator, file.evaluator.number == 0
+                       ? QString()
+                       : u"%1 %2"_s.arg(file.evaluator.number).arg(file.evaluator.name));
+    set(ProblemAndRound, file.problemAndRound);
+    set(Goals, u"%1 / %2"_s.arg(file.complete.size()).arg(file.goals));
+    set(State, stateOf(file, stored));
+}
+
+void 調査票::showDetails() {
+    const int row = ui_->Table1->currentRow();
+    if (row < 0 || row >= files_.size()) return ui_->Text1->clear();
+    const auto& file = files_[row];
+    ui_->Text1->setPlainText(
+        (QStringList{file.path} + findingLines(file) + consistencyLines(file, false)).join(u'\n'));
+}
+
+QList<qsizetype> 調査票::checkedFiles() const {
+    QList<qsizetype> files;
+    for (int row = 0; row < files_.size(); ++row) {
+        const auto* item = ui_->Table1->item(row, FileName);
+        if (item->flags().testFlag(Qt::ItemIsUserCheckable) && item->checkState() == Qt::Checked)
+            files.append(row);
+    }
+    return files;
+}
+
+// Answers given before are gone afterwards: the question names whose.
+bool 調査票::mayReplace(const QList<qsizetype>& files) {
+    QStringList names;
+    for (const auto index : files)
+        if (const auto& file = files_[index]; file.replaced > 0)
+            names << u"%1 %2（%3 目的）"_s.arg(QString::number(file.evaluator.number), file.evaluator.name,
+                                               QString::number(file.replaced));
+    if (names.isEmpty()) return true;
+    const auto count = names.size();
+    if (count > mostNames) names = names.first(mostNames) << u"ほか %1 名"_s.arg(count - mostNames);
+    return confirmDiscard(u"次の評価者の以前の回答を置き換えます。よろしいですか ？\n"_s + names.join(u'\n'));
+}
+
+void 調査票::Command7_Click() {
+    const auto chosen = checkedFiles();
+    if (chosen.isEmpty()) return refuseAt(ui_->Table1, u"登録する調査票が選ばれていません。"_s);
+    if (!mayReplace(chosen)) return;
+    const auto hideProgress = qScopeGuard([this] { ui_->Progress1->hide(); });
+    const auto tell = progress();
+    const auto round = problemRound();
+    if (!round) return;
+    int done = 0;
+    for (const auto index : chosen) {
+        tell(done, static_cast<int>(chosen.size()), files_[index].evaluator.name);
+        storeAnswers(*round, files_[index]);
+        stored_ << files_[index].path;
+        showRow(static_cast<int>(index));
+        ++done;
+    }
+    ui_->Command7->setEnabled(!checkedFiles().isEmpty());
+    say(u"%1 件の調査票を登録しました。"_s.arg(done));
+}

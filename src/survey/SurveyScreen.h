@@ -1,0 +1,48 @@
+// Questionnaires: gives them out on paper and as files, and reads the answers in.
+#pragma once
+
+#include <memory>
+
+#include "core/Screen.h"
+#include "output/PrintService.h"
+#include "output/ReportWork.h"
+#include "output/RoundSelection.h"
+#include "survey/FormCheck.h"
+
+namespace Ui {
+class SurveyScreen;
+}
+
+class 調査票 : public Screen {
+  public:
+    調査票();
+    ~調査票() override;
+
+    void Form_Load() override;
+
+    // Reads the files and shows what they say; nothing is stored yet. They take the place of those shown.
+    void readFiles(const QStringList& paths);
+
+  private:
+    void end() override { leaveTo(QStringLiteral("比較者設定")); }
+    void Combo1_Click();
+    void Command17_Click();
+    void Command6_Click(); // choose files
+    void Command7_Click(); // store
+
+    ChosenEntries chosenEntries() const;
+    // What is to be answered, for the chosen evaluators: on paper, as spreadsheets, as texts.
+    void make(const ReportWork& work);
+    std::optional<RoundSelection> problemRound();
+    void showFiles();
+    void showRow(int row);
+    void showDetails();
+    QList<qsizetype> checkedFiles() const;
+    bool mayReplace(const QList<qsizetype>& files);
+    Progress progress();
+
+    std::unique_ptr<Ui::SurveyScreen> ui_;
+    PrintService print_;
+    QList<CheckedAnswers> files_; // parallel to the rows of the table
+    QStringList stored_;          // paths of those that have been stored
+};

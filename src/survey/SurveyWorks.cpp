@@ -1,0 +1,19 @@
+#include "survey/SurveyWorks.h"
+
+#include <array>
+
+#include "survey/AnswerSheet.h"
+#include "survey/QuestionnairePages.h"
+
+using namespace Qt::StringLiterals;
+
+std::span<const ReportWork> surveyWorks() {
+    static const std::array works{
+        ReportWork{u"調査票"_s, u"紙の調査票"_s, u"questionnaires"_s, true, false, true, PrintQuestionnaires},
+        ReportWork{u"調査票"_s, u"回答用紙 (.xlsx)"_s, u"answer-sheets"_s, true, false, false,
+                   WriteAnswerSpreadsheets},
+        ReportWork{u"調査票"_s, u"回答用紙 (.csv)"_s, u"answer-texts"_s, true, false, false,
+                   WriteAnswerTexts},
+    };
+    return works;
+}
