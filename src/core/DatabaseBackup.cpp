@@ -4,20 +4,33 @@
 #include "core/Schema.h"
 #include "platform/Connection.h"
 #include "platform/DatabaseFile.h"
-#include "platform/RuntimeError.h"
 
-QStringList faultsOfDatabase(const QString& file) {
-    QStringList faults = databaseFaults(file, databasePassword);
-    if (!faults.isEmpty()) return faults;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Empty when the file is sound. The first fault tells most: the engine lists page by page what follows from
+// it.
+QString faultIn(const QString& file) {
+    if (const QStringList faults = databaseFaults(file, databasePassword); !faults.isEmpty())
+        return faults.constFirst();
     Connection connection;
     openDatabaseFile(connection, file);
-    return missingFromSchema(connection);
+    return missingFromSchema(connection).join(u'\n');
+}
+
+} // namespace
+
+void requireSoundDatabase(const QString& file) {
+    if (const QString fault = faultIn(file); !fault.isEmpty())
+        throw RuntimeError(ErrorCode::Database, u"データベースに誤りがあります: %1\n%2"_s.arg(file, fault));
 }
 
 void backUpDatabase(const QString& file, const QString& copy) {
     NewFile target(copy);
-    copyDatabase(file, target.temporaryPath(), databasePassword);
-    const QStringList faults = faultsOfDatabase(target.temporaryPath());
-    if (!faults.isEmpty()) throw RuntimeError(ErrorCode::FileAccess, faults.join(u'\n'));
+    copyDatabase(file, target, databasePassword);
+    if (const QString fault = faultIn(target.temporaryPath()); !fault.isEmpty())
+        throw RuntimeError(ErrorCode::Database,
+                           u"データベースを写せません: %1 → %2\n%3"_s.arg(file, copy, fault));
     target.publish();
 }

@@ -1,13 +1,12 @@
-// Whether a database file is sound, and a safe copy of it: the same for the program and the database tool.
+// A safe copy of the database, and whether a database file is sound.
 #pragma once
 
-#include <QStringList>
+#include <QString>
 
-// Faults of the pages, then tables and columns that are missing; empty when the file is sound. Raises a
-// database error when it cannot be opened.
-QStringList faultsOfDatabase(const QString& file);
+// Raises a database error that names the file and says what is wrong with it, when the engine finds a fault
+// in it or when it lacks a table or a column.
+void requireSoundDatabase(const QString& file);
 
-// Copies the database as it stands between two units of work, also while it is in use, and gives the copy its
-// name only when it has proved sound. Raises error 75 when `copy` exists, which stays as it is, and the
-// copy's faults as an error when it has any.
+// Makes the file `copy` with what `file` holds, also while a program has it open, and looks whether it is
+// sound before it gets its name. Raises an error when it exists, cannot be made, or is not sound.
 void backUpDatabase(const QString& file, const QString& copy);

@@ -48,7 +48,8 @@ void Connection::open(const QString& user, const QString& password, int options)
         nativePath(between(connectionString_, u"Data Source="_s, u";Persist Security Info="_s)));
     if (!file.isFile())
         throw RuntimeError(ErrorCode::Database,
-                           u"データベースのファイルが見つかりません。\n%1"_s.arg(file.filePath()));
+                           u"データベースのファイルが見つかりません。\n%1"_s.arg(file.filePath()) +
+                               closedFolderHint(file.filePath()));
     if (file.size() == 0) // the engine would make a new database of it
         throw RuntimeError(ErrorCode::Database,
                            u"データベースのファイルが空です。\n%1"_s.arg(file.filePath()));

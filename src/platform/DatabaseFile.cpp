@@ -26,12 +26,24 @@ void run(const Database& database, const char* sql, const QString& what) {
 QString existingFile(const QString& path) {
     QString native = nativePath(path);
     if (!QFileInfo(native).isFile())
-        throw RuntimeError(ErrorCode::FileNotFound, u"ファイルが見つかりません。\n%1"_s.arg(native));
+        throw RuntimeError(ErrorCode::FileNotFound,
+                           u"ファイルが見つかりません。\n%1"_s.arg(native) + closedFolderHint(native));
     return native;
 }
 
 [[noreturn]] void refuse(const QString& what, const QString& path) {
     throw RuntimeError(ErrorCode::FileAccess, what + u'\n' + path);
+}
+
+// The engine would take a journal that a crash has left for one of the new file, and write old pages into it.
+void refuseForeignJournal(const QString& target) {
+    const QString journal = target + u"-journal"_s;
+    if (!QFileInfo::exists(journal)) return;
+    refuse(
+        u"前回の異常終了で残った記録があるため、この名前では作れません。\n"
+        "この名前だったファイルを元の名前に戻し、hollin-database check で調べると、記録は片付きます。"
+        "そのファイルがもうなければ、記録を削除してください。"_s,
+        journal);
 }
 
 // False, with errno, when the name is taken: a rename would replace what stands there. File systems that know
@@ -57,6 +69,7 @@ NewFile::NewFile(const QString& target) : target_(nativePath(target)) {
     if (!info.dir().exists())
         throw RuntimeError(ErrorCode::PathNotFound, u"パスが見つかりません。\n%1"_s.arg(info.path()));
     if (info.exists() || info.isSymLink()) refuse(u"ファイルは既に存在します。"_s, target_);
+    refuseForeignJournal(target_);
     QTemporaryFile reserved(target_ + u".XXXXXX"_s);
     reserved.setAutoRemove(false);
     if (!reserved.open()) refuse(u"ファイルを作成できません。(%1)"_s.arg(reserved.errorString()), target_);
@@ -92,20 +105,26 @@ void createEncryptedDatabase(const QString& path, const QString& password) {
 QStringList databaseFaults(const QString& path, const QString& password) {
     const auto database = openEncryptedFile(existingFile(path), password);
     QStringList faults;
+    // A row may begin with a line that only names the database.
     const auto collect = [](void* list, int, char** columns, char**) {
-        static_cast<QStringList*>(list)->append(QString::fromUtf8(columns[0]));
+        for (const auto& line : QString::fromUtf8(columns[0]).split(u'\n'))
+            if (line != u"ok" && !line.startsWith(u"***")) static_cast<QStringList*>(list)->append(line);
         return 0;
     };
     if (sqlite3_exec(database.get(), "PRAGMA integrity_check", collect, &faults, nullptr) != SQLITE_OK)
         faults << databaseError(database.get(), u"データベースを最後まで読めません。"_s).description();
-    faults.removeAll(u"ok"_s);
     return faults;
 }
 
-void copyDatabase(const QString& path, const QString& copy, const QString& password) {
+void copyDatabase(const QString& path, const NewFile& copy, const QString& password) {
     const auto source = openEncryptedFile(existingFile(path), password);
-    const auto target = openEncryptedFile(existingFile(copy), password);
-    const QString failure = u"データベースを写せません。\n%1"_s.arg(copy);
+    const QString failure = u"データベースを写せません。\n%1 → %2"_s.arg(path, copy.target());
+    if (!hasOwnCipher(source.get())) {
+        if (!exportWithOwnCipher(source.get(), copy.temporaryPath(), password))
+            throw databaseError(source.get(), failure);
+        return;
+    }
+    const auto target = openEncryptedFile(copy.temporaryPath(), password);
     sqlite3_backup* backup = sqlite3_backup_init(target.get(), "main", source.get(), "main");
     if (backup == nullptr) throw databaseError(target.get(), failure);
     const bool copied = sqlite3_backup_step(backup, -1) == SQLITE_DONE;

@@ -8,12 +8,14 @@
 // mode 0600, and removed again unless it was published.
 class NewFile {
   public:
-    // Raises error 75 when `target` exists or its folder cannot be written, 76 when the folder is missing.
+    // Raises error 75 when `target` exists, when a crash has left a journal of that name, or when the folder
+    // cannot be written, 76 when the folder is missing.
     explicit NewFile(const QString& target);
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
     ~NewFile();
 
+    const QString& target() const { return target_; }
     const QString& temporaryPath() const { return temporaryPath_; }
     // Gives the file its name. Raises error 75 when a file of that name has appeared meanwhile; that one
     // stays.
@@ -34,5 +36,5 @@ void createEncryptedDatabase(const QString& path, const QString& password);
 QStringList databaseFaults(const QString& path, const QString& password);
 
 // Copies the database as it stands between two units of work, also while the program has it open, into the
-// empty file `copy`, encrypted with the same password.
-void copyDatabase(const QString& path, const QString& copy, const QString& password);
+// file `copy`, encrypted with the same password.
+void copyDatabase(const QString& path, const NewFile& copy, const QString& password);

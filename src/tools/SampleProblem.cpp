@@ -1,10 +1,10 @@
 #include "tools/SampleProblem.h"
 
 #include <QFile>
-#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMap>
 #include <vector>
 
 #include "judgement/ComparisonScale.h"
@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Children = std::vector<int>;
-using Structure = QHash<int, Children>; // parent → children in display order
+using Structure = QMap<int, Children>; // parent → children in display order
 
 [[noreturn]] void reject(const QString& what) {
     throw RuntimeError(ErrorCode::TypeMismatch, u"課題のデータが不正です。%1"_s.arg(what));

@@ -76,12 +76,41 @@ TEST_F(DatabaseFileTest, ACopyHoldsWhatIsDurableWhileTheProgramWrites) {
     openDatabaseFile(program, file, password);
     program.execute(u"DELETE FROM 要因"_s); // not yet the end of the unit of work
     NewFile copy(path(u"copy.mdb"_s));
-    copyDatabase(file, copy.temporaryPath(), password);
+    copyDatabase(file, copy, password);
     copy.publish();
     EXPECT_FALSE(bytesOf(path(u"copy.mdb"_s)).contains("SECRET"));
     Connection connection;
     openDatabaseFile(connection, path(u"copy.mdb"_s), password);
     EXPECT_EQ(Recordset(u"SELECT * FROM 要因"_s, connection).recordCount(), 300);
+}
+
+// Made by the command line tools of the library's two generations, each with its own defaults.
+TEST_F(DatabaseFileTest, FilesOfBothGenerationsOpenAndTheirCopiesOpenEverywhere) {
+    Connection connection;
+    openDatabaseFile(connection, filledDatabase(), password);
+    const bool isLater =
+        Recordset(u"PRAGMA cipher_version"_s, connection)[u"cipher_version"_s].toText() >= u"4"_s;
+    const auto firstName = [](const QString& file) {
+        Connection opened;
+        openDatabaseFile(opened, file, password);
+        return Recordset(u"SELECT 要因名 FROM 要因"_s, opened)[u"要因名"_s].toText();
+    };
+    for (const auto& [generation, opens] : {std::pair{3, true}, {4, isLater}}) {
+        const QString file = path(u"generation-%1.mdb"_s.arg(generation));
+        ASSERT_TRUE(
+            QFile::copy(u"%1/generation-%2.mdb"_s.arg(QStringLiteral(TEST_DATA)).arg(generation), file));
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+        if (!opens) {
+            EXPECT_THROW(firstName(file), RuntimeError);
+            continue;
+        }
+        EXPECT_EQ(firstName(file), u"耐震補強"_s);
+        NewFile copy(file + u".copy"_s);
+        copyDatabase(file, copy, password);
+        EXPECT_EQ(firstName(copy.temporaryPath()), u"耐震補強"_s);
+        EXPECT_EQ(bytesOf(copy.temporaryPath()).size(), 2 * 1024)
+            << "not in the pages of the first generation";
+    }
 }
 
 } // namespace

@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QTemporaryDir>
 
+#include "core/Database.h"
+#include "core/Schema.h"
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
 #include "platform/TextFile.h"
 #include "support/Helpers.h"
 
@@ -39,6 +44,7 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
     QByteArray damaged = bytesOf(path(u"a.mdb"_s));
     damaged.replace(damaged.size() / 2, 8, "damaged!");
     writeWholeFile(path(u"damaged.mdb"_s), damaged);
+    writeWholeFile(path(u"crashed.mdb-journal"_s), "left behind");
     const QStringList files = QDir(folder_.path()).entryList(QDir::Files);
     const QByteArray before = bytesOf(path(u"a.mdb"_s));
     const struct {
@@ -54,8 +60,11 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
         {2, u"create b.mdb --force"_s, u"不明なオプションです: force"_s},
         {1, u"create a.mdb --sample"_s, u"既に存在します"_s},
         {1, u"backup a.mdb a.mdb"_s, u"既に存在します"_s},
-        {1, u"check damaged.mdb"_s, u"データベースを最後まで読めません。"_s},
-        {1, u"backup damaged.mdb copy.mdb"_s, u"データベースを写せません。"_s},
+        {1, u"check damaged.mdb"_s, u"誤りがあります: %1\n"_s.arg(path(u"damaged.mdb"_s))},
+        {1, u"backup damaged.mdb copy.mdb"_s,
+         u"データベースを写せません。\n%1 → %2"_s.arg(path(u"damaged.mdb"_s), path(u"copy.mdb"_s))},
+        {1, u"create crashed.mdb"_s, u"異常終了で残った記録"_s},
+        {1, u"backup a.mdb crashed.mdb"_s, u"異常終了で残った記録"_s},
         {1, u"check missing.mdb"_s, u"ファイルが見つかりません。"_s},
     };
     for (const auto& [exitCode, arguments, message] : cases) {
@@ -65,6 +74,34 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
     }
     EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), files);
     EXPECT_EQ(bytesOf(path(u"a.mdb"_s)), before);
+}
+
+TEST_F(DatabaseToolTest, SamplesAreEqualRowForRow) {
+    QStringList samples[2];
+    for (auto& sample : samples) {
+        const QString file = path(QString::number(&sample - samples) + u".mdb"_s);
+        ASSERT_EQ(runProgram(tool(), {u"create"_s, file, u"--sample"_s}).exitCode, 0);
+        Connection connection;
+        openDatabaseFile(connection, file);
+        for (const auto& table : schemaTables())
+            for (Recordset rows(u"SELECT * FROM "_s + table.name, connection); !rows.eof(); rows.moveNext())
+                for (const auto& column : table.columns) sample << rows[column].toText();
+    }
+    EXPECT_GT(samples[0].size(), 1000);
+    EXPECT_EQ(samples[0], samples[1]);
+}
+
+TEST_F(DatabaseToolTest, WhoLacksThePermissionIsToldSo) {
+    ASSERT_EQ(run(u"create a.mdb"_s).exitCode, 0);
+    const QString hint = u"フォルダーとファイルの権限を確かめてください。"_s;
+    // The administrator may do everything, unless the process gives that up.
+    QStringList check{u"--bounding-set=-all"_s, tool(), u"check"_s, path(u"a.mdb"_s)};
+    if (::geteuid() != 0) check = {u"--no-new-privs"_s, tool(), u"check"_s, path(u"a.mdb"_s)};
+    QFile::setPermissions(path(u"a.mdb"_s), {});
+    EXPECT_TRUE(runProgram(u"setpriv"_s, check).errors.contains(u"開けません。"_s + hint));
+    QFile::setPermissions(folder_.path(), {});
+    EXPECT_TRUE(runProgram(u"setpriv"_s, check).errors.contains(hint));
+    QFile::setPermissions(folder_.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 TEST_F(DatabaseToolTest, AFullDiskOrAReadOnlyFolderLeavesNoFile) {
