@@ -22,10 +22,8 @@ endforeach()
 hollin_precompile(hollin_screen_table WIDGETS)
 
 hollin_program(hollin WIDGETS SOURCES src/main.cpp src/CommandLine.cpp
-               RESOURCES src/hollin.qrc LIBRARIES hollin_screen_table hollin_help_screens)
-hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp src/tools/SampleProblem.cpp
-               RESOURCES src/tools/tools.qrc LIBRARIES hollin_output)
-hollin_include_root(hollin-database PRIVATE tools)
+               RESOURCES src/hollin.qrc LIBRARIES hollin_screen_table hollin_help_screens hollin_startup_screens)
+hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp LIBRARIES hollin_startup)
 hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis hollin_survey)
 hollin_program(hollin-figures WIDGETS SOURCES src/tools/FiguresTool.cpp LIBRARIES hollin_figures_screens)
 
@@ -35,6 +33,7 @@ hollin_include_root(hollin-sheet PRIVATE survey)
 target_link_libraries(hollin-sheet PRIVATE PkgConfig::ORCUS)
 set_target_properties(hollin-sheet PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${HOLLIN_DIRECTORY})
 install(TARGETS hollin-sheet RUNTIME DESTINATION .)
+set_property(GLOBAL APPEND PROPERTY HOLLIN_PROGRAMS hollin-sheet)
 add_dependencies(hollin hollin-sheet)
 add_dependencies(hollin-batch hollin-sheet)
 
@@ -43,19 +42,10 @@ add_custom_target(
   hollin_directory ALL
   COMMAND ${CMAKE_COMMAND} -DDIRECTORY=${HOLLIN_DIRECTORY} -DSHARE=${CMAKE_SOURCE_DIR}/share -P
           ${CMAKE_SOURCE_DIR}/cmake/program_directory.cmake
-  COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/docs/pictures ${HOLLIN_DIRECTORY}/doc/pictures
-  COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/docs/manual.md ${HOLLIN_DIRECTORY}/doc
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/docs ${HOLLIN_DIRECTORY}/docs
   VERBATIM)
 install(CODE "set(DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")\nset(SHARE \"${CMAKE_SOURCE_DIR}/share\")")
 install(SCRIPT cmake/program_directory.cmake)
 install(SCRIPT cmake/delivered_database.cmake)
 install(FILES share/hollin.desktop share/hollin.svg share/hollin.png README.md DESTINATION .)
-install(FILES docs/manual.md DESTINATION doc)
-install(DIRECTORY docs/pictures DESTINATION doc)
-
-# An archive that is unpacked anywhere and run.
-set(CPACK_GENERATOR TGZ)
-set(CPACK_PACKAGE_NAME hollin)
-set(CPACK_PACKAGE_FILE_NAME hollin-${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR})
-set(CPACK_VERBATIM_VARIABLES ON)
-include(CPack)
+install(DIRECTORY docs DESTINATION .)

@@ -4,6 +4,7 @@
 #include <QTextStream>
 
 #include "help/About.h"
+#include "platform/ApplicationDirectory.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,7 @@ std::optional<int> answerCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(u"一対比較による意思決定支援"_s);
     parser.addOptions({{{u"h"_s, u"help"_s}, u"この説明を表示します"_s},
+                       {u"directory"_s, u"データのフォルダー（DB と file のあるところ）"_s, u"DIR"_s},
                        {{u"v"_s, u"version"_s}, u"バージョンを表示します"_s}});
     if (!parser.parse(arguments))
         return print(stderr, parser.errorText() + u'\n' + parser.helpText(), wrongUsage);
@@ -32,6 +34,7 @@ std::optional<int> answerCommandLine(const QStringList& arguments) {
             wrongUsage);
     if (parser.isSet(u"help"_s)) return print(stdout, parser.helpText(), done);
     if (parser.isSet(u"version"_s)) return print(stdout, programVersion(), done);
+    if (parser.isSet(u"directory"_s)) setApplicationDirectory(parser.value(u"directory"_s));
     return std::nullopt;
 }
 

@@ -11,9 +11,11 @@
 #include "help/HelpWindow.h"
 #include "help/Manual.h"
 #include "output/MadeFiles.h"
+#include "platform/ApplicationDirectory.h"
 #include "platform/DesktopMessageBox.h"
 #include "platform/Fonts.h"
 #include "platform/StandardTexts.h"
+#include "startup/FirstStart.h"
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +54,7 @@ int main(int argc, char* argv[]) {
     fillScreenTable(Common::Forms);
     int code = 1;
     try {
+        if (!readyToStart(applicationDirectory())) return 0;
         Common::Forms.show(u"メニュー"_s);
         code = QApplication::exec();
     } catch (const RuntimeError& error) {

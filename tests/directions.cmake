@@ -8,7 +8,7 @@ set(forbidden
     "platform core/Common.h" "platform QWidget" "judgement core/Common.h" "core output/PrintService.h" "core judgement/Limits.h" "core QWidget"
     "output hierarchy/TreePlace.h" "registration hierarchy/TreePlace.h" "hierarchy evaluation/Evaluation.h"
     "comparison evaluation/Evaluation.h" "evaluation analysis/Statistics.h" "evaluation comparison/ComparisonGrid.h"
-    "evaluation QWidget" "analysis QWidget" "survey QWidget" "analysis tools/SampleProblem.h")
+    "evaluation QWidget" "analysis QWidget" "survey QWidget" "analysis startup/SampleProblem.h")
 
 function(look_up case expected)
   separate_arguments(case)

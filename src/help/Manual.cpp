@@ -30,9 +30,9 @@ QStringList wordsOf(const QString& heading) {
 
 QString manualFile() {
     const QDir program(QCoreApplication::applicationDirPath());
-    for (const auto& place : {u"doc/manual.md"_s, u"../../share/doc/hollin/manual.md"_s})
+    for (const auto& place : {u"docs/manual.md"_s, u"../share/hollin/docs/manual.md"_s})
         if (program.exists(place)) return QDir::cleanPath(program.absoluteFilePath(place));
-    return program.absoluteFilePath(u"doc/manual.md"_s);
+    return program.absoluteFilePath(u"docs/manual.md"_s);
 }
 
 Manual::Manual(const QString& file) {

@@ -4,7 +4,7 @@
 #include <QTextBrowser>
 #include <vector>
 
-// Where the manual lies: beside the program, or where a package puts documents.
+// Where the manual lies: beside the program, or where the package puts it.
 QString manualFile();
 
 class Manual : public QTextBrowser {

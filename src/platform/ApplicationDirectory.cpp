@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,7 +16,10 @@ QString& chosenDirectory() {
 } // namespace
 
 QString applicationDirectory() {
-    return chosenDirectory().isEmpty() ? QCoreApplication::applicationDirPath() : chosenDirectory();
+    if (!chosenDirectory().isEmpty()) return chosenDirectory();
+    const QString own = QCoreApplication::applicationDirPath();
+    if (QFileInfo(own + u"/DB"_s).isDir()) return own;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/hollin"_s;
 }
 
 void setApplicationDirectory(const QString& directory) {

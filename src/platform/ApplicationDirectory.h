@@ -3,6 +3,8 @@
 
 #include <QString>
 
-// The directory of the executable, unless another one was set; without trailing separator.
+// The one that was set; else that of the executable when DB stands there, so that a directory with program
+// and data can be carried anywhere; else the user's own, below the home folder, which may not exist yet.
+// Without trailing separator.
 QString applicationDirectory();
 void setApplicationDirectory(const QString& directory);

@@ -10,10 +10,9 @@
 #include "core/DatabaseBackup.h"
 #include "core/Schema.h"
 #include "platform/Connection.h"
-#include "platform/DatabaseFile.h"
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
-#include "tools/SampleProblem.h"
+#include "startup/ProgramDirectory.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,24 +36,8 @@ void complain(const QString& text) {
     QTextStream(stderr) << u"hollin-database: "_s << text << Qt::endl;
 }
 
-// The evaluator screen proposes the number after the greatest one, so there has to be one.
-void addFirstEvaluator(Connection& connection) {
-    connection.execute(u"INSERT INTO 評価者 (評価者番号,評価者氏名,所属部門) VALUES (1,'評価者１','')"_s);
-}
-
 int create(const QStringList& files, bool withSample) {
-    NewFile file(files[0]);
-    createEncryptedDatabase(file.temporaryPath(), databasePassword);
-    Connection connection;
-    openDatabaseFile(connection, file.temporaryPath());
-    createSchema(connection);
-    if (withSample) {
-        addProblem(connection, sampleProblem());
-    } else {
-        addFirstEvaluator(connection);
-    }
-    connection.close();
-    file.publish();
+    createDatabase(files[0], withSample ? Contents::Sample : Contents::Empty);
     say(u"データベースを作成しました: %1"_s.arg(files[0]));
     return success;
 }

@@ -1,4 +1,4 @@
-#include "tools/SampleProblem.h"
+#include "startup/SampleProblem.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -11,6 +11,7 @@
 #include "platform/Connection.h"
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
+#include "startup/Resources.h"
 
 using namespace Qt::StringLiterals;
 
@@ -111,7 +112,8 @@ void addEvaluators(Connection& connection, int problemNo, const QJsonArray& eval
 } // namespace
 
 QByteArray sampleProblem() {
-    QFile file(u":/tools/sample.json"_s);
+    loadStartupResources();
+    QFile file(u":/startup/sample.json"_s);
     if (!file.open(QIODevice::ReadOnly)) throw RuntimeError(ErrorCode::FileNotFound);
     return file.readAll();
 }

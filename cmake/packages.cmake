@@ -1,0 +1,41 @@
+# cpack -G TGZ: an archive that is unpacked anywhere and run. cpack -G DEB: a package for Debian, whose programs keep a
+# user's data below the home folder.
+set(packaged ${CMAKE_BINARY_DIR}/packaged)
+file(READ share/hollin.desktop launcher)
+string(REGEX REPLACE "#[^\n]*\nExec=[^\n]*" "Exec=hollin" launcher "${launcher}")
+file(CONFIGURE OUTPUT ${packaged}/hollin.desktop CONTENT "${launcher}" @ONLY)
+configure_file(share/debian/local.hollin.metainfo.xml ${packaged}/local.hollin.metainfo.xml @ONLY)
+find_program(GZIP gzip REQUIRED)
+execute_process(COMMAND ${GZIP} -9nc INPUT_FILE ${CMAKE_SOURCE_DIR}/share/debian/changelog
+                OUTPUT_FILE ${packaged}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+
+# Installed into the package alone.
+function(hollin_package)
+  install(${ARGN} COMPONENT package EXCLUDE_FROM_ALL)
+endfunction()
+hollin_package(TARGETS hollin hollin-batch hollin-database RUNTIME DESTINATION bin)
+hollin_package(FILES ${packaged}/hollin.desktop DESTINATION share/applications)
+hollin_package(FILES ${packaged}/local.hollin.metainfo.xml DESTINATION share/metainfo)
+hollin_package(FILES share/hollin.svg DESTINATION share/icons/hicolor/scalable/apps)
+hollin_package(FILES share/hollin.png DESTINATION share/icons/hicolor/128x128/apps)
+hollin_package(FILES ${packaged}/changelog.gz share/debian/copyright DESTINATION share/doc/hollin)
+hollin_package(FILES README.md DESTINATION share/hollin)
+hollin_package(DIRECTORY docs DESTINATION share/hollin)
+
+set(CPACK_PACKAGE_NAME hollin)
+set(CPACK_PACKAGE_VENDOR "The authors of Hollin")
+set(CPACK_PACKAGE_CONTACT "The authors of Hollin <hollin@localhost.localdomain>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "group decision making by pairwise comparison (Japanese)")
+set(CPACK_PACKAGE_FILE_NAME hollin-${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_SOURCE_DIR}/cmake/cpack_options.cmake)
+set(CPACK_GENERATOR TGZ)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+    "A problem is broken down into a tree of factors. Evaluators compare the children of every factor two by two; the\nprogram computes the weights, finds contradictory comparisons, and prints the results of each evaluator and of\nthe group. Everything that users see is Japanese.")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-ipafont-gothic, qt6-translations-l10n")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, evince | pdf-viewer")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+include(CPack)

@@ -1,0 +1,62 @@
+#include "startup/ProgramDirectory.h"
+
+#include <QDir>
+#include <QFile>
+
+#include "core/Database.h"
+#include "core/Schema.h"
+#include "platform/Connection.h"
+#include "platform/DatabaseFile.h"
+#include "startup/Resources.h"
+#include "startup/SampleProblem.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString databaseOf(const QString& directory) {
+    return directory + u"/DB/Hollin.mdb"_s;
+}
+
+void createFolder(const QString& path) {
+    if (!QDir().mkpath(path))
+        throw RuntimeError(ErrorCode::FileAccess, u"フォルダーを作成できません。\n%1"_s.arg(path));
+}
+
+void createMessageFile(const QString& path, const QString& resource) {
+    if (QFile::exists(path)) return;
+    QFile source(resource);
+    if (!source.copy(path))
+        throw RuntimeError(ErrorCode::FileAccess,
+                           u"ファイルを作成できません。(%1)\n%2"_s.arg(source.errorString(), path));
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+}
+
+} // namespace
+
+void createDatabase(const QString& file, Contents contents) {
+    NewFile created(file);
+    createEncryptedDatabase(created.temporaryPath(), databasePassword);
+    Connection connection;
+    openDatabaseFile(connection, created.temporaryPath());
+    createSchema(connection);
+    if (contents == Contents::Sample)
+        addProblem(connection, sampleProblem());
+    else // the evaluator screen proposes the number after the greatest one, so there has to be one
+        connection.execute(u"INSERT INTO 評価者 (評価者番号,評価者氏名,所属部門) VALUES (1,'評価者１','')"_s);
+    connection.close();
+    created.publish();
+}
+
+bool hasDatabase(const QString& directory) {
+    return QFile::exists(databaseOf(directory));
+}
+
+void createProgramDirectory(const QString& directory, Contents contents) {
+    loadStartupResources();
+    createFolder(directory + u"/DB"_s);
+    createFolder(directory + u"/file"_s);
+    for (const auto& name : {u"errmsg.txt"_s, u"message.txt"_s})
+        createMessageFile(directory + u"/file/"_s + name, u":/startup/"_s + name);
+    createDatabase(databaseOf(directory), contents);
+}

@@ -1,0 +1,7 @@
+#include "startup/Resources.h"
+
+#include <QDir>
+
+void loadStartupResources() {
+    Q_INIT_RESOURCE(startup);
+}
