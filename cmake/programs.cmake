@@ -13,16 +13,19 @@ function(hollin_program name)
   install(TARGETS ${name} RUNTIME DESTINATION .)
 endfunction()
 
-# The one place that knows all screens.
+# The one place that knows the screens of all rooms.
 add_library(hollin_screen_table STATIC src/ScreenTable.cpp)
 target_include_directories(hollin_screen_table PUBLIC src)
-foreach(room core registration hierarchy comparison analysis survey)
-  target_link_libraries(hollin_screen_table PUBLIC hollin_${room}_screens)
+get_property(rooms GLOBAL PROPERTY HOLLIN_ROOMS)
+foreach(room IN LISTS rooms)
+  if(TARGET hollin_${room}_screens)
+    target_link_libraries(hollin_screen_table PUBLIC hollin_${room}_screens)
+  endif()
 endforeach()
 hollin_precompile(hollin_screen_table WIDGETS)
 
-hollin_program(hollin WIDGETS SOURCES src/main.cpp src/CommandLine.cpp
-               RESOURCES src/hollin.qrc LIBRARIES hollin_screen_table hollin_help_screens hollin_startup_screens)
+hollin_program(hollin WIDGETS SOURCES src/main.cpp src/CommandLine.cpp RESOURCES src/hollin.qrc
+               LIBRARIES hollin_screen_table)
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp LIBRARIES hollin_startup)
 hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis hollin_survey)
 hollin_program(hollin-figures WIDGETS SOURCES src/tools/FiguresTool.cpp LIBRARIES hollin_figures_screens)

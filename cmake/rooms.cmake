@@ -8,6 +8,7 @@
 # forms go into hollin_NAME_screens, which programs without a window do not link.
 function(hollin_room name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES;SCREENS;LIBRARIES;PRIVATE_LIBRARIES")
+  set_property(GLOBAL APPEND PROPERTY HOLLIN_ROOMS ${name})
   set(room ${CMAKE_SOURCE_DIR}/src/${name})
   file(GLOB sources CONFIGURE_DEPENDS ${room}/*.cpp)
   file(GLOB forms CONFIGURE_DEPENDS ${room}/*.ui)

@@ -32,7 +32,8 @@ std::optional<Contents> askContents(const QString& directory) {
 } // namespace
 
 bool readyToStart(const QString& directory) {
-    // A directory that holds the program is whole by itself: when its database is gone, the user must hear so.
+    // A directory that holds the program is whole by itself: when its database is gone, the user must hear
+    // so.
     if (hasDatabase(directory) || directory == QCoreApplication::applicationDirPath()) return true;
     const auto contents = askContents(directory);
     if (contents) createProgramDirectory(directory, *contents);

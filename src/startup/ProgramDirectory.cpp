@@ -56,7 +56,7 @@ void createProgramDirectory(const QString& directory, Contents contents) {
     loadStartupResources();
     createFolder(directory + u"/DB"_s);
     createFolder(directory + u"/file"_s);
-    for (const auto& name : {u"errmsg.txt"_s, u"message.txt"_s})
+    for (const auto& name : {u"errmsg.txt"_s, u"message.txt"_s, u"survey.txt"_s})
         createMessageFile(directory + u"/file/"_s + name, u":/startup/"_s + name);
     createDatabase(databaseOf(directory), contents);
 }
