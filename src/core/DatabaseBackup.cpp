@@ -28,9 +28,14 @@ void requireSoundDatabase(const QString& file) {
 
 void backUpDatabase(const QString& file, const QString& copy) {
     NewFile target(copy);
-    copyDatabase(file, target, databasePassword);
+    try {
+        copyDatabase(file, target, databasePassword);
+    } catch (const RuntimeError& error) {
+        // The engine's words on copying do not say where the file is damaged.
+        throw RuntimeError(ErrorCode::Database, (error.description() + u'\n' + faultIn(file)).trimmed());
+    }
     if (const QString fault = faultIn(target.temporaryPath()); !fault.isEmpty())
         throw RuntimeError(ErrorCode::Database,
-                           u"データベースを写せません: %1 → %2\n%3"_s.arg(file, copy, fault));
+                           u"データベースを写せません。\n%1 → %2\n%3"_s.arg(file, copy, fault));
     target.publish();
 }

@@ -83,9 +83,10 @@ Database tryToOpen(const QString& path, const QString& password, const Cipher& c
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
     Database database(opened);
     const QByteArray key = password.toUtf8();
-    // What the engine says reaches the user as the text of an error, not as a log on the terminal.
-    if (code != SQLITE_OK || !execute(opened, "PRAGMA cipher_log_level = NONE") ||
+    // The key switches the engine's log on; what it says reaches the user as the text of an error instead.
+    if (code != SQLITE_OK ||
         sqlite3_key(opened, key.constData(), static_cast<int>(key.size())) != SQLITE_OK ||
+        !execute(opened, "PRAGMA cipher_log_level = NONE") ||
         !execute(opened, settings(cipher, u"main"_s).constData()))
         throw databaseError(opened, failure);
     sqlite3_extended_result_codes(opened, 1);

@@ -54,7 +54,9 @@ class ScreenTest : public ::testing::Test {
     template <typename Control = QWidget>
     Control* control(QStringView screen, QStringView name) {
         auto* form = Common::Forms.find(screen.toString());
-        auto* found = form == nullptr ? nullptr : form->findChild<Control*>(name.toString());
+        // Not by the class itself: those of the program have no meta-object of their own.
+        auto* found =
+            form == nullptr ? nullptr : dynamic_cast<Control*>(form->findChild<QWidget*>(name.toString()));
         if (found == nullptr)
             throw std::runtime_error(QStringLiteral("%1.%2 is missing").arg(screen, name).toStdString());
         return found;
