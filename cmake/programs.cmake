@@ -1,4 +1,4 @@
-# The three programs and what stands beside them, laid out alike in the build and in an installation.
+# The programs and what stands beside them, laid out alike in the build and in an installation.
 function(hollin_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "" "SOURCES;RESOURCES;LIBRARIES")
   qt_add_resources(arg_SOURCES ${arg_RESOURCES})
@@ -11,6 +11,7 @@ function(hollin_program name)
   endif()
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${HOLLIN_DIRECTORY})
   install(TARGETS ${name} RUNTIME DESTINATION .)
+  set_property(GLOBAL APPEND PROPERTY HOLLIN_PROGRAMS ${name})
 endfunction()
 
 # The one place that knows the screens of all rooms.
