@@ -273,6 +273,7 @@ void 比較値設定::showCell(PairCell cell) {
 }
 
 void 比較値設定::clearCell() {
+    clearStatus();
     if (std::exchange(typed_, Typed::Nothing) != Typed::Slash && entry_.isPair(current()) &&
         entry_.position(current())) {
         entry_.set(current(), std::nullopt);
@@ -284,6 +285,7 @@ void 比較値設定::clearCell() {
 void 比較値設定::undo() {
     const auto cell = entry_.undo();
     if (!cell) return;
+    clearStatus();
     showCell(*cell);
     goTo(*cell);
     typed_ = Typed::Nothing;

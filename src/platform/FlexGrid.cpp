@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int cornerMargin = 16;    // pixels beside the text of cell (0, 0)
+constexpr int nameMargin = 8;       // pixels beside the texts of column 0
 constexpr double headerShare = 0.4; // of the width that column 0 takes at most
 constexpr float markStrength =
     0.4F; // of the highlight colour in the fixed cells of the current row and column
@@ -31,6 +32,8 @@ class FixedCells : public QHeaderView {
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
         QHeaderView::initStyleOptionForIndex(option, section);
         if (option->textAlignment.testFlag(Qt::AlignHCenter)) option->text = option->text.trimmed();
+        if (orientation() == Qt::Vertical)
+            option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight, width() - nameMargin);
         const auto current = selectionModel()->currentIndex();
         if (!current.isValid() ||
             section != (orientation() == Qt::Horizontal ? current.column() : current.row()))
@@ -65,7 +68,6 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableWidget(parent), corner_(new QLabel(t
     setTabKeyNavigation(false); // Tab goes on to the next control, the arrows move in the grid
     setCornerButtonEnabled(false);
     verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    verticalHeader()->setTextElideMode(Qt::ElideRight);
     connect(this, &QTableWidget::currentCellChanged, this, [this] {
         horizontalHeader()->viewport()->update();
         verticalHeader()->viewport()->update();
