@@ -128,7 +128,7 @@ TEST_F(ReportsTest, PairsWithEqualKeysStayApart) {
 }
 
 TEST_F(ReportsTest, TheScreensSayWhoseResultsGoIn) {
-    run(u"delete from 評価結果 where 評価者番号=7 and レベル=2 and 比較回数=1"_s);
+    run(u"delete from 評価結果 where 課題番号=1 and 評価者番号=7 and レベル=2 and 比較回数=1"_s);
     run(u"delete from 課題評価者 where 評価者番号=5"_s);
     for (const auto& screen : {group, analysis, final}) {
         Forms.show(screen);

@@ -45,8 +45,10 @@ TEST_F(IndividualResultTest, EachEvaluatorHasADocumentOfTheCurrentRound) {
 }
 
 TEST_F(IndividualResultTest, OneEvaluatorWithoutResultsIsNamedAndNothingIsPrinted) {
-    run(u"delete from 評価結果 where 評価者番号=7 and レベル=2 and 比較回数=1"_s); // what an error half-way
-                                                                                   // leaves
+    run(u"delete from 評価結果 where 課題番号=1 and 評価者番号=7 and レベル=2 and 比較回数=1"_s); // what an
+                                                                                                  // error
+                                                                                                  // half-way
+                                                                                                  // leaves
     EXPECT_EQ(report(screen, {0, 2}), warning(screen,
                                               u"設定された条件、課題：1:候補地の選定 評価回数:1 "
                                               "評価者:7:評価者7は評価結果に存在しません"_s));

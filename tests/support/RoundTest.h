@@ -23,7 +23,9 @@ class RoundTest : public ScreenTest {
             "(13,1,'広さ',''),(21,1,'建設費',''),(22,1,'維持費',''),(23,1,'騒音',''),(24,1,'景観','')"_s);
         structure(u"1:11,12,13 11:21,22 12:22,23,24"_s);
         evaluators({2, 5, 7});
-        run(u"insert into 課題 values(2,0,2,3,1)"_s);
+        run(u"insert into 課題 values(2,0,2,3,9)"_s);
+        run(u"insert into 評価者 values(9,'評価者9','')"_s);
+        run(u"insert into 課題評価者 values(2,9,''),(2,2,'')"_s);
         run(u"insert into 要因 values(2,0,'他の課題','')"_s);
         run(u"insert into 要因構成 select 2,親要因番号,子要因番号,4-子要因表示順,子作成済 from 要因構成"
             " union select 2,11,24,4,'0' union select 2,13,23,1,'0'"_s);
