@@ -25,15 +25,15 @@ class 要因構成登録 : public Screen {
   private:
     bool hasInput() const override { return false; } // leaving asks itself
 
-    void Combo1_Click();
-    void Combo2_Click();
-    void List1_DblClick();
-    void Command1_Click(); // save
-    void Command2_Click(); // back to the menu
-    void Command3_Click(); // delete a row
-    void Command4_Click(); // go on to the next parent to fill
-    void SSTab1_Click();
-    void TreeView1_DblClick();
+    void Combo1_Click();       // a problem: its structure is levelled anew and shown
+    void Combo2_Click();       // a parent: its children are shown
+    void List1_DblClick();     // a factor for the current row
+    void Command1_Click();     // "登録"
+    void Command2_Click();     // "終了"
+    void Command3_Click();     // "行削除"
+    void Command4_Click();     // "次の親要因"
+    void SSTab1_Click();       // the page is brought up to date
+    void TreeView1_DblClick(); // a node as parent
 
     struct Problem {
         qint32 number;

@@ -32,9 +32,9 @@ class ReportForm : public Screen {
     ReportOptions options;
 
   private:
-    void Combo1_Click();
-    void Command17_Click();
-    void Command7_Click(); // the work; a run-time error is shown under the screen's name
+    void Combo1_Click();    // a problem: its round, its evaluators, whose results are there
+    void Command17_Click(); // the output target, in turn "印刷" and "PDF"
+    void Command7_Click();  // the work; a run-time error is shown under the screen's name
     ProblemRound problemRound() const;
     void markEvaluators();
     void showDevice();

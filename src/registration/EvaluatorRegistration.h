@@ -19,9 +19,9 @@ class 評価者登録 : public RegistrationScreen {
     void Form_Load() override;
 
   private:
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
+    void Command1_Click(); // "登録"
+    void Command2_Click(); // "変更"
+    void Command3_Click(); // "表示"
 
     void addEvaluator(qint32 number);
     void refuseMissingEvaluator();

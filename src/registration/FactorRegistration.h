@@ -26,9 +26,9 @@ class FactorRegistration : public RegistrationScreen {
     void Form_Load() override;
 
   private:
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
+    void Command1_Click(); // "登録"
+    void Command2_Click(); // "変更"
+    void Command3_Click(); // "表示"
 
     bool canRegister();
     void addFactor(qint16 number);

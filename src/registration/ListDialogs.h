@@ -65,8 +65,8 @@ class 課題選択 : public ListDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void List1_DblClick();
-    void Command1_Click();
+    void List1_DblClick(); // picks the row
+    void Command1_Click(); // "ｷｬﾝｾﾙ"
 };
 
 // Problems, beside the problem configuration.

@@ -20,10 +20,10 @@ class 課題構成登録 : public RegistrationScreen {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
-    void Text1_DblClick();
+    void Command1_Click(); // "登録"
+    void Command2_Click(); // "変更"
+    void Command3_Click(); // "表示"
+    void Text1_DblClick(); // takes over the problem that was picked last
 
     bool problemCanBeConfigured();
     bool settingsAreNumbers();

@@ -19,10 +19,10 @@ class 課題評価者登録 : public RegistrationScreen {
     void Form_Load() override;
 
   private:
-    void Combo1_Click();
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
+    void Combo1_Click();   // a problem: all evaluators, and those assigned to it
+    void Command1_Click(); // "登録": replaces the assignment
+    void Command2_Click(); // "追加"
+    void Command3_Click(); // "削除"
 
     // Number of the chosen problem.
     const QString& problem() const;
