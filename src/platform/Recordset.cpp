@@ -29,29 +29,15 @@ RuntimeError databaseError(const QString& description) {
 
 } // namespace
 
-Recordset::Recordset(const QString& source, Connection& connection) : connection_(&connection) {
-    if (source.trimmed().contains(u' ')) {
-        read(source);
-    } else {
-        openTable(source.trimmed());
-    }
-}
-
-void Recordset::read(const QString& sql) {
-    const auto statement = connection_->prepare(sql);
-    bool hasRow = connection_->step(statement); // a statement compiled earlier learns of new columns here
+Recordset::Recordset(const QString& sql, Connection& connection) {
+    const auto statement = connection.prepare(sql);
+    bool hasRow = connection.step(statement); // a statement compiled earlier learns of new columns here
     const int columns = sqlite3_column_count(statement.get());
     for (int column = 0; column < columns; ++column)
         names_ << QString::fromUtf8(sqlite3_column_name(statement.get(), column));
-    for (; hasRow; hasRow = connection_->step(statement), ++count_)
+    for (; hasRow; hasRow = connection.step(statement), ++count_)
         for (int column = 0; column < columns; ++column)
             values_.push_back(fieldValue(statement.get(), column));
-}
-
-// Only the columns are read: a table may hold many thousands of rows, and adding needs none of them.
-void Recordset::openTable(const QString& table) {
-    read(u"SELECT * FROM \"%1\" WHERE 0"_s.arg(table));
-    table_ = table;
 }
 
 void Recordset::moveNext() {
@@ -71,32 +57,6 @@ std::size_t Recordset::column(const QString& name) const {
         if (names_[last].compare(name, Qt::CaseInsensitive) == 0) column = last;
     if (column < 0) throw databaseError(u"項目「%1」がありません。"_s.arg(name));
     return static_cast<std::size_t>(column);
-}
-
-void Recordset::addNew() {
-    if (table_.isEmpty()) throw databaseError(u"このレコードセットには追加できません。"_s);
-    added_.assign(static_cast<std::size_t>(names_.size()), Value());
-    adding_ = true;
-}
-
-void Recordset::setField(const QString& name, const Value& value) {
-    if (!adding_) throw databaseError(u"追加中のレコードがありません。"_s);
-    added_[column(name)] = value;
-}
-
-void Recordset::update() {
-    if (!adding_) throw databaseError(u"追加中のレコードがありません。"_s);
-    NamedValues fields;
-    for (qsizetype index = 0; index < names_.size(); ++index)
-        fields.emplace_back(names_[index], added_[static_cast<std::size_t>(index)]);
-    addRecord(*connection_, table_, fields);
-    adding_ = false;
-}
-
-void Recordset::close() {
-    values_.clear();
-    count_ = position_ = 0;
-    adding_ = false;
 }
 
 qint32 readNumber(const QString& sql, Connection& connection) {

@@ -1,4 +1,5 @@
-// A set of records read by a statement (client-side: all rows are held), or a table opened to add rows.
+// A set of records read by a statement (client-side: all rows are held), and records that are added to a
+// table.
 #pragma once
 
 #include <QString>
@@ -18,8 +19,7 @@ void addRecord(Connection& connection, const QString& table, const NamedValues& 
 
 class Recordset {
   public:
-    // `source` is a SELECT statement, or the bare name of a table that rows are to be added to.
-    Recordset(const QString& source, Connection& connection);
+    Recordset(const QString& sql, Connection& connection);
 
     int recordCount() const { return count_; }
     bool eof() const { return position_ >= count_; }
@@ -33,24 +33,11 @@ class Recordset {
     // Names of the fields in the order of the statement.
     const QStringList& fieldNames() const { return names_; }
 
-    // Adds a record to the table: addNew, setField for its columns, update.
-    void addNew();
-    void setField(const QString& name, const Value& value);
-    void update();
-
-    void close();
-
   private:
-    void read(const QString& sql);
-    void openTable(const QString& table);
     std::size_t column(const QString& name) const;
 
-    Connection* connection_;
-    QString table_;
     QStringList names_;
     std::vector<Value> values_; // record by record
     int count_ = 0;
     int position_ = 0;
-    std::vector<Value> added_;
-    bool adding_ = false;
 };
