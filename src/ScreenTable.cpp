@@ -5,6 +5,7 @@
 #include "comparison/ComparisonSetup.h"
 #include "core/Menus.h"
 #include "core/Screens.h"
+#include "figures/FiguresScreen.h"
 #include "hierarchy/StructureEditor.h"
 #include "registration/EvaluatorRegistration.h"
 #include "registration/FactorRegistration.h"
@@ -37,4 +38,5 @@ void fillScreenTable(Screens& screens) {
     screens.add<報告作成>(u"報告作成"_s);
     screens.add<分析出力>(u"分析出力"_s);
     screens.add<最終結果>(u"最終結果"_s);
+    screens.add<図>(u"図"_s);
 }

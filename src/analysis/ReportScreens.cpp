@@ -37,7 +37,9 @@ QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment) {
 
 報告作成::報告作成() : ReportForm(reportWork(u"報告作成"_s)) {}
 
-分析出力::分析出力() : ReportForm(reportWork(u"分析出力"_s)) {}
+分析出力::分析出力() : ReportForm(reportWork(u"分析出力"_s)) {
+    offerFigures();
+}
 
 最終結果::最終結果() : ReportForm(reportWork(u"最終結果"_s)), coefficients_(new QTableWidget(0, 3)) {
     coefficients_->setObjectName(u"coefficients"_s);
@@ -50,6 +52,7 @@ QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment) {
     coefficients_->setMinimumHeight(180);
     optionsLayout()->addWidget(coefficients_);
     setTabOrder(findChild<QWidget*>(u"Combo1"_s), coefficients_);
+    offerFigures();
 }
 
 void 最終結果::problemChosen() {

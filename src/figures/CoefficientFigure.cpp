@@ -24,6 +24,7 @@ class CoefficientPlot {
         range_->setName(u"最小～最大"_s);
         range_->setPen(QPen(QColor(Ink::line), 1.4));
         range_->setWhiskerWidth(9);
+        range_->setSymbolGap(0);
         values_ = scatters(u"各評価者の値"_s,
                            {QCPScatterStyle::ssCircle, QPen(QColor(Ink::dark), 1), QBrush(Qt::white), 6});
         if (chosen)

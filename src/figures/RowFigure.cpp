@@ -38,7 +38,7 @@ class RowSheet {
         const auto& row = figure_.rows[first_ + i];
         const double y = rowsTop + static_cast<double>(i) * rowHeight_;
         const QRectF band(0, y, FigureSheet::width, rowHeight_);
-        sheet_.rule(0, FigureSheet::width, y);
+        sheet_.line(band.topLeft(), band.topRight());
         sheet_.text({0, y, markWidth - 8, rowHeight_}, row.mark, Qt::AlignRight);
         sheet_.name({markWidth, y, figure_.nameWidth - markWidth - 8, rowHeight_}, row.name);
         for (qsizetype cell = 0; cell < row.cells.size(); ++cell)

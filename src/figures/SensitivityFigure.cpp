@@ -15,7 +15,7 @@ constexpr int mostLines = 12;
 constexpr int samplesPerLine = 180;
 constexpr QRectF chart(0, Sheet::top, 730, 370);
 constexpr QMargins chartMargins(60, 8, 14, 44);
-constexpr double labelsLeft = 742;
+constexpr double labelsLeft = 772;
 constexpr double labelHeight = 16;
 constexpr double tableTop = 466;
 constexpr double rowHeight = 17;
@@ -107,22 +107,25 @@ void labelLines(Sheet& sheet, const QCPRange& range, const std::vector<const Lea
                 const RoundResults& results) {
     const double top = chart.top() + chartMargins.top();
     const double height = chart.height() - chartMargins.top() - chartMargins.bottom();
+    const auto yOf = [&](const LeafResponse& leaf) {
+        return top + height * std::log(range.upper / leaf.coefficient(greatestFactorOfWeight)) /
+                         std::log(range.upper / range.lower);
+    };
     std::vector<std::pair<double, std::size_t>> places;
-    for (std::size_t i = 0; i < leaves.size(); ++i)
-        places.emplace_back(top + height *
-                                      std::log(range.upper / leaves[i]->coefficient(greatestFactorOfWeight)) /
-                                      std::log(range.upper / range.lower),
-                            i);
+    for (std::size_t line = 0; line < leaves.size(); ++line) places.emplace_back(yOf(*leaves[line]), line);
     std::ranges::sort(places);
     double lowest = chart.bottom();
     for (auto place = places.rbegin(); place != places.rend(); ++place, lowest -= labelHeight)
         lowest = place->first = std::min(place->first, lowest);
     double highest = chart.top();
-    for (auto& [y, leaf] : places) {
+    for (auto& [y, line] : places) {
+        const double end = yOf(*leaves[line]);
         y = std::max(y, highest);
         highest = y + labelHeight;
+        sheet.line({chart.right() - chartMargins.right() + 4, end}, {labelsLeft - 18, y});
+        sheet.mark({labelsLeft - 10, y}, lineMark(line));
         sheet.text({labelsLeft, y - labelHeight / 2, FigureSheet::width - labelsLeft, labelHeight},
-                   elidedText(rankText(leaves[leaf]->rank) + u' ' + results.names[leaves[leaf]->factorNo],
+                   elidedText(rankText(leaves[line]->rank) + u' ' + results.names[leaves[line]->factorNo],
                               FigureSheet::width - labelsLeft));
     }
 }
@@ -159,7 +162,7 @@ QString timesText(double k) {
 }
 
 QString sentence(const RoundResults& results, qint32 factorNo, const RankChange& change) {
-    const auto changed = u" を %1 倍にすると %2 位と %3 位が入れ替わります。"_s.arg(timesText(change.k))
+    const auto changed = u"を %1 倍にすると %2 位と %3 位が入れ替わります。"_s.arg(timesText(change.k))
                              .arg(change.rank)
                              .arg(change.rank + 1);
     constexpr double nameWidth = sentenceWidth / 4.4;

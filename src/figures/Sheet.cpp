@@ -101,9 +101,15 @@ void Sheet::box(const QRectF& frame, QRgb fill) {
     painter_->setBrush(Qt::NoBrush);
 }
 
-void Sheet::rule(double x1, double x2, double y) {
+void Sheet::line(QPointF from, QPointF to) {
     painter_->setPen(QPen(QColor(Ink::rule), 1));
-    painter_->drawLine(QPointF(x1, y), QPointF(x2, y));
+    painter_->drawLine(from, to);
+}
+
+void Sheet::mark(QPointF place, const QCPScatterStyle& style) {
+    style.applyTo(painter_.get(), QPen(QColor(Ink::line)));
+    style.drawShape(painter_.get(), place);
+    painter_->setBrush(Qt::NoBrush);
 }
 
 void Sheet::plot(QCustomPlot& plot, const QRectF& frame) {

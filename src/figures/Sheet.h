@@ -8,6 +8,7 @@
 #include <memory>
 
 class QCPPainter;
+class QCPScatterStyle;
 class QCustomPlot;
 
 struct FigureSheet {
@@ -58,7 +59,8 @@ class Sheet {
     // A name over up to two lines, elided where it is longer; those are kept for `finishSheets`.
     void name(const QRectF& frame, const QString& name);
     void box(const QRectF& frame, QRgb fill);
-    void rule(double x1, double x2, double y);
+    void line(QPointF from, QPointF to); // a fine one
+    void mark(QPointF place, const QCPScatterStyle& style);
     void plot(QCustomPlot& plot, const QRectF& frame);
 
     FigureSheet finish();

@@ -68,8 +68,8 @@ std::vector<FigureSheet> drawStability(const RoundResults& results, const Stabil
             if (below != nullptr) bars->moveAbove(below);
             below = bars;
             for (std::size_t i = 0; i < count; ++i)
-                bars->addData(static_cast<double>(i),
-                              percent(shown[first + i].timesOn.at(rank), stability.runs));
+                if (const int times = shown[first + i].timesOn.at(rank); times > 0)
+                    bars->addData(static_cast<double>(i), percent(times, stability.runs));
         }
     };
     return drawRows(figure);

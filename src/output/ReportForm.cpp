@@ -50,6 +50,19 @@ ReportForm::ReportForm(const ReportWork& work)
 
 ReportForm::~ReportForm() = default;
 
+void ReportForm::offerFigures() {
+    auto* Command3 = new QPushButton(u"図(&G)…"_s);
+    Command3->setObjectName(u"Command3"_s);
+    Command3->setMinimumSize(ui_->Command2->minimumSize());
+    Command3->setToolTip(u"総合係数、意見の揃い方、感度、順位の安定を図にします"_s);
+    ui_->buttons->insertWidget(ui_->buttons->indexOf(ui_->Command7), Command3);
+    setTabOrder(ui_->Command7, Command3);
+    onEvent(Command3, &QPushButton::clicked, [this] {
+        ProblemEntry = ui_->Combo1->currentText();
+        leaveTo(u"図"_s);
+    });
+}
+
 void ReportForm::Form_Load() {
     MsgTitle = windowTitle();
     print_.load(AppDir);

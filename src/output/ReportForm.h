@@ -25,6 +25,8 @@ class ReportForm : public Screen {
     void end() override { leaveTo(QStringLiteral("メニュー")); }
     // For the options of one screen, between the choices and the buttons.
     QVBoxLayout* optionsLayout();
+    // A button that goes over to the figures of the chosen problem.
+    void offerFigures();
     // What one screen does besides: when a problem has been chosen, and after its work.
     virtual void problemChosen() {}
     virtual void worked(const RoundSelection& /*chosen*/) {}

@@ -1,6 +1,7 @@
 // hollin-batch: the work of the calculation and report screens from a script.
 #include <QCommandLineParser>
 #include <QGuiApplication>
+#include <QProcess>
 #include <QTextStream>
 #include <algorithm>
 
@@ -31,6 +32,7 @@ struct Request {
     QList<const ReportWork*> works;
     QStringList answerFiles;
     bool replaceAnswers;
+    bool figures;
 };
 
 void print(FILE* stream, const QString& line) {
@@ -63,6 +65,7 @@ void addOptions(QCommandLineParser& parser) {
         {u"replace"_s, u"--import で、以前の回答を置き換えます"_s},
         {u"calculate"_s, u"評価計算を行います"_s},
         {u"print"_s, u"個人結果、報告作成、分析出力のいずれかを PDF に出力します"_s, u"SCREEN"_s},
+        {u"figures"_s, u"図をまとめて PDF に出力します（指定したときだけ）"_s},
         {u"coefficients"_s, u"最終結果の係数を設定し、CSV ファイルに書き出します"_s},
     });
 }
@@ -99,12 +102,13 @@ Request requestOf(const QCommandLineParser& parser) {
                     parser.values(u"evaluator"_s),
                     {},
                     parser.positionalArguments().mid(1),
-                    parser.isSet(u"replace"_s)};
+                    parser.isSet(u"replace"_s),
+                    parser.isSet(u"figures"_s)};
     for (const auto& work : surveyWorks())
         if (isAsked(parser, work)) request.works << &work;
     for (const auto& work : reportWorks())
         if (isAsked(parser, work)) request.works << &work;
-    if (request.works.isEmpty() && request.answerFiles.isEmpty())
+    if (request.works.isEmpty() && request.answerFiles.isEmpty() && !request.figures)
         for (const auto& work : reportWorks()) request.works << &work;
     return request;
 }
@@ -157,6 +161,20 @@ bool importFiles(const ProblemRound& round, const Request& request) {
     return completed && all;
 }
 
+// The figures are drawn by a program of its own, with widgets. False when it failed; it has said why.
+bool drawFigures(const Request& request, const RoundSelection& chosen) {
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    QStringList arguments{u"--directory"_s, applicationDirectory(), request.problemNo, chosen.roundEntry};
+    if (request.evaluators.size() == 1) arguments << request.evaluators.constFirst();
+    program.start(QCoreApplication::applicationDirPath() + u"/hollin-figures"_s, arguments);
+    if (!program.waitForStarted())
+        throw RuntimeError(ErrorCode::FileNotFound,
+                           u"ファイルが見つかりません。\n%1"_s.arg(program.program()));
+    program.waitForFinished(-1);
+    return program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0;
+}
+
 ExitCode perform(const Request& request) {
     bool succeeded = true;
     const bool completed = runAction(u"hollin-batch"_s, [&] {
@@ -167,6 +185,7 @@ ExitCode perform(const Request& request) {
         for (const ReportWork* work : request.works) {
             if (work->ofWholeRound) tellOnce(told, resultsLine(chosen));
             if (!(succeeded = perform(*work, chosen))) return;
+            if (request.figures) succeeded = drawFigures(request, chosen);
         }
     });
     return completed && succeeded ? done : failed;

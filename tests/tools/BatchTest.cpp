@@ -83,6 +83,8 @@ TEST_F(BatchTest, EverythingIsDoneInOrderWhenNothingIsNamed) {
     const auto pages = printedPages(outcome.output.section(u'\n', 0, 0));
     ASSERT_EQ(pages.size(), 1);
     EXPECT_EQ(pages[0].word(u"全体的に不整合"_s).text, u"全体的に不整合"_s);
+    // The figures are drawn when they are asked for, in one document.
+    EXPECT_EQ(screens(run(u"1 --figures"_s)), u"図"_s);
 }
 
 TEST_F(BatchTest, NamedEvaluatorsAndActionsOnly) {

@@ -1,0 +1,176 @@
+#include "figures/FiguresScreen.h"
+
+#include <QCoreApplication>
+
+#include "figures/FigureOutput.h"
+#include "figures/Figures.h"
+#include "figures/PrintFigures.h"
+#include "output/ReportSelection.h"
+#include "platform/TextFile.h"
+#include "ui_FiguresScreen.h"
+
+using namespace Qt::StringLiterals;
+using namespace Common;
+
+namespace {
+
+constexpr int runsBetweenPaints = 5;
+
+void fill(QComboBox* combo, const QString& none, const QStringList& entries) {
+    combo->clear();
+    combo->addItem(none);
+    combo->addItems(entries);
+}
+
+} // namespace
+
+図::図() : Screen(u"図"_s), ui_(std::make_unique<Ui::FiguresScreen>()), print_(Printer) {
+    ui_->setupUi(this);
+    addStatusLine();
+    setWindowTitle(name());
+    ui_->Combo2->addItems({u"総合係数"_s, u"意見の揃い方"_s, u"感度"_s, u"順位の安定"_s});
+    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
+    for (QComboBox* combo : {ui_->Combo2, ui_->Combo3, ui_->Combo4})
+        onEvent(combo, &QComboBox::activated, [this] { showFigure(); });
+    onAction(ui_->Command1, name(), [this] { Command1_Click(); });
+    onEvent(ui_->Command3, &QPushButton::clicked, [this] { stopped_ = true; });
+    onAction(ui_->Command7, name(), [this] { Command7_Click(); });
+    onAction(ui_->Command4, name(), [this] { savePictures(PictureType::Svg); });
+    onAction(ui_->Command5, name(), [this] { savePictures(PictureType::Png); });
+    onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
+    onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
+}
+
+図::~図() = default;
+
+void 図::Form_Load() {
+    MsgTitle = windowTitle();
+    print_.load(AppDir);
+    ui_->Combo1->addItems(problemEntries(*DbConn));
+    ui_->Command17->setText(print_.OutputTarget);
+    // The problem that was chosen on the screen from which the figures were asked for.
+    ui_->Combo1->setCurrentIndex(ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(ProblemEntry));
+    setRunning(false);
+    if (ui_->Combo1->currentIndex() >= 0)
+        Combo1_Click();
+    else
+        showFigure();
+    centre();
+}
+
+void 図::end() {
+    stopped_ = true;
+    if (!running_) leaveTo(u"メニュー"_s);
+}
+
+void 図::Combo1_Click() {
+    ProblemEntry = ui_->Combo1->currentText();
+    const QString problemNo = entryNumber(ProblemEntry);
+    const QString round = currentRound(*DbConn, problemNo);
+    ui_->Label5->setText(round);
+    results_ = readRoundResults({*DbConn, Value(problemNo).toLong(), Value(round).toInteger()});
+    stability_.reset();
+    QStringList evaluators;
+    for (const auto& evaluator : results_->evaluators)
+        evaluators << u"%1:%2"_s.arg(evaluator.number).arg(evaluator.name);
+    fill(ui_->Combo3, u"（選ばない）"_s, evaluators);
+    QStringList rounds;
+    for (const qint16 earlier : earlierRounds({*DbConn, results_->problemNo, results_->round}))
+        rounds << QString::number(earlier);
+    fill(ui_->Combo4, u"（比べない）"_s, rounds);
+    if (!rounds.isEmpty()) ui_->Combo4->setCurrentIndex(1);
+    showFigure();
+}
+
+図::Figure 図::figure() const {
+    return static_cast<Figure>(ui_->Combo2->currentIndex());
+}
+
+std::vector<FigureSheet> 図::drawnAgreement() const {
+    if (ui_->Combo4->currentIndex() < 1) return drawAgreement(*results_, nullptr);
+    const auto earlier =
+        readRoundResults({*DbConn, results_->problemNo, Value(ui_->Combo4->currentText()).toInteger()});
+    return drawAgreement(*results_, &earlier);
+}
+
+std::vector<FigureSheet> 図::drawn() const {
+    const int chosen = ui_->Combo3->currentIndex() - 1;
+    switch (figure()) {
+        case Figure::Coefficients:
+            return drawCoefficients(
+                *results_, chosen < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(chosen)));
+        case Figure::Agreement:
+            return drawnAgreement();
+        case Figure::Sensitivity:
+            return drawSensitivity(*results_);
+        case Figure::Stability:
+            break;
+    }
+    return stability_ ? drawStability(*results_, *stability_) : std::vector<FigureSheet>();
+}
+
+void 図::showFigure() {
+    sheets_.clear();
+    ui_->Combo3->setEnabled(figure() == Figure::Coefficients);
+    ui_->Combo4->setEnabled(figure() == Figure::Agreement);
+    ui_->Command1->setEnabled(figure() == Figure::Stability && results_ && !results_->evaluators.empty());
+    if (results_ && !results_->evaluators.empty()) sheets_ = drawn();
+    for (QWidget* output : {ui_->Command7, ui_->Command4, ui_->Command5})
+        output->setEnabled(!sheets_.empty());
+    if (!sheets_.empty())
+        ui_->view->show(sheets_);
+    else if (!results_)
+        ui_->view->show(u"課題を選択してください。"_s);
+    else if (results_->evaluators.empty())
+        ui_->view->show(
+            u"選択された課題、評価回数の評価結果が存在しません。\n先に評価計算を行ってください。"_s);
+    else
+        ui_->view->show(u"「計算」を押すと、比較値を %1 回動かして順位を調べます。"_s.arg(stabilityRuns));
+}
+
+void 図::setRunning(bool running) {
+    running_ = running;
+    ui_->choices->setEnabled(!running);
+    ui_->outputs->setEnabled(!running);
+    ui_->progress->setVisible(running);
+    ui_->Command3->setVisible(running);
+}
+
+bool 図::showRun(int done) {
+    if (done % runsBetweenPaints != 0) return true;
+    ui_->progress->setValue(done);
+    // The work runs on this thread: let the bar be painted, and the stop button be pressed.
+    QCoreApplication::processEvents();
+    return !stopped_;
+}
+
+void 図::Command1_Click() {
+    const auto comparisons = readRoundComparisons(*DbConn, *results_);
+    stopped_ = false;
+    ui_->progress->setRange(0, stabilityRuns);
+    ui_->progress->setValue(0);
+    {
+        setRunning(true);
+        const auto finished = qScopeGuard([this] { setRunning(false); });
+        ui_->Command3->setFocus();
+        stability_ = rankStability(comparisons, stabilityRuns, [this](int done) { return showRun(done); });
+    }
+    if (stability_->runs < stabilityRuns) say(u"%1 回で中止しました。"_s.arg(stability_->runs));
+    showFigure();
+    goTo(ui_->Command1);
+}
+
+void 図::Command17_Click() {
+    print_.ToggleOutputTarget();
+    ui_->Command17->setText(print_.OutputTarget);
+}
+
+void 図::Command7_Click() {
+    printFigures(print_, sheets_, results_->problem);
+    say(u"%1 ページを出力しました。"_s.arg(sheets_.size()));
+}
+
+void 図::savePictures(PictureType type) {
+    const auto paths = saveFigures(print_.FileDir, sheets_, results_->problem, type);
+    say(u"%1 個のファイルを書き出しました。%2"_s.arg(paths.size()).arg(nativePath(paths.constFirst())));
+}

@@ -1,0 +1,132 @@
+// Figures of a round, against values that another program worked out from the same comparisons and draws.
+#include <QImage>
+
+#include "figures/Agreement.h"
+#include "figures/Ranking.h"
+#include "figures/Sensitivity.h"
+#include "figures/Stability.h"
+#include "support/Helpers.h"
+#include "support/RoundTest.h"
+
+class FiguresTest : public RoundTest {
+  protected:
+    RoundResults results(qint16 round = 1) { return readRoundResults({*Common::DbConn, 1, round}); }
+
+    Stability stability(
+        int runs, const std::function<bool(int)>& proceed = [](int) { return true; }) {
+        return rankStability(readRoundComparisons(*Common::DbConn, results()), runs, proceed);
+    }
+    // The words of all pages of the only document.
+    QString printed() {
+        QString texts;
+        for (const auto& page : printedPages(directory() + u"/file/"_s + documents().value(0)))
+            for (const auto& word : page.words) texts += word.text;
+        return texts;
+    }
+};
+
+TEST_F(FiguresTest, LeavesStandByTheirCoefficient) {
+    const auto leaves = rankedLeaves(results());
+    const std::vector<std::pair<qint32, double>> expected{
+        {22, 0.8154373279837874}, {21, 0.5}, {23, 0.4004062865496787}, {24, 0.21767975691481586}};
+    ASSERT_EQ(leaves.size(), expected.size());
+    for (std::size_t i = 0; i < leaves.size(); ++i) {
+        EXPECT_EQ(leaves[i].factorNo, expected[i].first);
+        EXPECT_EQ(leaves[i].rank, static_cast<int>(i) + 1);
+        EXPECT_NEAR(leaves[i].coefficient, expected[i].second, 1e-6);
+    }
+    // equal to the last but a few digits is equal; what has no value has no rank
+    EXPECT_EQ(ranks({0.5, 0.7, 0.5 + 1e-12, 0, 0.2}), (std::vector{2, 1, 2, 0, 4}));
+}
+
+TEST_F(FiguresTest, TheWorstAgreementStandsFirstAndSaysHowItHasMoved) {
+    compareAll(2);
+    run(u"update 評価結果 set 評価値=0.5 where 比較回数=2 and 親要因番号=11 and 子要因番号=21"_s);
+    const auto before = results(1);
+    const auto found = agreement(results(2), &before);
+    const auto& worst = found.weights.front();
+    EXPECT_EQ((std::pair{worst.parentNo, worst.factorNo}), (std::pair{12, 24}));
+    EXPECT_NEAR(worst.deviation, 0.38841235206045277, 1e-6);
+    EXPECT_NEAR(worst.earlierDeviation.value_or(0), worst.deviation, 1e-12);
+    EXPECT_EQ(worst.classes, (std::array{2, 0, 0, 0, 0, 0, 1}));
+    const auto& best = found.weights.back(); // all three agree now
+    EXPECT_EQ((std::pair{best.parentNo, best.factorNo}), (std::pair{11, 21}));
+    EXPECT_EQ(best.deviation, 0);
+    EXPECT_NEAR(best.earlierDeviation.value_or(0), 0.3535533905932738, 1e-6);
+    EXPECT_EQ(found.totals.front().factorNo, 22);
+    EXPECT_NEAR(found.totals.front().deviation, 0.6980422137215716, 1e-6);
+}
+
+TEST_F(FiguresTest, RanksChangeWhereTheCurvesCross) {
+    const auto found = sensitivities(results(), 8);
+    const std::array expected{std::vector<RankChange>{{0.8008125731001581, 2, 23, 21},
+                                                      {0.4353595138300671, 3, 24, 21},
+                                                      {0.19046100176013395, 1, 23, 22}},
+                              std::vector<RankChange>{{1.2487316428221578, 2, 23, 21},
+                                                      {2.2969522158882407, 3, 24, 21},
+                                                      {5.250418672371558, 1, 23, 22}}};
+    ASSERT_EQ(found.size(), expected.size());
+    for (std::size_t factor = 0; factor < found.size(); ++factor) {
+        const auto& changes = found[factor].changes;
+        ASSERT_EQ(changes.size(), expected.at(factor).size());
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            const auto& right = expected.at(factor)[i];
+            EXPECT_NEAR(changes[i].k, right.k, 1e-6);
+            EXPECT_EQ((std::tuple{changes[i].rank, changes[i].risingNo, changes[i].fallingNo}),
+                      (std::tuple{right.rank, right.risingNo, right.fallingNo}));
+        }
+    }
+    EXPECT_EQ(sensitivities(results(), 2)[0].changes.size(), 1U); // among the first two ranks
+}
+
+TEST_F(FiguresTest, TheSameDrawsGiveTheSameRanks) {
+    const auto found = stability(1000);
+    const std::vector<std::array<int, 3>> expected{{995, 5, 0}, {4, 701, 294}, {1, 294, 705}, {0, 0, 1}};
+    ASSERT_EQ(found.leaves.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(found.leaves[i].timesOn, expected[i]);
+    EXPECT_EQ((std::pair{found.leaves[3].bestRank, found.leaves[3].worstRank}), (std::pair{3, 4}));
+    EXPECT_EQ(stability(1000, [](int done) { return done < 7; }).runs, 7);
+}
+
+TEST_F(FiguresTest, AnIncompleteGoalAndACircleAreErrors) {
+    run(u"delete from 一対比較 where 評価者番号=5 and 目的要因番号=12 and 比較表示順=3"_s);
+    EXPECT_EQ(raisedBy([this] { stability(1); }).number, 5);
+    run(u"insert into 評価結果 values(1,22,12,2,1,1,0,1)"_s);
+    EXPECT_EQ(raisedBy([this] { results(); }).number, 5);
+}
+
+TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
+    Common::Forms.show(u"分析出力"_s);
+    choose(u"分析出力", u"Combo1", 0);
+    click(u"分析出力", u"Command3");
+    EXPECT_FALSE(isOpen(u"分析出力"));
+    EXPECT_EQ(text(u"図", u"Combo1"), u"1:候補地の選定"_s);
+    click(u"図", u"Command17");
+    choose(u"図", u"Combo2", 2);
+    click(u"図", u"Command7");
+    EXPECT_TRUE(printed().contains(
+        u"『環境』を1.25倍にすると2位と3位が入れ替わります。「騒音」が「建設費」を上回ります。"_s));
+
+    choose(u"図", u"Combo2", 3);
+    EXPECT_FALSE(control(u"図", u"Command4")->isEnabled()); // nothing has been calculated yet
+    click(u"図", u"Command1");
+    click(u"図", u"Command4");
+    click(u"図", u"Command5");
+    const QDir folder(directory() + u"/file"_s);
+    const auto files = folder.entryList({u"図_候補地の選定_順位の安定_*"_s}, QDir::Files, QDir::Name);
+    ASSERT_EQ(files.size(), 2);
+    EXPECT_FALSE(QImage(folder.filePath(files.filter(u".png"_s).value(0))).isNull());
+    const auto svg = QString::fromUtf8(bytesOf(folder.filePath(files.filter(u".svg"_s).value(0))));
+    EXPECT_TRUE(svg.contains(u"99.5%"));
+    click(u"図", u"Command2");
+    EXPECT_TRUE(isOpen(u"メニュー"));
+}
+
+TEST_F(FiguresTest, WithoutResultsTheScreenOffersNothing) {
+    run(u"delete from 評価結果"_s);
+    Common::ProblemEntry = u"1:候補地の選定"_s;
+    Common::Forms.show(u"図"_s);
+    choose(u"図", u"Combo2", 3);
+    for (const auto* button : {u"Command1", u"Command4", u"Command5", u"Command7"})
+        EXPECT_FALSE(control(u"図", button)->isEnabled());
+}
