@@ -185,8 +185,8 @@ ExitCode perform(const Request& request) {
         for (const ReportWork* work : request.works) {
             if (work->ofWholeRound) tellOnce(told, resultsLine(chosen));
             if (!(succeeded = perform(*work, chosen))) return;
-            if (request.figures) succeeded = drawFigures(request, chosen);
         }
+        if (request.figures) succeeded = drawFigures(request, chosen);
     });
     return completed && succeeded ? done : failed;
 }
