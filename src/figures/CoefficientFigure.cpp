@@ -29,7 +29,7 @@ class CoefficientPlot {
                            {QCPScatterStyle::ssCircle, QPen(QColor(Ink::dark), 1), QBrush(Qt::white), 6});
         if (chosen)
             own_ = scatters(
-                results.evaluators[*chosen].name + u"の値"_s,
+                elidedText(results.evaluators[*chosen].name, 120) + u"の値"_s,
                 {QCPScatterStyle::ssDiamond, QPen(QColor(Ink::line), 1), QBrush(QColor(Ink::line)), 12});
     }
 
@@ -72,7 +72,8 @@ std::vector<FigureSheet> drawCoefficients(const RoundResults& results, std::opti
     figure.title =
         titleOf(results, u"総合係数"_s,
                 u"棒は全員の総合評価値の幾何平均です。横線は最小から最大まで、○は一人ひとりの値です。"_s);
-    if (chosen) figure.title.reading += u"◆は%1の値です。"_s.arg(results.evaluators[*chosen].name);
+    if (chosen)
+        figure.title.reading += u"◆は%1の値です。"_s.arg(elidedText(results.evaluators[*chosen].name, 200));
     figure.columns = {{u"係数"_s, 830, 50}, {u"最小"_s, 884, 50}, {u"最大"_s, 938, 50}};
     if (chosen) figure.columns.append({u"◆"_s, 992, 50});
     figure.nameWidth = 360;

@@ -89,7 +89,6 @@ std::vector<FigureSheet> drawRows(const RowFigure& figure) {
     const auto pages = static_cast<int>((rows + rowsOfSheet - 1) / rowsOfSheet);
     const double rowHeight =
         std::clamp(rowsHeight / static_cast<double>(std::max<std::size_t>(rows, 1)), leastRow, greatestRow);
-    QStringList elided;
     for (std::size_t first = 0; first < rows; first += rowsOfSheet) {
         Sheet sheet(figure.title, static_cast<int>(sheets.size()) + 1, pages);
         RowSheet(figure, first, std::min(rowsOfSheet, rows - first), rowHeight, sheet).draw();

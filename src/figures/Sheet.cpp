@@ -14,9 +14,16 @@ constexpr int titleSize = 17;
 constexpr double titleHeight = 24;
 constexpr double lineHeight = 18;
 
-// Half-width columns of the sheet's font in so many pixels.
-qint16 columnsIn(double width) {
-    return static_cast<qint16>(width * 2 / Sheet::textSize);
+constexpr int smallText = 8;
+
+// Half-width columns of a font of this size in so many pixels.
+qint16 columnsIn(double width, int pixels) {
+    return static_cast<qint16>(width * 2 / pixels);
+}
+
+QString elided(const QString& text, qint16 columns) {
+    if (PrintService::TextColumns(text) <= columns) return text;
+    return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
 }
 
 } // namespace
@@ -30,9 +37,7 @@ QFont figureFont(int pixels) {
 }
 
 QString elidedText(const QString& text, double width) {
-    const auto columns = columnsIn(width);
-    if (PrintService::TextColumns(text) <= columns) return text;
-    return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
+    return elided(text, columnsIn(width, Sheet::textSize));
 }
 
 void setUpPlot(QCustomPlot& plot) {
@@ -87,11 +92,17 @@ void Sheet::text(const QRectF& frame, const QString& text, Qt::Alignment alignme
 }
 
 void Sheet::name(const QRectF& frame, const QString& name) {
-    const auto first = leadingCharacters(name, PrintService::FitChars(name, columnsIn(frame.width())));
-    const auto rest = name.mid(first.size());
-    const auto second = elidedText(rest, frame.width());
-    if (second != rest && !elided_.contains(name)) elided_ << name;
-    text(frame, second.isEmpty() ? first : first + u'\n' + second);
+    const bool isLong = PrintService::TextColumns(name) > 2 * columnsIn(frame.width(), textSize) - 2;
+    const int pixels = isLong ? smallText : textSize;
+    const auto columns = columnsIn(frame.width(), pixels);
+    QStringList lines;
+    QString rest = name;
+    for (int line = isLong ? 3 : 2; line > 0 && !rest.isEmpty(); --line) {
+        lines << (line == 1 ? elided(rest, columns)
+                            : leadingCharacters(rest, PrintService::FitChars(rest, columns)));
+        rest.remove(0, lines.last().size());
+    }
+    text(frame, lines.join(u'\n'), Qt::AlignLeft, pixels);
 }
 
 void Sheet::box(const QRectF& frame, QRgb fill) {

@@ -56,7 +56,7 @@ class Sheet {
 
     void text(const QRectF& frame, const QString& text, Qt::Alignment alignment = Qt::AlignLeft,
               int pixels = textSize);
-    // A name over up to two lines, elided where it is longer; those are kept for `finishSheets`.
+    // A name over two lines; a longer one over three in smaller letters, which take some 110 characters.
     void name(const QRectF& frame, const QString& name);
     void box(const QRectF& frame, QRgb fill);
     void line(QPointF from, QPointF to); // a fine one
@@ -64,12 +64,10 @@ class Sheet {
     void plot(QCustomPlot& plot, const QRectF& frame);
 
     FigureSheet finish();
-    const QStringList& elided() const { return elided_; }
 
   private:
     FigureSheet sheet_;
     std::unique_ptr<QCPPainter> painter_;
-    QStringList elided_;
 };
 
 // The font of all texts of a figure.
