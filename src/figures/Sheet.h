@@ -4,6 +4,7 @@
 #include <QList>
 #include <QPicture>
 #include <QRectF>
+#include <QRgb>
 #include <QString>
 #include <memory>
 
