@@ -17,8 +17,7 @@ namespace {
 
 enum FileColumn { FileName, Evaluator, ProblemAndRound, Goals, State, fileColumns };
 
-constexpr qsizetype mostNames = 15;     // in a question
-constexpr QSize comfortable{1040, 700}; // shows the table's texts whole; pixels
+constexpr qsizetype mostNames = 15; // in a question
 
 QString stateOf(const CheckedAnswers& file, bool stored) {
     if (stored) return u"登録しました"_s;
@@ -39,7 +38,7 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
         {u"ファイル"_s, u"評価者"_s, u"課題と比較回数"_s, u"揃った目的"_s, u"状態"_s});
     ui_->Table1->horizontalHeader()->setSectionResizeMode(State, QHeaderView::Stretch);
     for (const auto& [column, width] :
-         {std::pair{FileName, 250}, {Evaluator, 150}, {ProblemAndRound, 130}, {Goals, 90}})
+         {std::pair{FileName, 170}, {Evaluator, 110}, {ProblemAndRound, 115}, {Goals, 85}})
         ui_->Table1->setColumnWidth(column, width);
     ui_->Table1->verticalHeader()->hide();
     ui_->Progress1->hide();
@@ -68,7 +67,6 @@ void 調査票::Form_Load() {
     if (problems.isEmpty()) refuse(u"課題が存在しません。"_s);
     ui_->Command17->setText(print_.OutputTarget);
     showFiles();
-    resize(comfortable.boundedTo(screen()->availableSize()));
     centre();
 }
 
