@@ -82,6 +82,8 @@ QString usageError(const QCommandLineParser& parser) {
     if (arguments.isEmpty() || (arguments.size() > 1 && !parser.isSet(u"import"_s)))
         return u"課題番号を一つ指定してください。"_s;
     if (arguments.size() == 1 && parser.isSet(u"import"_s)) return u"読み込むファイルを指定してください。"_s;
+    if (parser.isSet(u"import"_s) && parser.isSet(u"round"_s))
+        return u"調査票は課題の比較回数に登録されます。--round は指定できません。"_s;
     for (const auto& number :
          arguments.first(1) + parser.values(u"evaluator"_s) + parser.values(u"round"_s)) {
         bool isNumber = false;
