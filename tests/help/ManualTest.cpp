@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 class ManualTest : public ScreenTest {
   protected:
-    static QString folder() { return qEnvironmentVariable("HOLLIN_DIRECTORY") + u"/doc/"_s; }
+    static QString folder() { return qEnvironmentVariable("HOLLIN_DIRECTORY") + u"/docs/"_s; }
     static QString file() { return folder() + u"manual.md"_s; }
 };
 
