@@ -10,7 +10,7 @@
 #include "analysis/Variation.h"
 #include "core/Common.h"
 #include "core/Database.h"
-#include "evaluation/EvaluatorRound.h"
+#include "core/EvaluatorRound.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "hierarchy/NumberHierarchy.h"

@@ -5,8 +5,8 @@
 
 #include "core/Common.h"
 #include "core/Database.h"
+#include "core/EvaluatorRound.h"
 #include "core/Schema.h"
-#include "evaluation/EvaluatorRound.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "platform/DatabaseFile.h"

@@ -43,6 +43,7 @@ void Form::fitToScreen(const QSize& wanted) {
     const QSize room = screen()->availableGeometry().size() - frameRoom;
     if (needsMoreThan(room)) shrinkViews();
     if (needsMoreThan(room)) scrollContents();
+    layout()->activate(); // or the window keeps the least size that it had
     resize(wanted.boundedTo(room));
 }
 

@@ -34,7 +34,7 @@ TEST_F(ScreensTest, WindowsKeepWithinTheScreenAndShowTheirTextsWhole) {
         const QWidget* form = Common::Forms.find(name);
         const QSize screen = form->screen()->availableSize();
         EXPECT_TRUE(form->width() <= screen.width() && form->height() <= screen.height())
-            << name.toStdString();
+            << name.toStdString() << ": " << form->width() << " x " << form->height();
         for (const auto* control : form->findChildren<QWidget*>()) {
             const bool hasText = qobject_cast<const QAbstractButton*>(control) != nullptr ||
                                  qobject_cast<const QLabel*>(control) != nullptr;
