@@ -18,8 +18,9 @@ class DepthFirst {
         if (met != state_.end() && *met == State::Open) raiseCircle(problemNo_);
         if (met != state_.end()) return;
         state_.insert(factorNo, State::Open);
-        const auto below = children_.value(factorNo);
-        for (auto child = below.rbegin(); child != below.rend(); ++child) visit(*child);
+        auto below = children_.value(factorNo);
+        std::ranges::reverse(below);
+        for (const qint32 child : below) visit(child);
         state_[factorNo] = State::Done;
         order.push_back(factorNo);
     }

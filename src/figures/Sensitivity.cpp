@@ -95,6 +95,7 @@ std::vector<std::vector<double>> sampled(const std::vector<LeafResponse>& leaves
 std::vector<std::size_t> leadersIn(std::size_t cell, const std::vector<std::vector<double>>& samples,
                                    std::size_t leading) {
     std::vector<double> begins;
+    begins.reserve(samples.size());
     for (const auto& row : samples) begins.push_back(row[cell]);
     std::ranges::sort(begins, std::ranges::greater{});
     const double last = begins[std::min(leading, begins.size() - 1)];

@@ -107,6 +107,7 @@ class Calculation {
                 if (const double weight = globalOf(leaf); weight != 0) groups[leaf].add(weight);
         }
         std::vector<double> found;
+        found.reserve(groups.size());
         for (const auto& group : groups) found.push_back(group.count() == 0 ? 0 : group.geometricMean());
         return found;
     }

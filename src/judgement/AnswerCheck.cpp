@@ -24,7 +24,7 @@ double suggestedValue(const ComparisonMatrix& comparison, int i, int j, int n) {
 std::optional<OddPair> mostOddPair(const ComparisonMatrix& comparison, int n) {
     std::optional<OddPair> odd;
     if (n < 3) return odd;
-    const double most = static_cast<double>(scaleValue(0));
+    const double most{scaleValue(0)};
     double furthest = 0;
     for (int i = 0; i < n - 1; ++i)
         for (int j = i + 1; j < n; ++j) {

@@ -17,7 +17,7 @@ QString& chosenDirectory() {
 
 QString applicationDirectory() {
     if (!chosenDirectory().isEmpty()) return chosenDirectory();
-    const QString own = QCoreApplication::applicationDirPath();
+    QString own = QCoreApplication::applicationDirPath();
     if (QFileInfo(own + u"/DB"_s).isDir()) return own;
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/hollin"_s;
 }
