@@ -63,9 +63,12 @@ QCPScatterStyle lineMark(std::size_t line) {
 // Figures 1, 2 and 5 of each power of ten.
 QSharedPointer<QCPAxisTicker> decimalTicks(const QCPRange& range) {
     QSharedPointer<QCPAxisTickerText> ticks(new QCPAxisTickerText);
-    for (double power = std::pow(10, std::floor(std::log10(range.lower))); power <= range.upper; power *= 10)
-        for (const double tick : {power, 2 * power, 5 * power})
+    const auto exponent = [](double value) { return static_cast<int>(std::floor(std::log10(value))); };
+    for (int power = exponent(range.lower); power <= exponent(range.upper); ++power)
+        for (const double figure : {1.0, 2.0, 5.0}) {
+            const double tick = figure * std::pow(10, power);
             ticks->addTick(tick, formatNumber(tick, u"0.######"_s));
+        }
     return ticks;
 }
 

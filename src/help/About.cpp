@@ -21,6 +21,9 @@ constexpr std::array used{
     Used{u"SQLite", u"データベース", u"パブリックドメイン"},
     Used{u"ICU", u"文字の変換", u"Unicode License"},
     Used{u"CUPS", u"印刷", u"Apache License 2.0"},
+    Used{u"QCustomPlot", u"図", u"GPL 3.0"},
+    Used{u"libxlsxwriter", u"回答用紙の作成", u"BSD 2-Clause"},
+    Used{u"liborcus", u"回答用紙の読み込み", u"MPL 2.0"},
     Used{u"IPA フォント", u"文字", u"IPA フォントライセンス 1.0"},
 };
 

@@ -116,15 +116,13 @@ FormSheet textSheet(const QString& text) {
                 cell += text[++i];
             else
                 quoted = !quoted;
-        } else if (quoted) {
-            cell += letter;
-        } else if (letter == u',') {
+        } else if (!quoted && (letter == u',' || letter == u'\n')) {
             endCell();
-        } else if (letter == u'\n') {
-            endCell();
-            ++row;
-            column = 0;
-        } else if (letter != u'\r') {
+            if (letter == u'\n') {
+                ++row;
+                column = 0;
+            }
+        } else if (quoted || letter != u'\r') {
             cell += letter;
         }
     }
