@@ -66,8 +66,8 @@ void HelpWindow::fillContents() {
     if (!manual_->isRead())
         return manual_->setPlainText(u"利用の手引きが見つかりません。\n"_s + manualFile());
     for (const auto& heading : manual_->headings()) {
-        auto* entry =
-            new QListWidgetItem(QString((heading.level - 1) * indent, u' ') + heading.text, contents_);
+        auto* entry = new QListWidgetItem(QString(qsizetype{heading.level - 1} * indent, u' ') + heading.text,
+                                          contents_);
         entry->setToolTip(plainToolTip(heading.text));
     }
 }

@@ -138,12 +138,14 @@ class Sheet : public sheet::iface::import_sheet,
     void set_format(sheet::row_t, sheet::col_t, sheet::row_t, sheet::col_t, size_t) override {}
 
     // The library's versions differ in what they tell of columns and rows: each takes those that it knows.
-    void set_column_format(sheet::col_t, sheet::col_t, std::size_t) {} // NOLINT(*-override)
-    void set_row_format(sheet::row_t, std::size_t) {}                  // NOLINT(*-override)
+    // NOLINTBEGIN(modernize-use-override)
+    void set_column_format(sheet::col_t, sheet::col_t, std::size_t) {}
+    void set_row_format(sheet::row_t, std::size_t) {}
     void set_column_width(sheet::col_t, double, orcus::length_unit_t) {}
     void set_column_width(sheet::col_t, sheet::col_t, double, orcus::length_unit_t) {}
     void set_column_hidden(sheet::col_t, bool) {}
     void set_column_hidden(sheet::col_t, sheet::col_t, bool) {}
+    // NOLINTEND(modernize-use-override)
     void set_row_height(sheet::row_t, double, orcus::length_unit_t) override {}
     void set_row_hidden(sheet::row_t, bool) override {}
     void set_merge_cell_range(const sheet::range_t& range) override {
@@ -203,7 +205,7 @@ class References : public sheet::iface::import_reference_resolver {
     sheet::src_range_t resolve_range(std::string_view text) override {
         const auto colon = text.find(':');
         return {resolve_address(text.substr(0, colon)),
-                resolve_address(colon == text.npos ? text : text.substr(colon + 1))};
+                resolve_address(colon == std::string_view::npos ? text : text.substr(colon + 1))};
     }
 };
 
