@@ -114,7 +114,7 @@ void printTotals(ReportPage& page, FactorNames& names, const std::vector<FactorV
 
 // With the names, by number, where they all have room.
 QString evaluatorLine(Connection& connection, const std::set<qint32>& evaluators) {
-    const QString count = u"評価者 %1名"_s.arg(evaluators.size());
+    QString count = u"評価者 %1名"_s.arg(evaluators.size());
     QStringList names;
     for (const qint32 number : evaluators) names << evaluatorName(connection, number);
     names.removeAll(QString());
