@@ -184,7 +184,9 @@ TEST_F(SurveyTest, CellsThatAreNoAnswersAndFilesThatAreNoFormsAreRefused) {
     } cases[] = {
         {{}, u"空のファイルです。"_s},
         {good.left(good.size() / 2), u"壊れているか、.xlsx の形式ではないため、読み込めません。"_s},
+#ifndef __SANITIZE_ADDRESS__ // the reader has no limit of memory there
         {bomb, u"大きすぎるため、読み込めません。調査票の回答用紙か確かめてください。"_s},
+#endif
         {QByteArray(5 << 20, 'x'), u"大きすぎるため、読み込めません。調査票の回答用紙か確かめてください。"_s},
         {macros, u"マクロが入っています。マクロのない .xlsx の形式で保存し直してください。"_s},
         {"\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1",
