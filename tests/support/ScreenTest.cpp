@@ -1,5 +1,7 @@
 #include "support/ScreenTest.h"
 
+#include <sqlcipher/sqlite3.h>
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -7,7 +9,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QTest>
+#include <set>
 
 #include "ScreenTable.h"
 #include "core/Database.h"
@@ -27,7 +31,49 @@ void PrintTo(const QString& text, std::ostream* stream) {
     *stream << '"' << text.toStdString() << '"';
 }
 
+namespace {
+
+// The statements that screens ran by going through a whole table, or through an index made for the purpose,
+// while a watch stands. Tests write and read rows of their own without one.
+class StatementWatch {
+  public:
+    StatementWatch() { ++watches; }
+    StatementWatch(const StatementWatch&) = delete;
+    StatementWatch& operator=(const StatementWatch&) = delete;
+    ~StatementWatch() { --watches; }
+
+    static void begin() { sqlite3_auto_extension(reinterpret_cast<void (*)()>(follow)); }
+    static std::set<QString> taken() { return std::exchange(scanning, {}); }
+
+  private:
+    static int follow(sqlite3* database, char** /*error*/, const sqlite3_api_routines* /*routines*/) {
+        return sqlite3_trace_v2(database, SQLITE_TRACE_PROFILE, look, nullptr);
+    }
+    static int look(unsigned /*event*/, void* /*context*/, void* finished, void* /*nanoseconds*/) {
+        auto* statement = static_cast<sqlite3_stmt*>(finished);
+        const bool scans = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1) +
+                               sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_AUTOINDEX, 1) >
+                           0;
+        if (scans && watches > 0) scanning.insert(QString::fromUtf8(sqlite3_sql(statement)));
+        return SQLITE_OK;
+    }
+
+    static inline int watches = 0;
+    static inline std::set<QString> scanning;
+};
+
+// A list that is shown whole, or the work tables, which are read whole.
+bool mayScan(const QString& statement) {
+    static const QRegularExpression whole(
+        u"^((?! where ).)*$|WHERE T1.課題番号 = T2.要因番号|from (tempfac|workfac)( t1)?+( (where child|order|group)|$)"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return whole.match(statement).hasMatch();
+}
+
+} // namespace
+
 ScreenTest::ScreenTest() {
+    StatementWatch::begin();
     QDir(directory()).mkpath(u"DB"_s);
     QDir(directory()).mkpath(u"file"_s);
     createEncryptedDatabase(directory() + u"/DB/Hollin.mdb"_s, databasePassword);
@@ -51,6 +97,8 @@ ScreenTest::~ScreenTest() {
     Common::Forms.unloadAll();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Common::DbConn.reset();
+    for (const auto& statement : StatementWatch::taken())
+        EXPECT_TRUE(mayScan(statement)) << "goes through a whole table: " << statement.toStdString();
 }
 
 // Left to the next action of a screen to make durable: waiting for the disk at each row would make up most of
@@ -129,6 +177,7 @@ bool ScreenTest::hasFocus(QStringView screen, QStringView name) {
 }
 
 void ScreenTest::click(QStringView screen, QStringView button) {
+    const StatementWatch watch;
     QTest::mouseClick(control<QAbstractButton>(screen, button), Qt::LeftButton);
     expectDurable();
 }
@@ -148,6 +197,7 @@ QString ScreenTest::text(QStringView screen, QStringView field) {
 }
 
 void ScreenTest::choose(QStringView screen, QStringView combo, int index) {
+    const StatementWatch watch;
     auto* list = control<QComboBox>(screen, combo);
     list->setCurrentIndex(index);
     emit list->activated(index);
