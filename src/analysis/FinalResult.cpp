@@ -85,6 +85,7 @@ bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
                 .arg(factorNo)
                 .arg(coefficient));
     }
+    connection.endUnitOfWork(); // the file shows what is on the disk
     writeCodePageLines(filePath(folder, problem), {names, coefficients});
     return true;
 }

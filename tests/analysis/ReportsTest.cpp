@@ -240,6 +240,10 @@ TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
     EXPECT_EQ(file(u"候補..csv"_s), before);
 
     run(u"update 要因 set 要因名='費用' where 要因番号=21"_s);
+    auto other = reader();
+    EXPECT_TRUE(failure(final).contains(u"使用しています"));
+    other.reset();
+    EXPECT_EQ(file(u"候補..csv"_s), before);
     QDir(directory() + u"/file"_s).removeRecursively();
     for (const auto& screen : {final, analysis}) {
         EXPECT_TRUE(failure(screen).startsWith(u"パスが見つかりません。")) << screen.toStdString();
