@@ -233,6 +233,10 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
                    MessageStyle::Discard}}));
     EXPECT_EQ(storedPairs(2), before);
     EXPECT_EQ(storedPairs(5), QString());
+    auto other = reader();
+    click(screen, u"Command7");
+    EXPECT_TRUE(row(0).contains(u"登録できます")) << "shows as stored what is not on the disk";
+    other.reset();
     click(screen, u"Command7");
     EXPECT_EQ(storedPairs(2), pairsOfTwo);
     EXPECT_EQ(storedPairs(5), u"1|1|11|12|0.25|2"_s);
