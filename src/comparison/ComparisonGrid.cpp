@@ -230,6 +230,7 @@ void 比較値設定::goTo(PairCell cell) {
 
 void 比較値設定::MSFlexGrid1_Click(int row, int column) {
     hideChooser();
+    typed_ = Typed::Nothing; // what is typed next belongs to the pair whose list opens
     if (!entry_.isPair({row, column})) return;
     auto* chooser = ui_->CmbCell;
     ui_->MSFlexGrid1->showCurrent();
@@ -368,7 +369,6 @@ bool 比較値設定::gridKey(const QKeyEvent& key) {
             [[fallthrough]];
         case Qt::Key_Space:
         case Qt::Key_F2:
-            typed_ = Typed::Nothing;
             MSFlexGrid1_Click(current().row, current().column);
             return true;
         case Qt::Key_Delete:

@@ -45,10 +45,7 @@ bool runAction(const QString& caption, const std::function<void()>& body) {
 }
 
 bool runEvent(const std::function<void()>& body) {
-    const QString title = Common::MsgTitle;
-    const bool succeeded = runAction(title, body);
-    if (!succeeded) Common::MsgTitle = title; // a screen that could not be loaded has set its own
-    return succeeded;
+    return runAction(QString(Common::MsgTitle), body);
 }
 
 void reportUnhandled(const QString& description) {

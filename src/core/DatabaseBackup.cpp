@@ -19,6 +19,16 @@ QString faultIn(const QString& file) {
     return missingFromSchema(connection).join(u'\n');
 }
 
+// The engine's words on copying do not say where the file is damaged.
+QString whyUnreadable(const QString& file, const RuntimeError& error) {
+    try {
+        const QString fault = faultIn(file);
+        return fault.isEmpty() ? error.description() : fault;
+    } catch (const RuntimeError&) {
+        return error.description();
+    }
+}
+
 } // namespace
 
 void requireSoundDatabase(const QString& file) {
@@ -28,14 +38,15 @@ void requireSoundDatabase(const QString& file) {
 
 void backUpDatabase(const QString& file, const QString& copy) {
     NewFile target(copy);
+    const auto failed = [&](const QString& why) {
+        return RuntimeError(ErrorCode::Database,
+                            u"データベースを写せません。\n%1 → %2\n%3"_s.arg(file, copy, why));
+    };
     try {
         copyDatabase(file, target, databasePassword);
     } catch (const RuntimeError& error) {
-        // The engine's words on copying do not say where the file is damaged.
-        throw RuntimeError(ErrorCode::Database, (error.description() + u'\n' + faultIn(file)).trimmed());
+        throw failed(whyUnreadable(file, error));
     }
-    if (const QString fault = faultIn(target.temporaryPath()); !fault.isEmpty())
-        throw RuntimeError(ErrorCode::Database,
-                           u"データベースを写せません。\n%1 → %2\n%3"_s.arg(file, copy, fault));
+    if (const QString fault = faultIn(target.temporaryPath()); !fault.isEmpty()) throw failed(fault);
     target.publish();
 }

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "core/Common.h"
 #include "platform/Controls.h"
 #include "platform/RuntimeError.h"
 
@@ -22,10 +23,12 @@ void Screens::show(const QString& name) {
             throw RuntimeError(ErrorCode::InvalidCall, u"画面「%1」がありません。"_s.arg(name));
         Form* form = (loaded_[name] = decltype(loaded_)::mapped_type(maker->second().release())).get();
         settleControls(*form);
+        const QString title = Common::MsgTitle;
         try {
             form->Form_Load();
         } catch (...) {
             loaded_.erase(name);
+            Common::MsgTitle = title; // the screen that stays goes on under its own
             throw;
         }
     }

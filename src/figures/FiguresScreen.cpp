@@ -64,19 +64,23 @@ void 図::end() {
 }
 
 void 図::Combo1_Click() {
-    ProblemEntry = ui_->Combo1->currentText();
-    const QString problemNo = entryNumber(ProblemEntry);
+    const auto whenItFails = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
+    const QString problemNo = entryNumber(ui_->Combo1->currentText());
     const QString round = currentRound(*DbConn, problemNo);
+    const ProblemRound chosen{*DbConn, Value(problemNo).toLong(), Value(round).toInteger()};
+    auto results = readRoundResults(chosen);
+    const auto earlier = earlierRounds(chosen);
+    problem_ = ui_->Combo1->currentIndex();
+    ProblemEntry = ui_->Combo1->currentText();
     ui_->Label5->setText(round);
-    results_ = readRoundResults({*DbConn, Value(problemNo).toLong(), Value(round).toInteger()});
+    results_ = std::move(results);
     stability_.reset();
     QStringList evaluators;
     for (const auto& evaluator : results_->evaluators)
         evaluators << u"%1:%2"_s.arg(evaluator.number).arg(evaluator.name);
     fill(ui_->Combo3, u"（選ばない）"_s, evaluators);
     QStringList rounds;
-    for (const qint16 earlier : earlierRounds({*DbConn, results_->problemNo, results_->round}))
-        rounds << QString::number(earlier);
+    for (const qint16 number : earlier) rounds << QString::number(number);
     fill(ui_->Combo4, u"（比べない）"_s, rounds);
     if (!rounds.isEmpty()) ui_->Combo4->setCurrentIndex(1);
     showFigure();
@@ -110,22 +114,28 @@ std::vector<FigureSheet> 図::drawn() const {
 }
 
 void 図::showFigure() {
-    sheets_.clear();
+    // When drawing fails, nothing of the figure before stays beside the choices of this one.
+    ui_->view->show(QString());
+    showSheets({});
     ui_->Combo3->setEnabled(figure() == Figure::Coefficients);
     ui_->Combo4->setEnabled(figure() == Figure::Agreement);
     ui_->Command1->setEnabled(figure() == Figure::Stability && results_ && !results_->evaluators.empty());
-    if (results_ && !results_->evaluators.empty()) sheets_ = drawn();
-    for (QWidget* output : {ui_->Command7, ui_->Command4, ui_->Command5})
-        output->setEnabled(!sheets_.empty());
-    if (!sheets_.empty())
-        ui_->view->show(sheets_);
-    else if (!results_)
+    if (results_ && !results_->evaluators.empty()) showSheets(drawn());
+    if (!sheets_.empty()) return;
+    if (!results_)
         ui_->view->show(u"課題を選択してください。"_s);
     else if (results_->evaluators.empty())
         ui_->view->show(
             u"選択された課題、評価回数の評価結果が存在しません。\n先に評価計算を行ってください。"_s);
     else
         ui_->view->show(u"「計算」を押すと、比較値を %1 回動かして順位を調べます。"_s.arg(stabilityRuns));
+}
+
+void 図::showSheets(std::vector<FigureSheet> sheets) {
+    sheets_ = std::move(sheets);
+    for (QWidget* output : {ui_->Command7, ui_->Command4, ui_->Command5})
+        output->setEnabled(!sheets_.empty());
+    if (!sheets_.empty()) ui_->view->show(sheets_);
 }
 
 void 図::setRunning(bool running) {

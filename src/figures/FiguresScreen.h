@@ -34,6 +34,7 @@ class 図 : public Screen {
     void Command17_Click();
     void savePictures(PictureType type);
     void showFigure();
+    void showSheets(std::vector<FigureSheet> sheets);
     bool showRun(int done);
     std::vector<FigureSheet> drawn() const;
     std::vector<FigureSheet> drawnAgreement() const;
@@ -42,6 +43,7 @@ class 図 : public Screen {
 
     std::unique_ptr<Ui::FiguresScreen> ui_;
     PrintService print_;
+    int problem_ = -1; // the entry that the rest of the screen shows
     std::optional<RoundResults> results_;
     std::optional<Stability> stability_;
     std::vector<FigureSheet> sheets_;

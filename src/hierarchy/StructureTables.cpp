@@ -47,9 +47,10 @@ Recordset edgesOf(Connection& connection, qint32 problemNo, qint32 parentNo) {
 }
 
 void addNode(Connection& connection, const NodePlace& parent, const Recordset& edge) {
-    const double sequence = parent.level == 0 ? edge[u"子要因表示順"_s].toDouble()
-                                              : (static_cast<double>(parent.sequence) - 1) * mostChildren +
-                                                    edge[u"子要因表示順"_s].toDouble();
+    // An edge without an order comes first, as the engine sorts it: the editor is where it gets one.
+    const double order = Common::NullToZero(edge[u"子要因表示順"_s]).toDouble();
+    const double sequence =
+        parent.level == 0 ? order : (static_cast<double>(parent.sequence) - 1) * mostChildren + order;
     if (sequence > largestSequence) throw RuntimeError(ErrorCode::Overflow);
     addRecord(connection, u"構成表示"_s,
               {{u"課題番号"_s, edge[u"課題番号"_s]},

@@ -7,6 +7,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// The number of whoever has no name.
+QString nameOrNumber(const QString& name, const QString& number) {
+    return name.isEmpty() ? number : name;
+}
+
+} // namespace
+
 bool hasResults(const ProblemRound& of, qint32 evaluatorNo) {
     return !Recordset(
                 u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
@@ -30,9 +39,11 @@ QString resultsLine(const ProblemRound& of) {
     const QStringList assigned = evaluatorEntries(of.connection, QString::number(of.problemNo));
     QStringList missing;
     for (const auto& entry : assigned)
-        if (with.removeAll(entryNumber(entry)) == 0) missing << entry.section(u':', 1);
+        if (with.removeAll(entryNumber(entry)) == 0)
+            missing << nameOrNumber(entry.section(u':', 1), entryNumber(entry));
     QStringList others;
-    for (const auto& number : with) others << evaluatorName(of.connection, number.toInt());
+    for (const auto& number : with)
+        others << nameOrNumber(evaluatorName(of.connection, number.toInt()), number);
 
     QStringList notes;
     if (!missing.isEmpty()) notes << u"なし: "_s + missing.join(u"、"_s);

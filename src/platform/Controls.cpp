@@ -19,18 +19,17 @@ class OneLine : public QValidator {
   public:
     using QValidator::QValidator;
 
+    // The cursor stands behind what came in: what follows it was there before and stays.
     State validate(QString& text, int& cursor) const override {
         if (hasControlCharacters(text)) {
-            // Only what came in is cut: the text around it stays.
-            const auto [end, same] = std::ranges::mismatch(text, before_);
-            const auto begin = end - text.begin();
-            const auto most = std::min(text.size(), before_.size()) - begin;
-            qsizetype behind = 0;
-            while (behind < most && text[text.size() - 1 - behind] == before_[before_.size() - 1 - behind])
-                ++behind;
-            const QString added = firstLine(text.mid(begin, text.size() - begin - behind));
-            text = text.first(begin) + added + text.last(behind);
-            cursor = static_cast<int>(begin + added.size());
+            const QString behind = firstLine(text.sliced(cursor));
+            const auto line = std::ranges::find_if(text, isControl) - text.begin();
+            const QString ahead = text.first(std::min<qsizetype>(line, cursor));
+            const QString kept = before_ == ahead + behind // what came in begins with an empty line
+                                     ? ahead + firstLine(text.first(cursor).sliced(ahead.size()))
+                                     : firstLine(text.first(cursor));
+            text = kept + behind;
+            cursor = static_cast<int>(kept.size());
         }
         before_ = text;
         return Acceptable;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/SqlText.h"
+#include "platform/TextFile.h"
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -35,8 +36,6 @@ QByteArray settings(const Cipher& cipher, const QString& database) {
                .arg(cipher.hmac, cipher.keyDerivation)
                .toUtf8();
 }
-
-const QString permissionHint = u"フォルダーとファイルの権限を確かめてください。"_s;
 
 QString explanation(int code) {
     switch (code & 0xff) {
@@ -136,6 +135,8 @@ bool exportWithOwnCipher(sqlite3* database, const QString& file, const QString& 
 }
 
 QString closedFolderHint(const QString& path) {
-    const QFileInfo folder(QFileInfo(path).absolutePath());
-    return folder.isDir() && !folder.isExecutable() ? u'\n' + permissionHint : QString();
+    // Below a folder that lets nobody in, nothing seems to exist.
+    QFileInfo folder(QFileInfo(path).absolutePath());
+    while (!folder.isDir() && !folder.isRoot()) folder.setFile(folder.absolutePath());
+    return !folder.isExecutable() ? u'\n' + permissionHint : QString();
 }

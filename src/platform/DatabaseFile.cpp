@@ -118,7 +118,7 @@ QStringList databaseFaults(const QString& path, const QString& password) {
 
 void copyDatabase(const QString& path, const NewFile& copy, const QString& password) {
     const auto source = openEncryptedFile(existingFile(path), password);
-    const QString failure = u"データベースを写せません。\n%1 → %2"_s.arg(path, copy.target());
+    const QString failure = u"データベースの処理に失敗しました。"_s;
     if (!hasOwnCipher(source.get())) {
         if (!exportWithOwnCipher(source.get(), copy.temporaryPath(), password))
             throw databaseError(source.get(), failure);

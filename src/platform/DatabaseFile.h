@@ -15,7 +15,6 @@ class NewFile {
     NewFile& operator=(const NewFile&) = delete;
     ~NewFile();
 
-    const QString& target() const { return target_; }
     const QString& temporaryPath() const { return temporaryPath_; }
     // Gives the file its name. Raises error 75 when a file of that name has appeared meanwhile; that one
     // stays.

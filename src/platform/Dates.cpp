@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/TextConversion.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,7 +40,7 @@ std::optional<QDate> parseDate(const QString& text) {
         uR"(^\s*(?:(?:(令和?|平成?|昭和?|大正?|[RHSTrhst])\s*(\d{1,2}|元)\s*[/.年-]|(\d{4})\s*[/.年-]|(\d\d)\s*[/.-])\s*)?)"
         uR"((\d{1,2})\s*[/.月-]\s*(\d{1,2})\s*日?\s*$)"_s);
     // Compatibility forms: full-width characters, and an era in a single character.
-    const auto match = pattern.match(text.normalized(QString::NormalizationForm_KC));
+    const auto match = pattern.match(plainMinus(text.normalized(QString::NormalizationForm_KC)));
     if (!match.hasMatch()) return std::nullopt;
     const auto number = [&](int group) { return match.captured(group).toInt(); };
     const Era* era = match.hasCaptured(1) ? &eraOf(match.captured(1)) : nullptr;

@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include "platform/RuntimeError.h"
+#include "platform/TextConversion.h"
 #include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
@@ -22,9 +23,10 @@ QString fileNamePart(const QString& text) {
     for (const char32_t character : text.toUcs4()) {
         const auto position =
             character < 0x80 ? refused.indexOf(QChar(static_cast<char16_t>(character))) : -1;
-        const auto kept = character < 0x20 || character == 0x7f ? u"＿"_s
-                          : position >= 0                       ? replacements.mid(position, 1)
-                                                                : QString::fromUcs4(&character, 1);
+        const QString itself = QString::fromUcs4(&character, 1);
+        const auto kept = isControl(itself.front()) ? u"＿"_s
+                          : position >= 0           ? replacements.mid(position, 1)
+                                                    : itself;
         if ((part + kept).toUtf8().size() > namePartBytes) break;
         part += kept;
     }

@@ -18,8 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString plainForm(const QString& text) {
-    // The input method writes the long minus U+2212 for the sign; everything else has a half-width form.
-    return toHalfWidth(text).replace(QChar(0x2212), u'-').replace(QChar(0x2010), u'-');
+    return plainMinus(toHalfWidth(text));
 }
 
 template <typename Whole>

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
+#include "platform/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +25,7 @@ QPen solidPen(double millimetres) {
 
 // A tab or another control character takes one column, as it is counted.
 QString printable(QString text) {
-    std::replace_if(
-        text.begin(), text.end(), [](QChar character) { return character < u' '; }, u' ');
+    std::replace_if(text.begin(), text.end(), isControl, u' ');
     return text;
 }
 

@@ -20,10 +20,6 @@ using Converter = std::unique_ptr<UConverter, decltype([](UConverter* open) { uc
 constexpr const char* codePage = "windows-31j";
 constexpr QStringView lineBreaks = u"\n\r\v\f\u0085\u2028\u2029";
 
-bool isControl(QChar character) {
-    return character.category() == QChar::Other_Control || lineBreaks.contains(character);
-}
-
 Transliterator makeTransliterator(const char* id) {
     UErrorCode status = U_ZERO_ERROR;
     Transliterator made(icu::Transliterator::createInstance(icu::UnicodeString(id), UTRANS_FORWARD, status));
@@ -55,6 +51,14 @@ QString toHalfWidth(const QString& text) {
 QString toFullWidth(const QString& text) {
     static const Transliterator wide = makeTransliterator("Halfwidth-Fullwidth");
     return transliterate(wide, text);
+}
+
+bool isControl(QChar character) {
+    return character.category() == QChar::Other_Control || lineBreaks.contains(character);
+}
+
+QString plainMinus(QString text) {
+    return text.replace(QChar(0x2212), u'-').replace(QChar(0x2010), u'-');
 }
 
 int characterCount(const QString& text) {

@@ -7,11 +7,15 @@
 
 QString toHalfWidth(const QString& text);
 QString toFullWidth(const QString& text);
+// With the plain sign for the long minus U+2212 and the hyphen U+2010, which the input method writes.
+QString plainMinus(QString text);
 
 // Length in characters and the first `count` characters; a surrogate pair is one character.
 int characterCount(const QString& text);
 QString leadingCharacters(const QString& text, int count);
 
+// A line break, a tab or another character that is not for reading.
+bool isControl(QChar character);
 // Whether there is a line break, a tab or another character that is not for reading.
 bool hasControlCharacters(const QString& text);
 // The first line that is not empty, without control characters; a tab becomes a blank.

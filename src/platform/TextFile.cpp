@@ -23,7 +23,8 @@ QStringList readLines(const QString& path) {
         throw RuntimeError(ErrorCode::FileNotFound, u"ファイルが見つかりません。\n%1"_s.arg(info.filePath()));
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError(ErrorCode::FileAccess, u"ファイルを開けません。\n%1"_s.arg(info.filePath()));
+        throw RuntimeError(ErrorCode::FileAccess,
+                           u"ファイルを開けません。%1\n%2"_s.arg(permissionHint, info.filePath()));
     QStringList lines = fromFileBytes(file.readAll()).remove(u'\r').split(u'\n');
     if (lines.last().isEmpty()) lines.removeLast(); // what follows the last line end is no line
     return lines;

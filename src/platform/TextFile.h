@@ -7,6 +7,9 @@
 // "\" as the program composes paths, turned into the separator of this system.
 QString nativePath(const QString& path);
 
+// Behind "cannot be opened".
+inline const QString permissionHint = QStringLiteral("フォルダーとファイルの権限を確かめてください。");
+
 // The lines of a text file, without their ends. Raises error 53 when there is no such file, 76 when its
 // folder is missing, 75 when it cannot be read.
 QStringList readLines(const QString& path);

@@ -1,6 +1,7 @@
 #include "registration/RegistrationScreen.h"
 
 #include "platform/Numbers.h"
+#include "platform/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;
@@ -37,7 +38,7 @@ void RegistrationScreen::sayDone(const QString& number, const QString& name, con
 }
 
 void RegistrationScreen::fill(QLineEdit* field, const QString& text) {
-    field->setText(text);
+    field->setText(firstLine(text));
     field->home(false);
 }
 

@@ -71,10 +71,14 @@ void 調査票::Form_Load() {
 }
 
 void 調査票::Combo1_Click() {
+    const auto whenItFails = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
     const QString problemNo = entryNumber(ui_->Combo1->currentText());
+    const QStringList evaluators = evaluatorEntries(*DbConn, problemNo);
+    const QString round = currentRound(*DbConn, problemNo);
+    problem_ = ui_->Combo1->currentIndex();
     ui_->List1->clear();
-    ui_->List1->addItems(evaluatorEntries(*DbConn, problemNo));
-    ui_->Label5->setText(currentRound(*DbConn, problemNo));
+    ui_->List1->addItems(evaluators);
+    ui_->Label5->setText(round);
     files_.clear(); // they were set against the problem chosen before
     showFiles();
 }

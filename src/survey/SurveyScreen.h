@@ -43,6 +43,7 @@ class 調査票 : public Screen {
 
     std::unique_ptr<Ui::SurveyScreen> ui_;
     PrintService print_;
+    int problem_ = -1;            // the entry that the rest of the screen shows
     QList<CheckedAnswers> files_; // parallel to the rows of the table
     QStringList stored_;          // paths of those that have been stored
 };

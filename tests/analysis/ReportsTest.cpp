@@ -125,6 +125,9 @@ TEST_F(ReportsTest, PairsWithEqualKeysStayApart) {
     run(u"update 要因構成 set 子要因表示順=null where 子要因番号=23"_s);
     for (const auto& screen : screens)
         EXPECT_TRUE(failure(screen, {0}).contains(u"「騒音」に表示順がありません"));
+    Forms.show(u"要因構成登録"_s); // where it gets one
+    choose(u"要因構成登録"_s, u"Combo1"_s, 0);
+    EXPECT_EQ(takeMessages(), std::vector<ShownMessage>());
 }
 
 TEST_F(ReportsTest, TheScreensSayWhoseResultsGoIn) {

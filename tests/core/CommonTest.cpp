@@ -109,8 +109,8 @@ TEST_F(CommonTest, AnErrorWhileChoosingLeavesTheScreenAsItWas) {
     run(u"INSERT INTO 評価者 VALUES (1,'甲',''),(2,'乙','')"_s);
     run(u"INSERT INTO 課題評価者 VALUES (1,1,''),(2,2,'')"_s);
     structure(u"1:3"_s);
-    for (const auto& screen :
-         {u"課題評価者登録"_s, u"要因構成登録"_s, u"比較者設定"_s, u"評価計算"_s, u"分析出力"_s}) {
+    for (const auto& screen : {u"課題評価者登録"_s, u"要因構成登録"_s, u"比較者設定"_s, u"評価計算"_s,
+                               u"分析出力"_s, u"調査票"_s, u"図"_s}) {
         openDatabase(directory());
         Forms.show(screen);
         choose(screen, u"Combo1", 0);

@@ -109,6 +109,7 @@ TEST_F(FiguresTest, AnIncompleteGoalAndACircleAreErrors) {
 }
 
 TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
+    copyRound(u"1,%1,0"_s);
     Common::Forms.show(u"分析出力"_s);
     choose(u"分析出力", u"Combo1", 0);
     click(u"分析出力", u"Command3");
@@ -119,6 +120,14 @@ TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
     click(u"図", u"Command7");
     EXPECT_TRUE(printed().contains(
         u"『環境』を1.18倍にすると3位と4位が入れ替わります。「騒音」が「建設費」を上回ります。"_s));
+
+    auto other = writer();
+    choose(u"図", u"Combo2", 1); // the round before cannot be read: no figure under the name of another
+    EXPECT_EQ(takeMessages().size(), 1U);
+    EXPECT_FALSE(control(u"図", u"Command4")->isEnabled());
+    other.reset();
+    choose(u"図", u"Combo2", 1);
+    EXPECT_TRUE(control(u"図", u"Command4")->isEnabled());
 
     choose(u"図", u"Combo2", 3);
     EXPECT_FALSE(control(u"図", u"Command4")->isEnabled()); // nothing has been calculated yet
