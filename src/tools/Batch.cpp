@@ -55,7 +55,7 @@ void addOptions(QCommandLineParser& parser) {
     parser.addPositionalArgument(u"FILE"_s, u"回答の入った調査票（--import とともに）"_s, u"[FILE...]"_s);
     parser.addOptions({
         {{u"h"_s, u"help"_s}, u"この説明を表示します"_s},
-        {u"directory"_s, u"DB と file のあるフォルダー（既定: プログラムのフォルダー）"_s, u"DIR"_s},
+        {u"directory"_s, u"DB と file のあるフォルダー（既定: hollin が使うフォルダー）"_s, u"DIR"_s},
         {u"round"_s, u"比較回数（既定: 課題の比較回数）"_s, u"N"_s},
         {u"evaluator"_s, u"評価者番号。何回でも指定できます（既定: 課題評価者の全員）"_s, u"N"_s},
         {u"questionnaires"_s, u"紙の調査票を PDF に出力します"_s},
