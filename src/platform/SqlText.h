@@ -41,7 +41,7 @@ struct LiftedStatement {
 // Takes the literals out of a statement, so that statements that differ in nothing else are compiled once.
 // The result means the same to the engine, to the type of every value and the name of every field. Literals
 // stay where a parameter would mean something else: positions ("order by 2", "limit"), the fields of a query,
-// whose expressions are their names, aliases and patterns. 0 and 1 stay too: the engine expects an equality
-// with them to hold for more rows, and joins in another order. Statements that do not read or write rows stay
-// whole.
+// whose expressions are their names, aliases and patterns. 0 to 2 stay too: the engine expects an equality
+// with 0 or 1 to hold for more rows, and joins in another order, and an index may hold for レベル = 2 alone.
+// Statements that do not read or write rows stay whole.
 LiftedStatement liftLiterals(const QString& sql);
