@@ -203,6 +203,7 @@ TEST_F(ReportsTest, WithoutResultsOnlyTheEarlierCoefficientsAreGone) {
     report(final, {});
     const auto before = file(u"候補地の選定.csv"_s);
     run(u"update 課題 set 比較回数=2"_s);
+    run(u"insert into 評価結果 values(1,1,13,5,2,1,1,1)"_s); // what an error before the sums leaves
     for (const auto& screen : {final, analysis}) {
         EXPECT_EQ(report(screen, {}),
                   warning(screen, u"選択された課題、評価回数の評価結果が存在しません。"_s));
@@ -227,8 +228,10 @@ TEST_F(ReportsTest, WhatStopsAReportIsToldAndLeavesNoDocument) {
 }
 
 TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
-    for (const auto& [problem, says] :
-         {std::pair{u"A/B"_s, u"「/」"_s}, {u"../A\\B"_s, u"「/」"_s}, {QString(300, u'A'), u"長すぎる"_s}}) {
+    for (const auto& [problem, says] : {std::pair{u"A/B"_s, u"「/」"_s},
+                                        {u"../A\\B"_s, u"「/」"_s},
+                                        {u"A\nB"_s, u"制御文字"_s},
+                                        {QString(300, u'A'), u"長すぎる"_s}}) {
         run(u"delete from 総合係数"_s);
         run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(problem));
         EXPECT_TRUE(failure(final).contains(says)) << problem.toStdString();

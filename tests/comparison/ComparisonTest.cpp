@@ -29,7 +29,7 @@ class ComparisonTest : public ScreenTest {
     ComparisonTest() {
         run(u"insert into 要因 values(1,0,'候補地の選定',''),(2,0,'空の課題',''),(11,1,'費用',''),"
             "(12,1,'交通',''),(13,1,'環境',''),(14,1,'建設費',''),(15,1,'騒音',''),(16,1,'景観','')"_s);
-        run(u"insert into 課題 values(1,0,2,3,2),(2,0,1,3,1)"_s);
+        run(u"insert into 課題 values(2,0,1,3,1),(1,0,2,3,2)"_s);
         structure(u"1:12,11,13 11:14 13:15,16"_s);
         run(u"insert into 評価者 values(7,'山田 太郎',''),(3,'佐藤 花子','')"_s);
         run(u"insert into 課題評価者 values(1,7,''),(1,3,'')"_s);
@@ -115,18 +115,22 @@ TEST_F(ComparisonTest, SetupRefusesInOrder) {
 }
 
 TEST_F(ComparisonTest, SetupOpensTheGridAndTellsOfAnExistingRound) {
-    run(u"insert into 一対比較 values(1,1,12,11,3,2,'2026/01/01',1,3)"_s);
-    Forms.show(setup);
-    choose(setup, u"Combo1"_s, 0);
-    choose(setup, u"Combo2"_s, 0);
-    type(setup, u"Text2"_s, u"２０２６年４月１日"_s);
-    EXPECT_EQ(told(setup, u"Command1"_s),
-              (std::vector<ShownMessage>{
-                  {setupTitle, u"指定された比較回数は一対比較に存在します"_s, MessageStyle::Plain}}));
-    EXPECT_EQ(std::tuple(CmpProblemNo, CmpEvaluatorNo, CmpEvaluatorName, CmpRound, CmpDate),
-              std::tuple(1, 3, u"佐藤 花子"_s, 2, u"2026/04/01"_s));
-    EXPECT_TRUE(isOpen(grid));
-    EXPECT_FALSE(isOpen(setup));
+    for (const auto& compared :
+         {u"2,1,12,11,3,2"_s, u"1,1,12,11,7,2"_s, u"1,1,12,11,3,1"_s, u"1,1,12,11,3,2"_s}) {
+        run(u"insert into 一対比較 values(%1,'2026/01/01',1,3)"_s.arg(compared));
+        Forms.show(setup);
+        choose(setup, u"Combo1"_s, 0);
+        choose(setup, u"Combo2"_s, 0);
+        type(setup, u"Text2"_s, u"２０２６年４月１日"_s);
+        EXPECT_EQ(told(setup, u"Command1"_s),
+                  compared == u"1,1,12,11,3,2"_s
+                      ? notice(setupTitle, u"指定された比較回数は一対比較に存在します"_s)
+                      : std::vector<ShownMessage>());
+        EXPECT_EQ(std::tuple(CmpProblemNo, CmpEvaluatorNo, CmpEvaluatorName, CmpRound, CmpDate),
+                  std::tuple(1, 3, u"佐藤 花子"_s, 2, u"2026/04/01"_s));
+        EXPECT_TRUE(isOpen(grid));
+        EXPECT_FALSE(isOpen(setup));
+    }
 }
 
 TEST_F(ComparisonTest, CancellingClearsTheSession) {

@@ -76,6 +76,22 @@ TEST_F(CommonTest, MenusLeadToTheirScreensAndBack) {
     EXPECT_FALSE(isOpen(u"登録メニュー"_s));
     EXPECT_NE(DbConn.get(), first); // opened anew on every return
 
+    run(u"INSERT INTO 評価者 VALUES (1,'甲','')"_s);
+    const QMap<QString, QString> named{{u"基礎データ登録"_s, u"登録メニュー"_s},
+                                       {u"比      較"_s, u"比較者設定"_s}};
+    for (const auto& menu : {u"メニュー"_s, u"登録メニュー"_s})
+        for (int number = 1; number <= 8; ++number) {
+            Forms.unloadAll();
+            Forms.show(menu);
+            const auto* button = Forms.find(menu)->findChild<QPushButton*>(u"Command%1"_s.arg(number));
+            if (button == nullptr || button->text() == u"終   了"_s) continue;
+            const auto opened = named.value(button->text(), button->text());
+            click(menu, button->objectName());
+            EXPECT_TRUE(isOpen(opened) && !isOpen(menu)) << opened.toStdString();
+        }
+    Forms.unloadAll();
+    Forms.show(u"メニュー"_s);
+
     // By keyboard: the arrow goes to the next button, Enter presses it.
     control(u"メニュー"_s, u"Command1"_s)->setFocus();
     QTest::keyClick(control(u"メニュー"_s, u"Command1"_s), Qt::Key_Down);

@@ -22,9 +22,11 @@ constexpr double exactness = 1e-6;
 
 class EvaluationTest : public ScreenTest {
   protected:
-    // Problem 1 with the names of its factors.
+    // Problem 1 with the names of its factors, and another with the same factors and evaluators.
     void problem(const QList<int>& numbers) {
-        run(u"insert into 課題 values(1,0,3,7,1)"_s);
+        run(u"insert into 課題 values(1,0,3,7,1),(2,0,9,9,9)"_s);
+        structure(u"2:13,12,11 13:11 11:14,12"_s, 2);
+        run(u"insert into 要因 values(2,0,'他の課題',''),(14,1,'騒音','')"_s);
         run(u"insert into 要因 values(1,0,'候補地',''),(11,1,'費用',''),(12,1,'交通',''),(13,1,'環境','')"_s);
         evaluators(numbers);
     }
@@ -129,10 +131,18 @@ TEST_F(EvaluationTest, ConsistencyIsJudgedByIndexAndRatio) {
              Case{u"6 3 3"_s, {u"1 %1 -1 -1"_s}},
              // CI 3.56: the weights are all 1, so both 9s are 8 away
              Case{u"9 1/9 9"_s, {u"1 %1 11 12"_s, u"1 %1 12 13"_s}},
+             // just within a limit and just beyond it: CR 0.1497; CI 0.1499; CI 0.1501 with CR 0.121; the
+             // deviation of 12 from 13 is 2.9997, then 3.0001
+             Case{u"1/3 1/2 7"_s, {}},
+             Case{u"3 1/3 1 4 1/4 1/4 3 4 4 1"_s, {}},
+             Case{u"2 2 4 2 1/2 1/3 1 2 1 4"_s, {u"1 %1 -1 -1"_s}},
+             Case{u"5 1 2 4 1/3 3"_s, {u"1 %1 11 12"_s}},
+             Case{u"3 1/2 4 1/3 4 1 1 3 2 2"_s, {u"1 %1 12 13"_s}},
          }) {
         ++goal;
         run(u"delete from 一対比較"_s);
-        compare(goal, {11, 12, 13}, upper);
+        const auto pairs = upper.split(u' ').size();
+        compare(goal, QList{11, 12, 13, 14, 15}.first(pairs == 3 ? 3 : pairs == 6 ? 4 : 5), upper);
         findings = {};
         weigh();
         EXPECT_EQ(found(), QStringList(expected).replaceInStrings(u"%1"_s, QString::number(goal)))
@@ -214,12 +224,19 @@ TEST_F(EvaluationTest, AHierarchyInACircleIsAnErrorAndEnds) {
 
 TEST_F(EvaluationTest, TheScreenCalculatesAllChosenEvaluators) {
     problem({2, 5, 7});
-    structure(u"1:11,12"_s);
-    for (const int evaluator : {2, 5, 7}) compare(1, {11, 12}, u"3"_s, evaluator);
+    structure(u"1:13,11 11:12,13"_s); // 13 stands right below the problem, too
+    for (const int evaluator : {2, 5, 7}) compare(1, {13, 11}, u"1/4"_s, evaluator);
+    for (const int evaluator : {2, 5, 7}) compare(11, {12, 13}, u"2"_s, evaluator);
+    surround();
+    const auto others = surroundings();
     calculate({0, 2});
     EXPECT_EQ(takeMessages(), notice(screen, u" 評価値計算終了"_s));
-    EXPECT_EQ(rows(u"select 評価者番号,レベル,count(*) from 評価結果 group by 評価者番号,レベル"_s),
-              (QStringList{u"2|1|2"_s, u"2|2|2"_s, u"7|1|2"_s, u"7|2|2"_s}));
+    EXPECT_EQ(surroundings(), others);
+    const auto one =
+        u"%1|11|0|1|1 %1|12|1|1|1 %1|13|1|0.25|0.25 %1|13|1|0.5|0.5 %1|12|2|1|1 %1|13|2|2|0.75"_s;
+    EXPECT_EQ(stored(u"select 評価者番号,子要因番号,レベル,評価値,総合評価値 from 評価結果"
+                     " where 課題番号=1 and 比較回数=1 and 評価者番号<100 order by 1,3,2,4"_s),
+              one.arg(2) + u' ' + one.arg(7));
     EXPECT_EQ(QDir(directory() + u"/file"_s).entryList({u"*.pdf"_s}), QStringList()); // nothing to report
 }
 
@@ -274,13 +291,16 @@ TEST_F(EvaluationTest, FindingsArePrintedForEachEvaluator) {
     compare(1, {11, 12, 13}, u"9 1/9 9"_s, 2);
     compare(1, {11, 12, 13}, u"1 1 1"_s, 5);
     compare(1, {11, 12, 13}, u"5 4 4"_s, 7);
+    surround();
+    const auto others = surroundings();
     calculate({0, 1, 2});
     auto messages = takeMessages();
     ASSERT_EQ(messages.size(), 1U); // the message file is missing; the weights are there
     EXPECT_EQ(messages[0].title, screen);
     EXPECT_TRUE(messages[0].text.startsWith(u"ファイルが見つかりません。"));
     EXPECT_TRUE(messages[0].text.endsWith(u"評価値は保存されています。"));
-    EXPECT_EQ(rows(u"select count(*) from 評価結果"_s), QStringList{u"18"_s});
+    EXPECT_EQ(rows(u"select * from 評価結果"_s).size(), 18 + others.size());
+    EXPECT_EQ(surroundings(), others);
     EXPECT_EQ(QDir(directory() + u"/file"_s).entryList({u"*.pdf"_s}), QStringList());
 
     QFile letter(directory() + u"/file/errmsg.txt"_s);

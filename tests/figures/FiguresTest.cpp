@@ -45,6 +45,7 @@ TEST_F(FiguresTest, LeavesStandByTheirCoefficient) {
 TEST_F(FiguresTest, TheWorstAgreementStandsFirstAndSaysHowItHasMoved) {
     compareAll(2);
     run(u"update 評価結果 set 評価値=0.5 where 比較回数=2 and 親要因番号=11 and 子要因番号=21"_s);
+    EXPECT_EQ(earlierRounds({*Common::DbConn, 1, 9}), (std::vector<qint16>{2, 1})); // without itself
     const auto before = results(1);
     const auto found = agreement(results(2), &before);
     const auto& worst = found.weights.front();
@@ -115,8 +116,10 @@ TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
     click(u"分析出力", u"Command3");
     EXPECT_FALSE(isOpen(u"分析出力"));
     EXPECT_EQ(text(u"図", u"Combo1"), u"1:候補地の選定"_s);
-    click(u"図", u"Command17");
     choose(u"図", u"Combo2", 2);
+    EXPECT_EQ(told(u"図", u"Command7").size(), 1U); // there is no printer
+    EXPECT_EQ(documents(), QStringList());
+    click(u"図", u"Command17");
     click(u"図", u"Command7");
     EXPECT_TRUE(printed().contains(
         u"『環境』を1.18倍にすると3位と4位が入れ替わります。「騒音」が「建設費」を上回ります。"_s));

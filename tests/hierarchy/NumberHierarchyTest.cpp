@@ -7,6 +7,7 @@ using namespace Qt::StringLiterals;
 
 class NumberHierarchyTest : public ScreenTest {
   protected:
+    NumberHierarchyTest() { run(u"INSERT INTO 課題 VALUES (2,0,9,9,1)"_s); }
     void problem(int levels, int branches) {
         run(u"INSERT INTO 課題 VALUES (1,0,%1,%2,1)"_s.arg(levels).arg(branches));
         run(u"INSERT INTO tempfac (parent,child,lev) VALUES (7,8,1)"_s); // of an earlier run

@@ -191,6 +191,7 @@ TEST_F(StructureEditorTest, NothingThatWasSetIsReplacedOrLostUnasked) {
 
 TEST_F(StructureEditorTest, ChildrenThatCannotStandThereAreRefusedBeforeAnythingIsWritten) {
     structure(u"1:11 11:12 12:13"_s);
+    structure(u"2:30 30:13"_s, 2); // what stands above it elsewhere may stand below it here
     open(9);
     const QString before = edges();
     chooseParent(13);

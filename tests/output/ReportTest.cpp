@@ -101,7 +101,10 @@ TEST_F(ReportTest, EachTargetHasItsDevice) {
         service.OfficePrinterName = office ? installed : u"なし"_s;
         service.PdfPrinterName = office ? u"なし"_s : installed;
         EXPECT_EQ(service.ReportDevice(), office ? installed : QString());
-        if (!office) service.ToggleOutputTarget();
+        if (!office) {
+            EXPECT_EQ(raisedBy([&] { const ReportPage page(service, heading, name); }).number, 482);
+            service.ToggleOutputTarget();
+        }
         EXPECT_EQ(service.ReportDevice(), installed);
         EXPECT_EQ(device.DeviceName(), QString());
         service.ChooseReportPrinter();

@@ -50,6 +50,7 @@ TEST_F(PrinterTest, TextsStandAtTheirMillimetresOnPagesOfEitherOrientation) {
     printer.beginDocument({u"個人結果"_s, u"課題"_s, u"鈴木"_s});
     print(5, 234, u"0123456789"_s.repeated(10));
     print(5, 12, u"評価"_s.repeated(25));
+    print(5, 48, u"評\t価"_s); // a tab takes one column
     printer.EndPage();
     printer.setOrientation(Orientation::Landscape);
     print(250, 156, u"α①"_s);
@@ -66,6 +67,7 @@ TEST_F(PrinterTest, TextsStandAtTheirMillimetresOnPagesOfEitherOrientation) {
         double x, y, width;                                                      // mm
     } placed[] = {{pages[0].word(u"0123456789"_s.repeated(10)), 5, 234, 176.39}, // 100 half-width columns
                   {pages[0].word(u"評価"_s.repeated(25)), 5, 12, 176.39},
+                  {pages[0].word(u"価"_s), 10.29, 48, 3.53},
                   {pages[1].word(u"α①"_s), 250, 156, printer.TextWidth(u"α①"_s)}};
     for (const auto& [word, x, y, width] : placed) {
         EXPECT_NEAR(word.box.x(), x, 0.1);

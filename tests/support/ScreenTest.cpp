@@ -34,7 +34,7 @@ void PrintTo(const QString& text, std::ostream* stream) {
 namespace {
 
 // The statements that screens ran by going through a whole table, or through an index made for the purpose,
-// while a watch stands. Tests write and read rows of their own without one.
+// or that empty a table, while a watch stands. Tests write and read rows of their own without one.
 class StatementWatch {
   public:
     StatementWatch() { ++watches; }
@@ -54,7 +54,10 @@ class StatementWatch {
         const bool scans = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1) +
                                sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_AUTOINDEX, 1) >
                            0;
-        if (scans && watches > 0) scanning.insert(QString::fromUtf8(sqlite3_sql(statement)));
+        const auto text = QString::fromUtf8(sqlite3_sql(statement)).trimmed();
+        const bool empties = text.startsWith(u"delete", Qt::CaseInsensitive) &&
+                             !text.contains(u"where", Qt::CaseInsensitive); // takes no steps
+        if ((scans || empties) && watches > 0) scanning.insert(text);
         return SQLITE_OK;
     }
 
@@ -62,10 +65,13 @@ class StatementWatch {
     static inline std::set<QString> scanning;
 };
 
-// A list that is shown whole, or the work tables, which are read whole.
+// A list that is shown whole, or the work tables and the displayed structure, which are read or emptied
+// whole.
 bool mayScan(const QString& statement) {
     static const QRegularExpression whole(
-        u"^((?! where ).)*$|WHERE T1.課題番号 = T2.要因番号|from (tempfac|workfac)( t1)?+( (where child|order|group)|$)"_s,
+        u"^select .* from (要因|評価者)( +order by .*)?$|WHERE T1.課題番号 = T2.要因番号|^delete from "
+        u"構成表示$|"
+        "from (tempfac|workfac)( t1)?+( (where child|order|group)|$)"_s,
         QRegularExpression::CaseInsensitiveOption);
     return whole.match(statement).hasMatch();
 }

@@ -26,15 +26,24 @@ namespace {
 const QString screen = u"調査票"_s;
 
 // Problem 1 in its second round, evaluators 2 and 5. Under 11 three factors, under 12 one: nothing to
-// compare.
+// compare. The same factors stand otherwise in problem 2, where 7 answers, too; what was said there, in
+// another round and by 7 is all 7.
 class SurveyTest : public ScreenTest {
   protected:
     SurveyTest() {
-        run(u"insert into 課題 values(1,0,2,3,2)"_s);
-        run(u"insert into 要因 values(1,0,'候補地',''),(11,1,'費用',''),(12,1,'環境',''),(21,1,'建設費',''),"
+        run(u"insert into 課題 values(1,0,2,3,2),(2,0,9,9,2)"_s);
+        run(u"insert into 要因 "
+            u"values(1,0,'候補地',''),(2,0,'他の課題',''),(11,1,'費用',''),(12,1,'環境',''),(21,1,'建設費',''"
+            u"),"
             "(22,1,'維持費',''),(23,1,'用地費',''),(24,1,'騒音','')"_s);
         structure(u"1:11,12 11:21,22,23 12:24"_s);
         evaluators({2, 5});
+        structure(u"2:1,12 1:12,24,11 11:24,22 12:21,23"_s, 2);
+        run(u"insert into 評価者 values(7,'評価者7','')"_s);
+        run(u"insert into 課題評価者 values(2,2,''),(2,7,'')"_s);
+        for (const auto& of : {u"2,%1,2,2"_s, u"2,%1,5,2"_s, u"1,%1,2,1"_s, u"1,%1,5,9"_s, u"1,%1,7,2"_s})
+            for (const auto& pair : {u"1,11,12"_s, u"11,21,22"_s})
+                run(u"insert into 一対比較 values(%1,'2020/01/01',1,7)"_s.arg(of.arg(pair)));
     }
     ProblemRound round() const { return {*Common::DbConn, 1, 2}; }
 
@@ -86,7 +95,7 @@ class SurveyTest : public ScreenTest {
         return rows(
                    u"select 目的要因番号,比較表示順,比較元要因番号,比較対象要因番号,比較値,比較回数 from "
                    u"一対比較 "
-                   "where 評価者番号=%1 order by 1,2"_s.arg(evaluator))
+                   "where 評価者番号=%1 and 比較値<>7 order by 1,2"_s.arg(evaluator))
             .join(u' ');
     }
 };
@@ -106,7 +115,7 @@ TEST_F(SurveyTest, FilledFormsOfEveryKindAreStoredAlike) {
         EXPECT_EQ(findingLines(answers), QStringList()) << path.toStdString();
         EXPECT_EQ(answers.evaluator.name, u"評価者2"_s);
         ASSERT_TRUE(answers.canBeStored());
-        run(u"delete from 一対比較"_s);
+        run(u"delete from 一対比較 where 比較値<>7"_s);
         storeAnswers(round(), answers);
         EXPECT_EQ(storedPairs(2), pairsOfTwo) << path.toStdString();
     }
@@ -240,6 +249,7 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
     click(screen, u"Command7");
     EXPECT_EQ(storedPairs(2), pairsOfTwo);
     EXPECT_EQ(storedPairs(5), u"1|1|11|12|0.25|2"_s);
+    EXPECT_EQ(rows(u"select * from 一対比較 where 比較値=7"_s).size(), 10);
     EXPECT_EQ(table->item(0, 4)->text(), u"登録しました"_s);
     EXPECT_FALSE(control(screen, u"Command7")->isEnabled());
 

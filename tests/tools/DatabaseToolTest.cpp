@@ -45,6 +45,12 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
     damaged.replace(damaged.size() / 2, 8, "damaged!");
     writeWholeFile(path(u"damaged.mdb"_s), damaged);
     writeWholeFile(path(u"crashed.mdb-journal"_s), "left behind");
+    const QString lacking = path(u"lacking.mdb"_s);
+    QFile::copy(path(u"a.mdb"_s), lacking);
+    Connection connection;
+    openDatabaseFile(connection, lacking);
+    connection.execute(u"DROP TABLE 総合係数"_s);
+    connection.close();
     const QStringList files = QDir(folder_.path()).entryList(QDir::Files);
     const QByteArray before = bytesOf(path(u"a.mdb"_s));
     const struct {
@@ -63,6 +69,8 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
         {1, u"check damaged.mdb"_s, u"誤りがあります: %1\n"_s.arg(path(u"damaged.mdb"_s))},
         {1, u"backup damaged.mdb copy.mdb"_s,
          u"データベースを写せません。\n%1 → %2"_s.arg(path(u"damaged.mdb"_s), path(u"copy.mdb"_s))},
+        {1, u"check lacking.mdb"_s, u"誤りがあります: %1\n表「総合係数」がありません。"_s.arg(lacking)},
+        {1, u"backup lacking.mdb copy.mdb"_s, u"表「総合係数」がありません。"_s},
         {1, u"create crashed.mdb"_s, u"異常終了で残った記録"_s},
         {1, u"backup a.mdb crashed.mdb"_s, u"異常終了で残った記録"_s},
         {1, u"check missing.mdb"_s, u"ファイルが見つかりません。"_s},
