@@ -72,7 +72,7 @@ TEST_F(ScreensTest, TheStatusLineTellsOfFailureAndIsClearedByTheNextAction) {
     type(u"要因登録", u"Text1", u"99999");
     type(u"要因登録", u"Text2", u"1");
     EXPECT_EQ(told(u"要因登録", u"Command1"), warning(u"登録"_s, u"オーバーフローしました。"_s));
-    EXPECT_EQ(text(u"要因登録", u"Status"), u"登録できませんでした。"_s);
+    EXPECT_EQ(text(u"要因登録", u"Status"), u"「登録」を完了できませんでした。"_s);
     type(u"要因登録", u"Text1", u"2");
     click(u"要因登録", u"Command3");
     EXPECT_FALSE(text(u"要因登録", u"Status").contains(u"できませんでした"_s));
