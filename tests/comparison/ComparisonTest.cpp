@@ -114,6 +114,11 @@ TEST_F(ComparisonTest, SetupRefusesInOrder) {
     EXPECT_TRUE(isOpen(setup));
 }
 
+    run(u"update 課題 set 比較回数=40000"_s); // told to whoever works with it
+    choose(setup, u"Combo1"_s, 0);
+    EXPECT_EQ(takeMessages(), std::vector<ShownMessage>());
+    EXPECT_EQ(told(setup, u"Command1"_s), warning(u"開始"_s, u"オーバーフローしました。"_s));
+
 TEST_F(ComparisonTest, SetupOpensTheGridAndTellsOfAnExistingRound) {
     run(u"insert into 一対比較 values(1,1,12,11,3,2,'2026/01/01',1,3)"_s);
     Forms.show(setup);
@@ -293,6 +298,11 @@ TEST_F(ComparisonTest, AfterSavingTheNextOpenGoalIsOneKeyAway) {
 }
 
 TEST_F(ComparisonTest, LongNamesTakeNoMoreThanTheirShare) {
+    const auto* evaluators = control<QComboBox>(setup, u"Combo2"_s);
+    EXPECT_FALSE(evaluators->itemIcon(0).isNull());
+    choose(setup, u"Combo1"_s, 1); // nobody is asked: the list keeps its entries, not what they have done
+    EXPECT_EQ(evaluators->count(), 2);
+    EXPECT_TRUE(evaluators->itemIcon(0).isNull());
     run(u"update 要因 set 要因名='%1'"_s.arg(QString(400, u'長')));
     run(u"update 評価者 set 評価者氏名='%1'"_s.arg(QString(400, u'氏')));
     CmpProblemName = QString(400, u'長');
