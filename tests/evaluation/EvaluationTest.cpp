@@ -218,6 +218,7 @@ TEST_F(EvaluationTest, TheScreenCalculatesAllChosenEvaluators) {
     for (const int evaluator : {2, 5, 7}) compare(1, {11, 12}, u"3"_s, evaluator);
     calculate({0, 2});
     EXPECT_EQ(takeMessages(), notice(screen, u" 評価値計算終了"_s));
+    EXPECT_EQ(text(screen, u"Status"), u"2 名の評価値を計算し、保存しました。食い違いはありません。"_s);
     EXPECT_EQ(rows(u"select 評価者番号,レベル,count(*) from 評価結果 group by 評価者番号,レベル"_s),
               (QStringList{u"2|1|2"_s, u"2|2|2"_s, u"7|1|2"_s, u"7|2|2"_s}));
     EXPECT_EQ(QDir(directory() + u"/file"_s).entryList({u"*.pdf"_s}), QStringList()); // nothing to report
@@ -248,6 +249,12 @@ TEST_F(EvaluationTest, TheScreenRefusesWhatIsMissing) {
     EXPECT_EQ(stored(u"select * from 評価結果"_s),
               u"1|1|11|2|1|1|2|1"_s); // as it was, also for the one before
     EXPECT_TRUE(hasFocus(screen, u"List1"));
+
+    run(u"update 課題 set 比較回数 = 40000"_s); // told to whoever works with it
+    choose(screen, u"Combo1"_s, 0);
+    EXPECT_EQ(takeMessages(), std::vector<ShownMessage>());
+    click(screen, u"Command1"_s);
+    EXPECT_EQ(told(screen, u"Command7"_s), warning(screen, u"オーバーフローしました。"_s));
 }
 
 TEST_F(EvaluationTest, RunTimeErrorsAreShownUnderTheScreensName) {
