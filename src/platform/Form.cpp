@@ -64,6 +64,7 @@ void Form::scrollContents() {
     auto* contents = new QWidget(area); // in this window all the time, or the order of Tab would be lost
     contents->setLayout(layout());
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // Tab goes from control to control
     area->setWidgetResizable(true);
     area->setWidget(contents);
     auto* page = new QVBoxLayout(this);
