@@ -1,5 +1,6 @@
 #include "platform/Settings.h"
 
+#include <QIODevice>
 #include <QSettings>
 
 using namespace Qt::StringLiterals;
