@@ -54,6 +54,10 @@ void Screen::say(const QString& text, bool warns) {
     QAccessible::updateAccessibility(&changed);
 }
 
+QWidget* Screen::lineBelow() const {
+    return status_;
+}
+
 void Screen::clearStatus() {
     done_.clear();
     say({});

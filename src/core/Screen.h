@@ -89,6 +89,7 @@ class Screen : public Form {
     }
 
   private:
+    QWidget* lineBelow() const override;
     void sayFailed(const QString& caption);
 
     ElidedLabel* status_ = nullptr;

@@ -39,6 +39,9 @@ TEST_F(ScreensTest, WindowsKeepWithinTheScreenAndShowTheirTextsWhole) {
         const QSize screen = form->screen()->availableSize() - frame;
         EXPECT_TRUE(form->width() <= screen.width() && form->height() <= screen.height())
             << name.toStdString() << ": " << form->width() << " x " << form->height();
+        const auto* status = form->findChild<QLabel*>(u"Status"_s);
+        EXPECT_TRUE(status == nullptr || status->visibleRegion().boundingRect() == status->rect())
+            << name.toStdString();
         for (const auto* control : form->findChildren<QWidget*>()) {
             const bool hasText = qobject_cast<const QAbstractButton*>(control) != nullptr ||
                                  qobject_cast<const QLabel*>(control) != nullptr;
