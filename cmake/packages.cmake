@@ -37,6 +37,6 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "A problem is broken down into a tree of factors. Evaluators compare the\nchildren of every factor two by two; the program computes the weights, finds\ncontradictory comparisons, and prints the results of each evaluator and of\nthe group. Everything that users see is Japanese.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-ipafont-gothic, qt6-translations-l10n")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, evince | pdf-viewer")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, evince | pdf-viewer, xdg-utils")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 include(CPack)

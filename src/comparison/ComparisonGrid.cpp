@@ -11,6 +11,7 @@
 #include "judgement/ComparisonScale.h"
 #include "judgement/ItemMark.h"
 #include "judgement/Limits.h"
+#include "judgement/PairOrder.h"
 #include "platform/ElidedLabel.h"
 #include "platform/ListMark.h"
 #include "platform/Numbers.h"
@@ -30,12 +31,13 @@ constexpr int listMargin = 16;     // pixels beside the entries of the chooser's
 constexpr int namesInSentence = 5; // a name takes at most this part of the line's width
 const int equalPosition = nearestPosition(1);
 
-// The words of the odd steps of the scale: "1 同じくらい重要　3 やや重要 …".
+// The words of the odd steps of the scale, "1 同じくらい重要　3 やや重要 …", in a line that the window has
+// room for at its first size.
 QString scaleLegend() {
     QString legend;
     for (int position = equalPosition; position >= 0; position -= 2)
         legend += scaleText(position) + u' ' + scaleWords(position) + u"　"_s;
-    return legend + u"（1/3 なら列の要因がやや重要）"_s;
+    return legend + u"（1/3 は列がやや重要）"_s;
 }
 
 // Children of the goal factor that has the most.
@@ -46,7 +48,13 @@ int mostSiblings(qint32 problemNo) {
         *DbConn);
 }
 
-QString consistencyText(const Consistency& consistency) {
+// What the calculation will find, or why it will not.
+QString consistencyText(const std::optional<Consistency>& found, int items) {
+    if (pairCount(items) > mostCalculatedPairs)
+        return u"整合度を計算できません（評価計算が扱う要因は %1 つまでです）"_s.arg(
+            itemCount(mostCalculatedPairs).value());
+    if (!found) return u"整合度を計算できません（評価計算では「全体的に不整合」になります）"_s;
+    const auto& consistency = *found;
     return u"整合度 CI %1（限度 %2）　整合比 CR %3（限度 %4）　%5"_s.arg(
         formatNumber(std::max(consistency.index, 0.0), u"0.000"_s), decimalText(consistencyIndexLimit),
         formatNumber(std::max(consistency.ratio, 0.0), u"0.000"_s), decimalText(consistencyRatioLimit),
@@ -482,7 +490,7 @@ void 比較値設定::showConsistency() {
     if (entry_.items() < 3 || entry_.nextOpen()) return;
     const auto values = entry_.values();
     const auto check = checkAnswers({values.begin(), values.end()});
-    if (check.consistency) ui_->Label5->setWholeText(consistencyText(*check.consistency));
+    ui_->Label5->setWholeText(consistencyText(check.consistency, entry_.items()));
     if (!check.oddPair) return;
     const auto& odd = *check.oddPair;
     tell(*ui_->Label6, {odd.source + 1, odd.target + 1}, [&](const QString& source, const QString& target) {

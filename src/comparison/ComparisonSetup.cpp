@@ -46,10 +46,11 @@ void 比較者設定::Combo1_Click() {
             problem.number),
         u"評価者番号"_s, u"評価者氏名"_s);
     const QString roundText = NullToEmpty(round[u"比較回数"_s]);
-    const auto answered = readAnsweredGoals(
-        ProblemRound{*DbConn, Value(problem.number).toLong(), toInteger(leadingNumber(roundText))});
+    const auto shown = shownRound(*DbConn, problem.number, roundText);
+    const auto answered = shown ? std::optional(readAnsweredGoals(*shown)) : std::nullopt;
     ui_->Label5->setText(roundText);
     ui_->List1->clear();
+    for (int entry = 0; entry < ui_->Combo2->count(); ++entry) ui_->Combo2->setItemIcon(entry, {});
     if (evaluators.empty())
         return refuse(u" '%1' の課題評価者は登録されてません。"_s.arg(ui_->Combo1->currentText()));
     evaluators_ = std::move(evaluators);
@@ -58,15 +59,17 @@ void 比較者設定::Combo1_Click() {
     showAnswers(answered);
 }
 
-// Who has answered how much of the round, beside the list to choose from.
-void 比較者設定::showAnswers(const AnsweredGoals& answered) {
+// Who has answered how much of the round, beside the list to choose from; nothing of a round that cannot be.
+void 比較者設定::showAnswers(const std::optional<AnsweredGoals>& answered) {
     for (int entry = 0; entry < ui_->Combo2->count(); ++entry) {
         const QString text = ui_->Combo2->itemText(entry);
         const auto evaluatorNo = Value(evaluators_[static_cast<std::size_t>(entry)].number).toLong();
-        const auto mark = listMark(*ui_->List1, !answered.goals.empty() && answered.isComplete(evaluatorNo));
-        auto* row = new QTreeWidgetItem(
-            ui_->List1,
-            {text, u"%1 / %2 目的要因"_s.arg(answered.count(evaluatorNo)).arg(answered.goals.size())});
+        const auto mark =
+            listMark(*ui_->List1, answered && !answered->goals.empty() && answered->isComplete(evaluatorNo));
+        const QString state =
+            answered ? u"%1 / %2 目的要因"_s.arg(answered->count(evaluatorNo)).arg(answered->goals.size())
+                     : QString();
+        auto* row = new QTreeWidgetItem(ui_->List1, {text, state});
         row->setIcon(0, mark);
         row->setToolTip(0, plainToolTip(text));
         ui_->Combo2->setItemIcon(entry, mark);
@@ -130,6 +133,12 @@ void 比較者設定::tellExistingRound() {
 }
 
 void 比較者設定::Command3_Click() {
+    const int chosen = ui_->Combo1->currentIndex();
+    ProblemEntry.clear();
+    if (chosen >= 0) {
+        const auto& [number, problem] = problems_.at(static_cast<std::size_t>(chosen));
+        ProblemEntry = number + u':' + problem;
+    }
     Forms.show(u"調査票"_s);
     Forms.unload(name());
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "core/Screen.h"
@@ -27,7 +28,7 @@ class 比較者設定 : public Screen {
     void Command2_Click(); // "キャンセル"
     void Command3_Click(); // questionnaires
 
-    void showAnswers(const AnsweredGoals& answered);
+    void showAnswers(const std::optional<AnsweredGoals>& answered);
     bool takeProblem();
     bool takeEvaluator();
     bool takeDate();

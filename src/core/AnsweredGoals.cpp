@@ -1,8 +1,11 @@
 #include "core/AnsweredGoals.h"
 
 #include <QStringList>
+#include <cmath>
+#include <limits>
 
 #include "core/Common.h"
+#include "platform/Numbers.h"
 #include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
@@ -92,6 +95,13 @@ int AnsweredGoals::count(qint32 evaluatorNo) const {
 bool AnsweredGoals::isAnswered(qint32 evaluatorNo, qint32 goalNo) const {
     const auto answered = byEvaluator.find(evaluatorNo);
     return answered != byEvaluator.end() && answered->second.contains(goalNo);
+}
+
+std::optional<ProblemRound> shownRound(Connection& connection, const QString& problemNo,
+                                       const QString& round) {
+    const double number = leadingNumber(round);
+    if (std::abs(number) > std::numeric_limits<qint16>::max()) return std::nullopt;
+    return ProblemRound{connection, Value(problemNo).toLong(), toInteger(number)};
 }
 
 AnsweredGoals readAnsweredGoals(const ProblemRound& of) {

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -28,6 +29,11 @@ struct AnsweredGoals {
     bool isAnswered(qint32 evaluatorNo, qint32 goalNo) const;
     bool isComplete(qint32 evaluatorNo) const { return count(evaluatorNo) == static_cast<int>(goals.size()); }
 };
+
+// The round that a screen shows. Nothing when it is out of bounds: that is an error for whoever works with
+// the round, not for whoever only looks what there is of it.
+std::optional<ProblemRound> shownRound(Connection& connection, const QString& problemNo,
+                                       const QString& round);
 
 // Of all evaluators, in two statements however many they are.
 AnsweredGoals readAnsweredGoals(const ProblemRound& of);

@@ -40,7 +40,7 @@ void backUpDatabase(const QString& file, const QString& copy) {
     NewFile target(copy);
     const auto failed = [&](const QString& why) {
         return RuntimeError(ErrorCode::Database,
-                            u"データベースを写せません。\n%1 → %2\n%3"_s.arg(file, copy, why));
+                            u"データベースの控えを作れません。\n%1 → %2\n%3"_s.arg(file, copy, why));
     };
     try {
         copyDatabase(file, target, databasePassword);

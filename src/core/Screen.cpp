@@ -54,6 +54,19 @@ void Screen::say(const QString& text, bool warns) {
     QAccessible::updateAccessibility(&changed);
 }
 
+QWidget* Screen::lineBelow() const {
+    return status_;
+}
+
+void Screen::clearStatus() {
+    done_.clear();
+    say({});
+}
+
+void Screen::sayFailed(const QString& caption) {
+    say(u"「%1」を完了できませんでした。"_s.arg(caption) + done_, true);
+}
+
 bool Screen::hasInput() const {
     return std::ranges::any_of(findChildren<QLineEdit*>(), &QLineEdit::isModified);
 }

@@ -46,7 +46,7 @@ class Screen : public Form {
     void onAction(QAbstractButton* button, const QString& caption, Procedure procedure) {
         connect(button, &QAbstractButton::clicked, this, [this, caption, procedure] {
             clearStatus();
-            if (!runAction(caption, procedure)) say(caption + QStringLiteral("できませんでした。"), true);
+            if (!runAction(caption, procedure)) sayFailed(caption);
         });
     }
 
@@ -55,7 +55,11 @@ class Screen : public Form {
     void addStatusLine(ElidedLabel* line = nullptr);
     // What the last action did; `warns` sets off what the user should look at. Each action clears it first.
     void say(const QString& text, bool warns = false);
-    void clearStatus() { say({}); }
+    void clearStatus();
+    // What the action under way has done already: an error does not take it back, and the line that tells of
+    // the error tells it, too.
+    void setDone(const QString& text) { done_ = text; }
+    const QString& done() const { return done_; }
 
     // Whether leaving would lose what was typed without a question: then Esc does not leave.
     virtual bool hasInput() const;
@@ -85,5 +89,9 @@ class Screen : public Form {
     }
 
   private:
+    QWidget* lineBelow() const override;
+    void sayFailed(const QString& caption);
+
     ElidedLabel* status_ = nullptr;
+    QString done_;
 };

@@ -5,8 +5,6 @@
 #include <QSvgGenerator>
 
 #include "output/PrintService.h"
-#include "platform/DocumentFile.h"
-#include "platform/TextFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -63,15 +61,13 @@ void printFigures(PrintService& print, const std::vector<FigureSheet>& sheets, c
                      [&sheet](QPainter& painter, const QRectF& frame) { sheet.draw(painter, frame); });
         printer.EndPage();
     }
-    printer.EndDoc();
+    print.EndDocument();
 }
 
-QStringList saveFigures(const QString& folder, const std::vector<FigureSheet>& sheets, const QString& problem,
-                        PictureType type) {
-    QStringList paths;
+void saveFigures(PrintService& print, const std::vector<FigureSheet>& sheets, const QString& problem,
+                 PictureType type) {
+    const bool isSvg = type == PictureType::Svg;
     for (const auto& sheet : sheets)
-        paths << (type == PictureType::Svg
-                      ? writeDocument(folder, {u"図"_s, problem, sheet.figure}, u"svg"_s, svg(sheet))
-                      : writeDocument(folder, {u"図"_s, problem, sheet.figure}, u"png"_s, png(sheet)));
-    return paths;
+        print.writeFile({u"図"_s, problem, sheet.figure}, isSvg ? u"svg"_s : u"png"_s,
+                        isSvg ? svg(sheet) : png(sheet));
 }

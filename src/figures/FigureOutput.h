@@ -11,6 +11,6 @@ class PrintService;
 void printFigures(PrintService& print, const std::vector<FigureSheet>& sheets, const QString& problem);
 
 enum class PictureType { Svg, Png };
-// Each sheet as a file of its own in `folder`; the paths. Raises error 75 or 76 when one cannot be written.
-QStringList saveFigures(const QString& folder, const std::vector<FigureSheet>& sheets, const QString& problem,
-                        PictureType type);
+// Each sheet as a file of its own. Raises error 75 or 76 when one cannot be written.
+void saveFigures(PrintService& print, const std::vector<FigureSheet>& sheets, const QString& problem,
+                 PictureType type);

@@ -6,7 +6,6 @@
 #include "figures/Figures.h"
 #include "figures/PrintFigures.h"
 #include "output/ReportSelection.h"
-#include "platform/TextFile.h"
 #include "ui_FiguresScreen.h"
 
 using namespace Qt::StringLiterals;
@@ -24,9 +23,10 @@ void fill(QComboBox* combo, const QString& none, const QStringList& entries) {
 
 } // namespace
 
-図::図() : Screen(u"図"_s), ui_(std::make_unique<Ui::FiguresScreen>()), print_(Printer) {
+図::図() : OutputScreen(u"図"_s), ui_(std::make_unique<Ui::FiguresScreen>()) {
     ui_->setupUi(this);
     addStatusLine();
+    setUpOutput(ui_->Command17, ui_->device, ui_->folder);
     setWindowTitle(name());
     ui_->Combo2->addItems({u"総合係数"_s, u"意見の揃い方"_s, u"感度"_s, u"順位の安定"_s});
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
@@ -37,7 +37,6 @@ void fill(QComboBox* combo, const QString& none, const QStringList& entries) {
     onAction(ui_->Command7, name(), [this] { Command7_Click(); });
     onAction(ui_->Command4, name(), [this] { savePictures(PictureType::Svg); });
     onAction(ui_->Command5, name(), [this] { savePictures(PictureType::Png); });
-    onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
 }
 
@@ -45,9 +44,8 @@ void fill(QComboBox* combo, const QString& none, const QStringList& entries) {
 
 void 図::Form_Load() {
     MsgTitle = windowTitle();
-    print_.load(AppDir);
+    loadOutput();
     ui_->Combo1->addItems(problemEntries(*DbConn));
-    ui_->Command17->setText(print_.OutputTarget);
     // The problem that was chosen on the screen from which the figures were asked for.
     ui_->Combo1->setCurrentIndex(ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(ProblemEntry));
     setRunning(false);
@@ -170,17 +168,16 @@ void 図::Command1_Click() {
     goTo(ui_->Command1);
 }
 
-void 図::Command17_Click() {
-    print_.ToggleOutputTarget();
-    ui_->Command17->setText(print_.OutputTarget);
-}
-
 void 図::Command7_Click() {
-    printFigures(print_, sheets_, results_->problem);
-    say(u"%1 ページを出力しました。"_s.arg(sheets_.size()));
+    makeDocuments(u"%1 ページ："_s.arg(sheets_.size()), [this] {
+        printFigures(print_, sheets_, results_->problem);
+        return true;
+    });
 }
 
 void 図::savePictures(PictureType type) {
-    const auto paths = saveFigures(print_.FileDir, sheets_, results_->problem, type);
-    say(u"%1 個のファイルを書き出しました。%2"_s.arg(paths.size()).arg(nativePath(paths.constFirst())));
+    makeDocuments({}, [this, type] {
+        saveFigures(print_, sheets_, results_->problem, type);
+        return true;
+    });
 }

@@ -4,18 +4,17 @@
 #include <memory>
 #include <optional>
 
-#include "core/Screen.h"
 #include "figures/RoundResults.h"
 #include "figures/Sheet.h"
 #include "figures/Stability.h"
-#include "output/PrintService.h"
+#include "output/OutputScreen.h"
 
 namespace Ui {
 class FiguresScreen;
 }
 enum class PictureType;
 
-class 図 : public Screen {
+class 図 : public OutputScreen {
   public:
     図();
     ~図() override;
@@ -31,7 +30,6 @@ class 図 : public Screen {
     void Combo1_Click();   // problem
     void Command1_Click(); // calculates the stability
     void Command7_Click(); // prints
-    void Command17_Click();
     void savePictures(PictureType type);
     void showFigure();
     void showSheets(std::vector<FigureSheet> sheets);
@@ -42,7 +40,6 @@ class 図 : public Screen {
     void setRunning(bool running);
 
     std::unique_ptr<Ui::FiguresScreen> ui_;
-    PrintService print_;
     int problem_ = -1; // the entry that the rest of the screen shows
     std::optional<RoundResults> results_;
     std::optional<Stability> stability_;

@@ -2,12 +2,27 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QProcess>
 #include <QUrl>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 MadeFiles* collecting = nullptr;
+
+constexpr int answerTime = 5000; // ms
+
+// The desktop's launcher starts, and says so, before it knows whether there is a program for the file. Where
+// nobody can be asked for one, its word counts.
+bool mayHaveProgramFor(const QString& path) {
+    QProcess question;
+    question.start(u"xdg-mime"_s, {u"query"_s, u"default"_s,
+                                   QFileInfo(path).isDir() ? u"inode/directory"_s : u"application/pdf"_s});
+    if (!question.waitForStarted() || !question.waitForFinished(answerTime)) return true;
+    return !question.readAllStandardOutput().trimmed().isEmpty();
+}
 
 } // namespace
 
@@ -31,5 +46,6 @@ bool MadeFiles::show() const {
 }
 
 bool showOnDesktop(const QString& path) {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    const bool mayHaveProgram = mayHaveProgramFor(path);
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) && mayHaveProgram; // it may know of one yet
 }

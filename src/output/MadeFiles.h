@@ -30,5 +30,5 @@ class MadeFiles {
     MadeFiles* outer_;
 };
 
-// Shows a file, or a folder, in the program that the desktop has for it. False without one.
+// Shows a PDF file, or a folder, in the program that the desktop has for it. False without one.
 bool showOnDesktop(const QString& path);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/Dates.h"
+#include "platform/DocumentFile.h"
 #include "platform/Settings.h"
 #include "platform/TextConversion.h"
 #include "platform/TextFile.h"
@@ -42,7 +43,7 @@ void PrintService::load(const QString& appDir) {
     PageNo = 0;
     LineNo = 0;
     LandscapeFlag = 0;
-    PdfPrinterName = readSetting(printers, u"Pdf"_s, u"いきなりPDF 2"_s);
+    PdfPrinterName = readSetting(printers, u"Pdf"_s, ReportPrinter::pdfFiles().DeviceName);
     OfficePrinterName = readSetting(printers, u"Office"_s, u"SHARP AR-266FP SPDL2_T1"_s);
     printer_.setScaleMode(ReportPrinter::Millimetres);
     printer_.setFont(reportFont);
@@ -54,6 +55,11 @@ void PrintService::ToggleOutputTarget() {
     OutputTarget = OutputTarget != officeTarget ? officeTarget : pdfTarget;
 }
 
+void PrintService::makePdfFilesOnly() {
+    OutputTarget = pdfTarget;
+    onlyPdfFiles_ = true;
+}
+
 void PrintService::SelectPrinter(const QString& deviceName) {
     for (const auto& device : printer_.Printers()) {
         if (device.DeviceName != deviceName) continue;
@@ -63,6 +69,7 @@ void PrintService::SelectPrinter(const QString& deviceName) {
 }
 
 void PrintService::ChooseReportPrinter() {
+    if (onlyPdfFiles_) return printer_.select(ReportPrinter::pdfFiles());
     SelectPrinter(targetName());
 }
 
@@ -117,6 +124,16 @@ void PrintService::SetUpPage(qint16 columns) {
 void PrintService::EndPage() {
     if (printer_.EndPage()) ++PageNo;
     if (LandscapeFlag == 1) printer_.setOrientation(Orientation::Landscape);
+}
+
+void PrintService::EndDocument() {
+    printer_.EndDoc();
+    ++Documents;
+}
+
+void PrintService::writeFile(const DocumentName& name, const QString& type, const QByteArray& bytes) const {
+    const auto path = writeDocument(FileDir, name, type, bytes);
+    if (FileExported) FileExported(path);
 }
 
 QString PrintService::filled(QString line, const QString& place) const {

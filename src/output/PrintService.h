@@ -35,6 +35,8 @@ class PrintService {
     void load(const QString& appDir);
 
     void ToggleOutputTarget();
+    // For programs without a screen: "PDF", and that is files whatever the settings name.
+    void makePdfFilesOnly();
     // The first installed printer of this device name becomes the current one; without one all stays as it
     // was.
     void SelectPrinter(const QString& deviceName);
@@ -63,6 +65,11 @@ class PrintService {
     void PrintMessageFile(const QString& path, qint16 indent, bool keepPage);
     // Ends the page, and counts it when there is anything on it: an empty letter makes no page.
     void EndPage();
+    // Hands the document out.
+    void EndDocument();
+    // Writes a file of its own into FileDir, and tells whoever wants to know. Raises error 75 or 76 when it
+    // cannot be written.
+    void writeFile(const DocumentName& name, const QString& type, const QByteArray& bytes) const;
 
     ReportPrinter& printer() { return printer_; }
 
@@ -75,4 +82,5 @@ class PrintService {
     void printWrapped(QString line, qint16 indent);
 
     ReportPrinter& printer_;
+    bool onlyPdfFiles_ = false;
 };

@@ -3,18 +3,16 @@
 
 #include <memory>
 
-#include "core/Screen.h"
-#include "output/PrintService.h"
+#include "output/OutputScreen.h"
 #include "output/ReportWork.h"
 #include "output/RoundSelection.h"
 
 namespace Ui {
 class ReportForm;
 }
-class MadeFiles;
 class QVBoxLayout;
 
-class ReportForm : public Screen {
+class ReportForm : public OutputScreen {
   public:
     explicit ReportForm(const ReportWork& work);
     ~ReportForm() override;
@@ -34,21 +32,12 @@ class ReportForm : public Screen {
     ReportOptions options;
 
   private:
-    void Combo1_Click();    // a problem: its round, its evaluators, whose results are there
-    void Command17_Click(); // the output target, in turn "印刷" and "PDF"
-    void Command7_Click();  // the work; a run-time error is shown under the screen's name
-    ProblemRound problemRound() const;
-    void markEvaluators();
-    void showDevice();
-    void showMade(const RoundSelection& chosen, const MadeFiles& made, int documents);
+    void Combo1_Click();   // a problem: its round, its evaluators, whose results are there
+    void Command7_Click(); // the work; a run-time error is shown under the screen's name
+    void markEvaluators(const ProblemRound& of);
     QWidget* refusedList();
-    void showProgressBar(bool shown);
-    void showProgress(int done, int total, const QString& at);
     ChosenEntries chosenEntries() const;
 
     const ReportWork& work_;
-    PrintService print_;
-    QString folder_;   // of the files that the last work made
-    QString exported_; // the file that the last work wrote besides documents
     std::unique_ptr<Ui::ReportForm> ui_;
 };

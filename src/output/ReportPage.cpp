@@ -190,8 +190,7 @@ void ReportPage::newPart(const QList<HeadingLine>& lines) {
 void ReportPage::finish() {
     leavePage();
     finished_ = true; // when sending fails there is no document either
-    printer_.EndDoc();
-    ++print_.Documents;
+    print_.EndDocument();
 }
 
 int ReportPage::headingRows() const {

@@ -23,4 +23,5 @@ struct ReportWork {
     // False when it was refused; the user has been told why.
     bool (*run)(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
                 const Progress& progress);
+    QString whenNothing{}; // what the screen says of "%1" evaluators when there was no document to make
 };

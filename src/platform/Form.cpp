@@ -16,6 +16,7 @@ constexpr int twipsPerPixel = 15; // 1440 to the inch at 96 pixels to the inch
 // Pixels that the window's frame takes, both sides; the title is counted twice, since a window that is
 // centred without its frame hangs that much too low.
 constexpr QSize frameRoom{8, 56};
+constexpr QMargins lineMargins{20, 4, 20, 6};
 // What a list or a grid is still of use with.
 constexpr QSize smallestView{200, 110};
 
@@ -64,11 +65,16 @@ void Form::scrollContents() {
     auto* contents = new QWidget(area); // in this window all the time, or the order of Tab would be lost
     contents->setLayout(layout());
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // Tab goes from control to control
     area->setWidgetResizable(true);
     area->setWidget(contents);
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins({});
     page->addWidget(area);
+    if (QWidget* line = lineBelow(); line != nullptr) {
+        line->setContentsMargins(lineMargins);
+        page->addWidget(line);
+    }
     connect(qApp, &QApplication::focusChanged, area, [area, contents](QWidget*, QWidget* now) {
         if (now != nullptr && contents->isAncestorOf(now)) area->ensureWidgetVisible(now);
     });

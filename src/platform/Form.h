@@ -34,6 +34,8 @@ class Form : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     // Enter presses the button that has the focus, and goes on from a field to the next control.
     void keyPressEvent(QKeyEvent* event) override;
+    // What stays in view below contents that scroll, if anything.
+    virtual QWidget* lineBelow() const { return nullptr; }
 
   private:
     bool needsMoreThan(const QSize& room) const;

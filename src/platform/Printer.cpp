@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString pdfDeviceName = u"いきなりPDF 2"_s;
-
 PrinterDevice deviceOf(const CupsQueue& queue) {
     return {queue.description.isEmpty() ? queue.name : queue.description, queue.name};
 }
@@ -25,8 +23,12 @@ ReportPrinter::~ReportPrinter() = default;
 QList<PrinterDevice> ReportPrinter::Printers() const {
     QList<PrinterDevice> devices;
     for (const auto& queue : cupsQueues()) devices.append(deviceOf(queue));
-    devices.append({pdfDeviceName, QString()});
+    devices.append(pdfFiles());
     return devices;
+}
+
+PrinterDevice ReportPrinter::pdfFiles() {
+    return {u"いきなりPDF 2"_s, QString()};
 }
 
 PrinterDevice ReportPrinter::current() const {

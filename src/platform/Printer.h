@@ -48,7 +48,9 @@ class ReportPrinter {
     // Width of lines and boxes in tenths of a millimetre: 1 is the fine rule, 5 the heavy one.
     int DrawWidth = 1;
 
-    // The queues in the order of the print system, the PDF device "いきなりPDF 2" last.
+    // The built-in device "いきなりPDF 2", which writes files.
+    static PrinterDevice pdfFiles();
+    // The queues in the order of the print system, the built-in device last.
     QList<PrinterDevice> Printers() const;
     void select(const PrinterDevice& device) { selected_ = device; }
     // Of the current printer: the selected one, else the system's default, else its first; empty when no

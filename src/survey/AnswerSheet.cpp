@@ -10,7 +10,6 @@
 #include "judgement/ComparisonScale.h"
 #include "output/PrintService.h"
 #include "output/RoundSelection.h"
-#include "platform/DocumentFile.h"
 #include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
 #include "survey/AnswerForm.h"
@@ -273,10 +272,8 @@ bool writeForms(PrintService& print, const RoundSelection& chosen, const QString
     for (const auto& [number, entry] : chosen.evaluators) {
         progress(done++, static_cast<int>(chosen.evaluators.size()), entry);
         const Factor evaluator{number, evaluatorName(chosen.connection, number)};
-        const auto path =
-            writeDocument(print.FileDir, {u"調査票"_s, questionnaire.problem.name, evaluator.name}, type,
-                          form(questionnaire, evaluator));
-        if (print.FileExported) print.FileExported(path);
+        print.writeFile({u"調査票"_s, questionnaire.problem.name, evaluator.name}, type,
+                        form(questionnaire, evaluator));
     }
     return true;
 }

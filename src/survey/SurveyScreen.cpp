@@ -1,11 +1,11 @@
 #include "survey/SurveyScreen.h"
 
-#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
 
 #include "output/ReportSelection.h"
+#include "platform/ElidedLabel.h"
 #include "platform/TextFile.h"
 #include "survey/SurveyWorks.h"
 #include "ui_SurveyScreen.h"
@@ -18,6 +18,7 @@ namespace {
 enum FileColumn { FileName, Evaluator, ProblemAndRound, Goals, State, fileColumns };
 
 constexpr qsizetype mostNames = 15; // in a question
+constexpr int betweenColumns = 16;  // pixels
 
 QString stateOf(const CheckedAnswers& file, bool stored) {
     if (stored) return u"登録しました"_s;
@@ -31,21 +32,23 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
 
 } // namespace
 
-調査票::調査票() : Screen(u"調査票"_s), ui_(std::make_unique<Ui::SurveyScreen>()), print_(Printer) {
+調査票::調査票() : OutputScreen(u"調査票"_s), ui_(std::make_unique<Ui::SurveyScreen>()) {
     ui_->setupUi(this);
     addStatusLine();
+    setUpOutput(ui_->Command17, ui_->device, ui_->folder);
+    setUpProgress(ui_->Progress1, ui_->progressText);
     ui_->Table1->setHorizontalHeaderLabels(
         {u"ファイル"_s, u"評価者"_s, u"課題と比較回数"_s, u"揃った目的"_s, u"状態"_s});
     ui_->Table1->horizontalHeader()->setSectionResizeMode(State, QHeaderView::Stretch);
     for (const auto& [column, width] :
-         {std::pair{FileName, 170}, {Evaluator, 110}, {ProblemAndRound, 115}, {Goals, 85}})
-        ui_->Table1->setColumnWidth(column, width);
+         {std::pair{FileName, 170}, {Evaluator, 120}, {ProblemAndRound, 0}, {Goals, 0}}) // 0: as its heading
+        ui_->Table1->setColumnWidth(
+            column,
+            std::max(width, ui_->Table1->horizontalHeader()->sectionSizeHint(column) + betweenColumns));
     ui_->Table1->verticalHeader()->hide();
-    ui_->Progress1->hide();
 
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
-    onEvent(ui_->Command17, &QPushButton::clicked, [this] { Command17_Click(); });
     std::size_t next = 0;
     for (auto* button : {ui_->Command3, ui_->Command4, ui_->Command5}) {
         const auto& work = surveyWorks()[next++];
@@ -61,12 +64,14 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
 
 void 調査票::Form_Load() {
     MsgTitle = windowTitle();
-    print_.load(AppDir);
+    loadOutput();
     const QStringList problems = problemEntries(*DbConn);
     ui_->Combo1->addItems(problems);
     if (problems.isEmpty()) refuse(u"課題が存在しません。"_s);
-    ui_->Command17->setText(print_.OutputTarget);
     showFiles();
+    // The problem that was chosen where the questionnaires were asked for.
+    ui_->Combo1->setCurrentIndex(ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(ProblemEntry));
+    if (ui_->Combo1->currentIndex() >= 0) Combo1_Click();
     centre();
 }
 
@@ -83,11 +88,6 @@ void 調査票::Combo1_Click() {
     showFiles();
 }
 
-void 調査票::Command17_Click() {
-    print_.ToggleOutputTarget();
-    ui_->Command17->setText(print_.OutputTarget);
-}
-
 ChosenEntries 調査票::chosenEntries() const {
     ChosenEntries chosen{ui_->Combo1->currentText(), {}, ui_->Label5->text()};
     for (int row = 0; row < ui_->List1->count(); ++row)
@@ -96,22 +96,11 @@ ChosenEntries 調査票::chosenEntries() const {
 }
 
 void 調査票::make(const ReportWork& work) {
-    const auto hideProgress = qScopeGuard([this] { ui_->Progress1->hide(); });
+    const auto hideProgress = progressGuard();
     const auto chosen = checkedSelection(*DbConn, chosenEntries(), true);
-    if (!chosen || !work.run(print_, *chosen, {}, progress())) return;
-    const auto where = work.printsReport ? QString() : nativePath(print_.FileDir) + u" に"_s;
-    say(u"%1%2を %3 名分作成しました。"_s.arg(where, work.caption).arg(chosen->evaluators.size()));
-}
-
-Progress 調査票::progress() {
-    return [this](int done, int total, const QString& at) {
-        ui_->Progress1->setMaximum(total);
-        ui_->Progress1->setValue(done);
-        ui_->Progress1->setFormat(at);
-        ui_->Progress1->show();
-        // The work runs on this thread: let the bar be painted, and take no clicks meanwhile.
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    };
+    if (!chosen) return;
+    makeDocuments(u"%1 %2 名："_s.arg(work.caption).arg(chosen->evaluators.size()),
+                  [&] { return work.run(print_, *chosen, {}, progress()); });
 }
 
 std::optional<RoundSelection> 調査票::problemRound() {
@@ -127,7 +116,7 @@ void 調査票::Command6_Click() {
 }
 
 void 調査票::readFiles(const QStringList& paths) {
-    const auto hideProgress = qScopeGuard([this] { ui_->Progress1->hide(); });
+    const auto hideProgress = progressGuard();
     const auto tell = progress();
     const auto round = problemRound();
     if (!round) return;
@@ -160,7 +149,7 @@ void 調査票::showRow(int row) {
     const auto set = [&](FileColumn column, const QString& text) {
         auto* item = new QTableWidgetItem(text);
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-        item->setToolTip(text);
+        item->setToolTip(plainToolTip(text));
         ui_->Table1->setItem(row, column, item);
         return item;
     };
@@ -212,7 +201,7 @@ void 調査票::Command7_Click() {
     const auto chosen = checkedFiles();
     if (chosen.isEmpty()) return refuseAt(ui_->Table1, u"登録する調査票が選ばれていません。"_s);
     if (!mayReplace(chosen)) return;
-    const auto hideProgress = qScopeGuard([this] { ui_->Progress1->hide(); });
+    const auto hideProgress = progressGuard();
     const auto tell = progress();
     const auto round = problemRound();
     if (!round) return;
@@ -222,7 +211,7 @@ void 調査票::Command7_Click() {
         storeAnswers(*round, files_[index]);
         stored_ << files_[index].path;
         showRow(static_cast<int>(index));
-        ++done;
+        setDone(u"%1 件の調査票は登録しました。"_s.arg(++done));
     }
     ui_->Command7->setEnabled(!checkedFiles().isEmpty());
     say(u"%1 件の調査票を登録しました。"_s.arg(done));

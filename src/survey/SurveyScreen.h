@@ -3,8 +3,7 @@
 
 #include <memory>
 
-#include "core/Screen.h"
-#include "output/PrintService.h"
+#include "output/OutputScreen.h"
 #include "output/ReportWork.h"
 #include "output/RoundSelection.h"
 #include "survey/FormCheck.h"
@@ -13,7 +12,7 @@ namespace Ui {
 class SurveyScreen;
 }
 
-class 調査票 : public Screen {
+class 調査票 : public OutputScreen {
   public:
     調査票();
     ~調査票() override;
@@ -26,7 +25,6 @@ class 調査票 : public Screen {
   private:
     void end() override { leaveTo(QStringLiteral("比較者設定")); }
     void Combo1_Click();
-    void Command17_Click();
     void Command6_Click(); // choose files
     void Command7_Click(); // store
 
@@ -39,10 +37,8 @@ class 調査票 : public Screen {
     void showDetails();
     QList<qsizetype> checkedFiles() const;
     bool mayReplace(const QList<qsizetype>& files);
-    Progress progress();
 
     std::unique_ptr<Ui::SurveyScreen> ui_;
-    PrintService print_;
     int problem_ = -1;            // the entry that the rest of the screen shows
     QList<CheckedAnswers> files_; // parallel to the rows of the table
     QStringList stored_;          // paths of those that have been stored

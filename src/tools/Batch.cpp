@@ -143,7 +143,7 @@ RoundSelection selectionOf(Connection& connection, const Request& request) {
 bool perform(const ReportWork& work, const RoundSelection& chosen) {
     PrintService service(Common::Printer);
     service.load(Common::AppDir);
-    service.ToggleOutputTarget(); // documents are PDF
+    service.makePdfFilesOnly();
     service.FileExported = tellFile;
     Common::MsgTitle = work.screen;
     bool accepted = false;

@@ -25,7 +25,7 @@ constexpr std::u16string_view usage =
     u"  hollin-database create FILE [--sample]  データベースを作成します。--sample "
     u"を付けると例題を入れます。\n"
     u"  hollin-database check FILE              データベースに誤りがないか調べます。\n"
-    u"  hollin-database backup FILE COPY        データベースの写しを作ります。使用中でも作れます。\n"
+    u"  hollin-database backup FILE COPY        データベースの控えを作ります。使用中でも作れます。\n"
     u"既にあるファイルには上書きしません。";
 
 void say(const QString& text) {
@@ -60,7 +60,7 @@ int check(const QStringList& files, bool) {
 
 int backup(const QStringList& files, bool) {
     backUpDatabase(files[0], files[1]);
-    say(u"写しを作成しました: %1"_s.arg(files[1]));
+    say(u"控えを作成しました: %1"_s.arg(files[1]));
     return success;
 }
 

@@ -24,7 +24,7 @@ bool printAll(const QStringList& arguments) {
         Common::openDatabase(applicationDirectory());
         PrintService service(Common::Printer);
         service.load(Common::AppDir);
-        service.ToggleOutputTarget(); // documents are PDF
+        service.makePdfFilesOnly();
         Common::MsgTitle = u"図"_s;
         const RoundSelection chosen{
             {*Common::DbConn, Value(arguments.value(0)).toLong(), Value(arguments.value(1)).toInteger()},

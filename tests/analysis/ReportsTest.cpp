@@ -2,6 +2,7 @@
 // out with an eigenvector routine of another tool from the comparisons of the fixture.
 #include "analysis/Variation.h"
 #include "output/RoundSelection.h"
+#include "support/Desktop.h"
 #include "support/Helpers.h"
 #include "support/RoundTest.h"
 
@@ -61,6 +62,27 @@ TEST_F(ReportsTest, TheGroupReportSetsTheEvaluatorBesideTheGroup) {
               "総合評価値（最終レベル） 広さ 0.3816 3 0.3816 1.0000 0.6440 0.5944 / "
               "建設費 0.2184 3 0.2184 1.0000 0.5333 0.4368 / 維持費 1.8736 1 0.3222 1.8736 0.9522 0.7361 / "
               "騒音 0.4055 2 0.3029 0.4149 0.3744 0.3707 / 景観 0.1644 2 0.0570 0.8736 0.3650 0.2015"_s);
+}
+
+TEST_F(ReportsTest, WhatWasMadeIsShownAlsoAfterAnError) {
+    const QString individual = u"個人結果"_s;
+    const QString folder = directory() + u"/file"_s;
+    Desktop desktop;
+    report(individual, {1});
+    EXPECT_EQ(text(individual, u"Status"), u"1 名：PDF 1 件を作成しました。（%1）"_s.arg(folder));
+    EXPECT_EQ(desktop.takeOpened(), QStringList{folder + u'/' + documents().value(0)});
+    report(individual, {0, 1});
+    EXPECT_EQ(desktop.takeOpened(), QStringList{folder});
+    desktop.setProgram("");
+    run(u"update 一対比較 set 比較値='x' where 評価者番号=5"_s);
+    EXPECT_EQ(report(individual, {0, 1}), warning(individual, u"型が一致しません。"_s));
+    EXPECT_EQ(text(individual, u"Status"),
+              u"「個人結果」を完了できませんでした。PDF 1 件を作成しました。"
+              "PDF を表示するプログラムがありません。（%1）"_s.arg(folder));
+    EXPECT_TRUE(control(individual, u"folder")->isVisible());
+    report(individual, {1});
+    EXPECT_EQ(text(individual, u"Status"), u"「個人結果」を完了できませんでした。"_s);
+    EXPECT_FALSE(control(individual, u"folder")->isVisible());
 }
 
 TEST_F(ReportsTest, APairWithoutOwnValueIsBlankAndTotalsStandBehindDeepKeys) {

@@ -2,6 +2,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -112,6 +113,11 @@ TEST_F(ComparisonTest, SetupRefusesInOrder) {
     EXPECT_EQ(told(setup, u"Command1"_s), warning(setupTitle, u"評価日付が不正です。"_s));
     EXPECT_TRUE(hasFocus(setup, u"Text2"_s));
     EXPECT_TRUE(isOpen(setup));
+
+    run(u"update 課題 set 比較回数=40000"_s); // told to whoever works with it
+    choose(setup, u"Combo1"_s, 0);
+    EXPECT_EQ(takeMessages(), std::vector<ShownMessage>());
+    EXPECT_EQ(told(setup, u"Command1"_s), warning(u"開始"_s, u"オーバーフローしました。"_s));
 }
 
 TEST_F(ComparisonTest, SetupOpensTheGridAndTellsOfAnExistingRound) {
@@ -246,6 +252,8 @@ TEST_F(ComparisonTest, TheKeyboardAloneFillsTheGrid) {
 
 TEST_F(ComparisonTest, ASentenceSaysWhatTheMarkedValueMeans) {
     start();
+    const auto* legend = control<QLabel>(grid, u"Label8"_s);
+    EXPECT_LE(legend->fontMetrics().horizontalAdvance(legend->text()), legend->width());
     EXPECT_EQ(text(grid, u"Label4"_s), u"① 交通 は ② 費用 に比べて …"_s);
     keys(u" "_s);
     chooser()->view()->setCurrentIndex(chooser()->model()->index(12, 0));
@@ -294,6 +302,11 @@ TEST_F(ComparisonTest, AfterSavingTheNextOpenGoalIsOneKeyAway) {
     EXPECT_EQ(answers->topLevelItem(0)->text(0) + answers->topLevelItem(0)->text(1),
               u"3 佐藤 花子2 / 2 目的要因"_s);
     EXPECT_EQ(answers->topLevelItem(1)->text(1), u"1 / 2 目的要因"_s);
+    const auto* evaluators = control<QComboBox>(setup, u"Combo2"_s);
+    EXPECT_FALSE(evaluators->itemIcon(0).isNull());
+    choose(setup, u"Combo1"_s, 1); // nobody is asked: the list keeps its entries, not what they have done
+    EXPECT_EQ(evaluators->count(), 2);
+    EXPECT_TRUE(evaluators->itemIcon(0).isNull());
 }
 
 TEST_F(ComparisonTest, LongNamesTakeNoMoreThanTheirShare) {
@@ -370,6 +383,7 @@ TEST_F(ComparisonTest, AGoalWithTwentyOneChildrenIsAnError) {
     keys(u"/9"_s.repeated(190)); // two strokes for a pair
     EXPECT_EQ(text(grid, u"Label3"_s), u"入力済 190 / 190 組"_s);
     EXPECT_TRUE(cells()->viewport()->rect().contains(cells()->cellRect(19, 20)));
+    EXPECT_EQ(text(grid, u"Label5"_s), u"整合度を計算できません（評価計算が扱う要因は 7 つまでです）"_s);
     click(grid, u"Command2"_s);
     EXPECT_EQ(storedValues().size(), 190);
     run(u"insert into 要因 (要因番号,要因区分,要因名) values(40,1,'x')"_s);

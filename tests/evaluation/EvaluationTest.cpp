@@ -237,6 +237,7 @@ TEST_F(EvaluationTest, TheScreenCalculatesAllChosenEvaluators) {
     EXPECT_EQ(stored(u"select 評価者番号,子要因番号,レベル,評価値,総合評価値 from 評価結果"
                      " where 課題番号=1 and 比較回数=1 and 評価者番号<100 order by 1,3,2,4"_s),
               one.arg(2) + u' ' + one.arg(7));
+    EXPECT_EQ(text(screen, u"Status"), u"2 名の評価値を計算し、保存しました。食い違いはありません。"_s);
     EXPECT_EQ(QDir(directory() + u"/file"_s).entryList({u"*.pdf"_s}), QStringList()); // nothing to report
 }
 
@@ -265,6 +266,12 @@ TEST_F(EvaluationTest, TheScreenRefusesWhatIsMissing) {
     EXPECT_EQ(stored(u"select * from 評価結果"_s),
               u"1|1|11|2|1|1|2|1"_s); // as it was, also for the one before
     EXPECT_TRUE(hasFocus(screen, u"List1"));
+
+    run(u"update 課題 set 比較回数 = 40000"_s); // told to whoever works with it
+    choose(screen, u"Combo1"_s, 0);
+    EXPECT_EQ(takeMessages(), std::vector<ShownMessage>());
+    click(screen, u"Command1"_s);
+    EXPECT_EQ(told(screen, u"Command7"_s), warning(screen, u"オーバーフローしました。"_s));
 }
 
 TEST_F(EvaluationTest, RunTimeErrorsAreShownUnderTheScreensName) {

@@ -123,6 +123,11 @@ TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
     click(u"図", u"Command7");
     EXPECT_TRUE(printed().contains(
         u"『環境』を1.18倍にすると3位と4位が入れ替わります。「騒音」が「建設費」を上回ります。"_s));
+    EXPECT_EQ(text(u"図", u"device"), u"→ いきなりPDF 2"_s);
+    EXPECT_EQ(text(u"図", u"Status"),
+              u"3 ページ：PDF 1 件を作成しました。PDF を表示するプログラムがありません。（%1/file）"_s.arg(
+                  directory()));
+    EXPECT_TRUE(control(u"図", u"folder")->isVisible());
 
     auto other = writer();
     choose(u"図", u"Combo2", 1); // the round before cannot be read: no figure under the name of another
@@ -137,6 +142,7 @@ TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
     click(u"図", u"Command1");
     click(u"図", u"Command4");
     click(u"図", u"Command5");
+    EXPECT_TRUE(text(u"図", u"Status").endsWith(u".png を作成しました。（%1/file）"_s.arg(directory())));
     const QDir folder(directory() + u"/file"_s);
     const auto files = folder.entryList({u"図_候補地の選定_順位の安定_*"_s}, QDir::Files, QDir::Name);
     ASSERT_EQ(files.size(), 2);

@@ -3,13 +3,17 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QScreen>
 #include <QTest>
+#include <set>
 
 #include "platform/ElidedLabel.h"
 #include "support/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
+
+constexpr QSize frame{8, 30}; // that windows have at least
 
 class ScreensTest : public ScreenTest {
   protected:
@@ -32,9 +36,12 @@ TEST_F(ScreensTest, WindowsKeepWithinTheScreenAndShowTheirTextsWhole) {
     for (const auto& name : Common::Forms.names()) {
         Common::Forms.show(name);
         const QWidget* form = Common::Forms.find(name);
-        const QSize screen = form->screen()->availableSize();
+        const QSize screen = form->screen()->availableSize() - frame;
         EXPECT_TRUE(form->width() <= screen.width() && form->height() <= screen.height())
             << name.toStdString() << ": " << form->width() << " x " << form->height();
+        const auto* status = form->findChild<QLabel*>(u"Status"_s);
+        EXPECT_TRUE(status == nullptr || status->visibleRegion().boundingRect() == status->rect())
+            << name.toStdString();
         for (const auto* control : form->findChildren<QWidget*>()) {
             const bool hasText = qobject_cast<const QAbstractButton*>(control) != nullptr ||
                                  qobject_cast<const QLabel*>(control) != nullptr;
@@ -72,10 +79,60 @@ TEST_F(ScreensTest, TheStatusLineTellsOfFailureAndIsClearedByTheNextAction) {
     type(u"要因登録", u"Text1", u"99999");
     type(u"要因登録", u"Text2", u"1");
     EXPECT_EQ(told(u"要因登録", u"Command1"), warning(u"登録"_s, u"オーバーフローしました。"_s));
-    EXPECT_EQ(text(u"要因登録", u"Status"), u"登録できませんでした。"_s);
+    EXPECT_EQ(text(u"要因登録", u"Status"), u"「登録」を完了できませんでした。"_s);
     type(u"要因登録", u"Text1", u"2");
     click(u"要因登録", u"Command3");
     EXPECT_FALSE(text(u"要因登録", u"Status").contains(u"できませんでした"_s));
+    for (const auto& [screen, button, action] : {std::tuple{u"比較者設定"_s, u"Command1", u"開始"_s},
+                                                 {u"評価計算"_s, u"Command7", u"評価計算"_s},
+                                                 {u"個人結果"_s, u"Command7", u"個人結果"_s},
+                                                 {u"報告作成"_s, u"Command7", u"報告作成"_s},
+                                                 {u"分析出力"_s, u"Command7", u"分析出力"_s},
+                                                 {u"最終結果"_s, u"Command7", u"最終結果"_s},
+                                                 {u"調査票"_s, u"Command3", u"紙の調査票"_s},
+                                                 {u"調査票"_s, u"Command5", u"回答用紙 (.csv)"_s}}) {
+        Common::Forms.show(screen);
+        choose(screen, u"Combo1", 0);
+        if (screen != u"比較者設定") select(screen, u"List1", {0});
+        auto other = writer();
+        EXPECT_EQ(told(screen, button).size(), 1U) << screen.toStdString();
+        EXPECT_EQ(text(screen, u"Status"), u"「%1」を完了できませんでした。"_s.arg(action));
+    }
+}
+
+TEST_F(ScreensTest, AKeyBelongsToOneControl) {
+    for (const auto& name : Common::Forms.names()) {
+        Common::Forms.show(name);
+        std::set<QString> keys;
+        for (const auto* control : Common::Forms.find(name)->findChildren<QWidget*>()) {
+            const auto* button = qobject_cast<const QAbstractButton*>(control);
+            const auto* label = qobject_cast<const QLabel*>(control);
+            const QString key = button != nullptr ? button->shortcut().toString()
+                                : label != nullptr && label->buddy() != nullptr
+                                    ? QKeySequence::mnemonic(label->text()).toString()
+                                    : QString();
+            EXPECT_TRUE(key.isEmpty() || keys.insert(key).second) << nameOf(name, control);
+        }
+    }
+}
+
+// What has no list that grows with the window stays together in its corner.
+TEST_F(ScreensTest, EnlargedWindowsKeepTheirFieldsTogether) {
+    for (const auto& name : Common::Forms.names()) {
+        Common::Forms.show(name);
+        auto* form = Common::Forms.find(name);
+        const auto growing = form->findChildren<QAbstractScrollArea*>();
+        if (std::ranges::any_of(growing, &QWidget::isVisible)) continue;
+        const auto places = [form] {
+            QList<QRect> all;
+            for (const auto* button : form->findChildren<QAbstractButton*>()) all << placeOf(button, form);
+            return all;
+        };
+        const auto before = places();
+        form->resize(form->width(), form->height() + 300);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(places(), before) << name.toStdString();
+    }
 }
 
 // Esc leaves for the menu, on the button one came by, unless something typed would be lost.

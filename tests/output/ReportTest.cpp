@@ -83,13 +83,20 @@ TEST_F(ReportTest, WidthsFollowTheCodePage) {
 
 TEST_F(ReportTest, PrintersAreTheOnesThatTheUsersSettingsName) {
     EXPECT_EQ(print.OfficePrinterName, u"SHARP AR-266FP SPDL2_T1"_s);
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
     QDir(folder.path()).mkdir(u"Hollin"_s);
-    writeWholeFile(folder.filePath(u"Hollin/Hollin.conf"_s),
-                   "[Printers]\nOffice=事務室, 2階\n"); // as one types it
-    print.load(folder.path());
-    EXPECT_EQ(print.OfficePrinterName, u"事務室, 2階"_s);
-    EXPECT_EQ(print.PdfPrinterName, u"いきなりPDF 2"_s);
+    for (const auto& [typed, name] : {std::pair{"事務室, 2階", u"事務室, 2階"_s},
+                                      {" A,B;  C ", u"A,B;  C"_s},
+                                      {R"("2階, 奥")", u"2階, 奥"_s},
+                                      {R"(\\server\new)", uR"(\\server\new)"_s},
+                                      {"", u"SHARP AR-266FP SPDL2_T1"_s}}) {
+        writeWholeFile(
+            folder.filePath(u"Hollin/Hollin.conf"_s),
+            QByteArray("[Settings3]\nOffice=x\n\n[Printers]\r\n# Office=y\nOffice=") + typed + "\n");
+        print.load(folder.path());
+        EXPECT_EQ(print.OfficePrinterName, name);
+        EXPECT_EQ(print.PdfPrinterName, u"いきなりPDF 2"_s);
+    }
 }
 
 TEST_F(ReportTest, EachTargetHasItsDevice) {

@@ -71,8 +71,8 @@ TEST_F(ListDialogsTest, PicksByDoubleClickAndEnterAndCancels) {
 }
 
 TEST_F(ListDialogsTest, StandsWhereTheSettingsSay) {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, directory());
-    QSettings settings(u"Hollin"_s, u"Hollin"_s);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, directory());
+    QSettings settings(directory() + u"/Hollin/Hollin.conf"_s, QSettings::IniFormat);
     settings.setValue(u"Settings3/MeLeft"_s, 3000); // twips
     settings.sync();
     open(u"課題選択");

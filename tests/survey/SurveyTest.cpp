@@ -7,9 +7,11 @@
 #include <QTableWidget>
 
 #include "core/FactorNames.h"
+#include "output/MadeFiles.h"
 #include "output/PrintService.h"
 #include "platform/TextConversion.h"
 #include "platform/TextFile.h"
+#include "support/Desktop.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
 #include "support/ScreenTest.h"
@@ -44,6 +46,7 @@ class SurveyTest : public ScreenTest {
         for (const auto& of : {u"2,%1,2,2"_s, u"2,%1,5,2"_s, u"1,%1,2,1"_s, u"1,%1,5,9"_s, u"1,%1,7,2"_s})
             for (const auto& pair : {u"1,11,12"_s, u"11,21,22"_s})
                 run(u"insert into 一対比較 values(%1,'2020/01/01',1,7)"_s.arg(of.arg(pair)));
+        Common::Printer.onDocument(MadeFiles::add);
     }
     ProblemRound round() const { return {*Common::DbConn, 1, 2}; }
 
@@ -270,8 +273,10 @@ TEST_F(SurveyTest, PaperNamesEveryPairAndKeepsBlocksWhole) {
     }
     for (int goal = 21; goal <= 22; ++goal) structure(u"%1:%2"_s.arg(goal).arg(children));
     writeWholeFile(directory() + u"/file/survey.txt"_s, u"~1~:~2~:~3~\r\n"_s.toUtf8());
-    Common::Forms.show(screen);
-    choose(screen, u"Combo1", 0);
+    Common::Forms.show(u"比較者設定"_s);
+    choose(u"比較者設定", u"Combo1", 0);
+    click(u"比較者設定", u"Command3"); // takes the problem along
+    EXPECT_EQ(text(screen, u"Combo1"), u"1:候補地"_s);
     select(screen, u"List1", {1});
     click(screen, u"Command17");
     EXPECT_EQ(told(screen, u"Command3"), std::vector<ShownMessage>{});
@@ -300,4 +305,17 @@ TEST_F(SurveyTest, PaperNamesEveryPairAndKeepsBlocksWhole) {
     for (const auto& word : pages[1].words)
         if (word.text == u"1" && word.box.x() > 60) middle = word.box.center().x();
     EXPECT_NEAR(pages[1].word(u"同じ"_s).box.center().x(), middle, 1.5);
+
+    Desktop desktop;
+    for (const auto& [button, made, opened] :
+         {std::tuple{u"Command3", u"紙の調査票 2 名：PDF 2 件"_s, QStringList{folder.path()}},
+          {u"Command5", u"回答用紙 (.csv) 2 名：ファイル 2 個"_s, {}}}) {
+        select(screen, u"List1", {0, 1});
+        click(screen, button);
+        EXPECT_EQ(text(screen, u"Status"), made + u"を作成しました。（%1）"_s.arg(folder.path()));
+        EXPECT_EQ(desktop.takeOpened(), opened);
+    }
+    EXPECT_EQ(text(screen, u"device"), u"→ いきなりPDF 2"_s);
+    click(screen, u"folder");
+    EXPECT_EQ(desktop.takeOpened(), QStringList{folder.path()});
 }

@@ -14,11 +14,15 @@
 
 using namespace Qt::StringLiterals;
 
-// An application directory with the sample problem, and the program at work in it.
+// An application directory with the sample problem, and the program at work in it. The user's settings name a
+// printer for PDF that is not the programs' business.
 class BatchTest : public testing::Test {
   protected:
     BatchTest() {
         for (const auto& folder : {u"DB"_s, u"file"_s}) QDir(folder_.path()).mkpath(folder);
+        QDir(folder_.path()).mkpath(u"Hollin"_s);
+        writeWholeFile(path(u"Hollin/Hollin.conf"_s), "[Printers]\nPdf=office\n");
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder_.path()));
         const QString programs = qEnvironmentVariable("HOLLIN_DIRECTORY");
         for (const auto& name : {u"errmsg.txt"_s, u"message.txt"_s})
             QFile::copy(programs + u"/file/"_s + name, path(u"file/"_s + name));

@@ -68,7 +68,7 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
         {1, u"backup a.mdb a.mdb"_s, u"既に存在します"_s},
         {1, u"check damaged.mdb"_s, u"誤りがあります: %1\n"_s.arg(path(u"damaged.mdb"_s))},
         {1, u"backup damaged.mdb copy.mdb"_s,
-         u"データベースを写せません。\n%1 → %2"_s.arg(path(u"damaged.mdb"_s), path(u"copy.mdb"_s))},
+         u"データベースの控えを作れません。\n%1 → %2"_s.arg(path(u"damaged.mdb"_s), path(u"copy.mdb"_s))},
         {1, u"check lacking.mdb"_s, u"誤りがあります: %1\n表「総合係数」がありません。"_s.arg(lacking)},
         {1, u"backup lacking.mdb copy.mdb"_s, u"表「総合係数」がありません。"_s},
         {1, u"create crashed.mdb"_s, u"異常終了で残った記録"_s},

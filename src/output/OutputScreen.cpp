@@ -1,0 +1,115 @@
+#include "output/OutputScreen.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "output/MadeFiles.h"
+#include "platform/ElidedLabel.h"
+#include "platform/TextFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// How many; nothing for none.
+QString countOf(const QStringList& files, const QStringList& documents) {
+    if (files.size() == 1) return u"%1 を作成しました。"_s.arg(QFileInfo(files.constFirst()).fileName());
+    if (!files.isEmpty()) return u"ファイル %1 個を作成しました。"_s.arg(files.size());
+    if (!documents.isEmpty()) return u"PDF %1 件を作成しました。"_s.arg(documents.size());
+    return {};
+}
+
+} // namespace
+
+void OutputScreen::setUpOutput(QPushButton* target, ElidedLabel* device, QPushButton* folder) {
+    target_ = target;
+    device_ = device;
+    openFolder_ = folder;
+    openFolder_->hide();
+    onEvent(target_, &QPushButton::clicked, [this] {
+        print_.ToggleOutputTarget();
+        showTarget();
+    });
+    onEvent(openFolder_, &QPushButton::clicked, [this] { openFolder(); });
+}
+
+void OutputScreen::setUpProgress(QProgressBar* bar, ElidedLabel* text) {
+    progressBar_ = bar;
+    progressText_ = text;
+    for (QWidget* widget : std::initializer_list<QWidget*>{bar, text}) {
+        QSizePolicy policy = widget->sizePolicy();
+        policy.setRetainSizeWhenHidden(true); // the window keeps its size when the bar comes and goes
+        widget->setSizePolicy(policy);
+    }
+    showProgressBar(false);
+}
+
+void OutputScreen::loadOutput() {
+    print_.load(Common::AppDir);
+    print_.FileExported = [this](const QString& path) { files_ << nativePath(path); };
+    showTarget();
+}
+
+void OutputScreen::showTarget() {
+    target_->setText(print_.OutputTarget);
+    if (device_->isHidden()) return;
+    const QString device = print_.ReportDevice();
+    device_->setWholeText(device.isEmpty() ? u"プリンタがありません"_s : u"→ "_s + device);
+}
+
+void OutputScreen::openFolder() {
+    if (!showOnDesktop(folder_))
+        say(u"このコンピューターにはフォルダーを表示するプログラムがありません：%1"_s.arg(folder_), true);
+}
+
+bool OutputScreen::makeDocuments(const QString& subject, const std::function<bool()>& work,
+                                 const QString& nothing) {
+    openFolder_->hide();
+    files_.clear();
+    const MadeFiles documents;
+    const int before = print_.Documents;
+    try {
+        if (!work()) return false;
+    } catch (...) {
+        showMade(documents, print_.Documents - before);
+        throw;
+    }
+    const bool shown = showMade(documents, print_.Documents - before);
+    say(done().isEmpty() ? nothing : subject + done(), !shown);
+    return true;
+}
+
+bool OutputScreen::showMade(const MadeFiles& documents, int printed) {
+    QString line = countOf(files_, documents.paths());
+    if (line.isEmpty() && printed > 0)
+        line = u"%1 件を「%2」に送りました。"_s.arg(printed).arg(print_.printer().DeviceName());
+    const bool shown = documents.show();
+    if (!shown)
+        line += u"%1を表示するプログラムがありません。"_s.arg(
+            documents.paths().size() == 1 ? u"PDF "_s : u"フォルダー"_s);
+    if (const auto paths = files_ + documents.paths(); !paths.isEmpty()) {
+        folder_ = QFileInfo(paths.constFirst()).path();
+        line += u"（%1）"_s.arg(folder_);
+        openFolder_->show();
+    }
+    setDone(line);
+    return shown;
+}
+
+Progress OutputScreen::progress() {
+    return [this](int done, int total, const QString& at) {
+        progressBar_->setMaximum(total);
+        progressBar_->setValue(done);
+        progressText_->setWholeText(at);
+        showProgressBar(true);
+        // The work runs on this thread: let the bar be painted, and take no clicks meanwhile.
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    };
+}
+
+void OutputScreen::showProgressBar(bool shown) {
+    progressBar_->setVisible(shown);
+    progressText_->setVisible(shown);
+}
