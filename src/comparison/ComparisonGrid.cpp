@@ -148,7 +148,7 @@ void 比較値設定::Combo1_Click() {
         return;
     if (!mayDiscardValues()) return showGoal();
     clearGrid();
-    say(u"評価開始(S) を押すと、比較値を入力できます。"_s);
+    askForStart();
 }
 
 void 比較値設定::Command1_Click() {
@@ -184,6 +184,11 @@ void 比較値設定::startGoal() {
 
 void 比較値設定::refuseWithoutGoal() {
     refuseAt(ui_->Combo1, u"目的要因が選択されてません、目的要因を選択してください。"_s);
+}
+
+// The goal factor in the list is chosen, and its grid is not there yet.
+void 比較値設定::askForStart() {
+    say(u"評価開始(S) を押すと、比較値を入力できます。"_s);
 }
 
 // What was typed and not saved must not vanish by a slip of the hand.
@@ -302,7 +307,12 @@ void 比較値設定::undo() {
 }
 
 void 比較値設定::Command2_Click() {
-    if (!goalNo_) return refuseWithoutGoal();
+    if (!goalNo_) {
+        refuseWithoutGoal();
+        if (ui_->Combo1->currentIndex() < 0) return;
+        ui_->Command1->setFocus();
+        return askForStart();
+    }
     if (const auto open = entry_.nextOpen()) {
         refuseAt(ui_->MSFlexGrid1, u"比較値の未設定があります、全てを設定してください"_s);
         return goTo(*open);

@@ -42,6 +42,7 @@ class 比較値設定 : public Screen {
     void showGoal();
     void clearGrid();
     void refuseWithoutGoal();
+    void askForStart();
     void showChild(int item, const Factor& child);
     void fitWindow();
     EvaluatorRound session() const;

@@ -64,18 +64,17 @@ void ReportForm::Combo1_Click() {
     const QString round = currentRound(*DbConn, problemNo);
     const auto of = shownRound(*DbConn, problemNo, round);
     const QString results = of && work_.ofWholeRound ? resultsLine(*of) : QString();
+    const auto answered = of ? readAnsweredGoals(*of) : AnsweredGoals();
     ui_->Label5->setText(round);
     ui_->List1->clear();
     ui_->List1->addItems(evaluators);
     ui_->results->setWholeText(results);
-    if (of) markEvaluators(*of);
+    if (of) markEvaluators(answered);
     problemChosen();
 }
 
 // A symbol at each evaluator whose comparisons of the round are not all there, with a tool tip.
-void ReportForm::markEvaluators(const ProblemRound& of) {
-    if (ui_->List1->count() == 0) return;
-    const AnsweredGoals answered = readAnsweredGoals(of);
+void ReportForm::markEvaluators(const AnsweredGoals& answered) {
     const auto all = static_cast<int>(answered.goals.size());
     for (int row = 0; row < ui_->List1->count(); ++row) {
         auto* item = ui_->List1->item(row);
@@ -98,8 +97,11 @@ ChosenEntries ReportForm::chosenEntries() const {
 void ReportForm::Command7_Click() {
     // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
     const auto hideProgress = progressGuard();
+    auto goBack =
+        qScopeGuard([this] { goTo(refusedList()); }); // a choice that is refused, and one that is an error
     const auto chosen = checkedSelection(*DbConn, chosenEntries(), work_.hasEvaluators);
-    if (!chosen) return goTo(refusedList());
+    if (!chosen) return;
+    goBack.dismiss();
     const auto count = chosen->evaluators.size();
     const bool accepted = makeDocuments(
         work_.hasEvaluators ? u"%1 名："_s.arg(count) : QString(),

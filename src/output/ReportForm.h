@@ -10,6 +10,7 @@
 namespace Ui {
 class ReportForm;
 }
+struct AnsweredGoals;
 class QVBoxLayout;
 
 class ReportForm : public OutputScreen {
@@ -34,7 +35,7 @@ class ReportForm : public OutputScreen {
   private:
     void Combo1_Click();   // a problem: its round, its evaluators, whose results are there
     void Command7_Click(); // the work; a run-time error is shown under the screen's name
-    void markEvaluators(const ProblemRound& of);
+    void markEvaluators(const AnsweredGoals& answered);
     QWidget* refusedList();
     ChosenEntries chosenEntries() const;
 

@@ -97,8 +97,11 @@ ChosenEntries 調査票::chosenEntries() const {
 
 void 調査票::make(const ReportWork& work) {
     const auto hideProgress = progressGuard();
+    auto goBack = qScopeGuard(
+        [this] { goTo(ui_->Combo1->currentIndex() < 0 ? static_cast<QWidget*>(ui_->Combo1) : ui_->List1); });
     const auto chosen = checkedSelection(*DbConn, chosenEntries(), true);
     if (!chosen) return;
+    goBack.dismiss();
     makeDocuments(u"%1 %2 名："_s.arg(work.caption).arg(chosen->evaluators.size()),
                   [&] { return work.run(print_, *chosen, {}, progress()); });
 }
@@ -121,12 +124,13 @@ void 調査票::readFiles(const QStringList& paths) {
     const auto round = problemRound();
     if (!round) return;
     const auto questionnaire = questionnaireOf(*round);
-    files_.clear();
+    QList<CheckedAnswers> files;
     for (const auto& path : paths) {
-        tell(static_cast<int>(files_.size()), static_cast<int>(paths.size()), QFileInfo(path).fileName());
-        files_.append(checkForm(*DbConn, questionnaire, readAnswers(path)));
+        tell(static_cast<int>(files.size()), static_cast<int>(paths.size()), QFileInfo(path).fileName());
+        files.append(checkForm(*DbConn, questionnaire, readAnswers(path)));
     }
-    checkAgainstEachOther(files_);
+    checkAgainstEachOther(files);
+    files_ = std::move(files);
     stored_.clear();
     showFiles();
     ui_->Table1->selectRow(0);
