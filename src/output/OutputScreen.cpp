@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QLabel>
+#include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -33,6 +35,14 @@ void OutputScreen::setUpOutput(QPushButton* target, ElidedLabel* device, QPushBu
         showTarget();
     });
     onEvent(openFolder_, &QPushButton::clicked, [this] { openFolder(); });
+}
+
+ChosenEntries OutputScreen::chosenEntries(const QComboBox& problems, const QListWidget& evaluators,
+                                          const QLabel& round) {
+    ChosenEntries chosen{problems.currentText(), {}, round.text()};
+    for (int row = 0; row < evaluators.count(); ++row)
+        if (evaluators.item(row)->isSelected()) chosen.evaluators << evaluators.item(row)->text();
+    return chosen;
 }
 
 void OutputScreen::setUpProgress(QProgressBar* bar, ElidedLabel* text) {

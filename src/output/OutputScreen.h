@@ -7,8 +7,11 @@
 #include "core/Screen.h"
 #include "output/PrintService.h"
 #include "output/Progress.h"
+#include "output/RoundSelection.h"
 
 class MadeFiles;
+class QLabel;
+class QListWidget;
 class QProgressBar;
 class QPushButton;
 
@@ -20,6 +23,9 @@ class OutputScreen : public Screen {
     // up for a hidden label; the button that opens where the files are that were made last.
     void setUpOutput(QPushButton* target, ElidedLabel* device, QPushButton* folder);
     void setUpProgress(QProgressBar* bar, ElidedLabel* text);
+    // What is chosen in the lists of problems and evaluators, with the round that is shown.
+    static ChosenEntries chosenEntries(const QComboBox& problems, const QListWidget& evaluators,
+                                       const QLabel& round);
     // The first state: "印刷".
     void loadOutput();
 

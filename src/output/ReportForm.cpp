@@ -87,19 +87,13 @@ void ReportForm::markEvaluators(const AnsweredGoals& answered) {
     }
 }
 
-ChosenEntries ReportForm::chosenEntries() const {
-    ChosenEntries chosen{ui_->Combo1->currentText(), {}, ui_->Label5->text()};
-    for (int row = 0; row < ui_->List1->count(); ++row)
-        if (ui_->List1->item(row)->isSelected()) chosen.evaluators << ui_->List1->item(row)->text();
-    return chosen;
-}
-
 void ReportForm::Command7_Click() {
     // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
     const auto hideProgress = progressGuard();
-    auto goBack =
-        qScopeGuard([this] { goTo(refusedList()); }); // a choice that is refused, and one that is an error
-    const auto chosen = checkedSelection(*DbConn, chosenEntries(), work_.hasEvaluators);
+    // After a choice that is refused, and one that is an error.
+    auto goBack = qScopeGuard([this] { goTo(refusedList()); });
+    const auto chosen = checkedSelection(*DbConn, chosenEntries(*ui_->Combo1, *ui_->List1, *ui_->Label5),
+                                         work_.hasEvaluators);
     if (!chosen) return;
     goBack.dismiss();
     const auto count = chosen->evaluators.size();

@@ -37,7 +37,6 @@ class ReportForm : public OutputScreen {
     void Command7_Click(); // the work; a run-time error is shown under the screen's name
     void markEvaluators(const AnsweredGoals& answered);
     QWidget* refusedList();
-    ChosenEntries chosenEntries() const;
 
     const ReportWork& work_;
     std::unique_ptr<Ui::ReportForm> ui_;

@@ -88,18 +88,12 @@ void 調査票::Combo1_Click() {
     showFiles();
 }
 
-ChosenEntries 調査票::chosenEntries() const {
-    ChosenEntries chosen{ui_->Combo1->currentText(), {}, ui_->Label5->text()};
-    for (int row = 0; row < ui_->List1->count(); ++row)
-        if (ui_->List1->item(row)->isSelected()) chosen.evaluators << ui_->List1->item(row)->text();
-    return chosen;
-}
-
 void 調査票::make(const ReportWork& work) {
     const auto hideProgress = progressGuard();
     auto goBack = qScopeGuard(
         [this] { goTo(ui_->Combo1->currentIndex() < 0 ? static_cast<QWidget*>(ui_->Combo1) : ui_->List1); });
-    const auto chosen = checkedSelection(*DbConn, chosenEntries(), true);
+    const auto chosen =
+        checkedSelection(*DbConn, chosenEntries(*ui_->Combo1, *ui_->List1, *ui_->Label5), true);
     if (!chosen) return;
     goBack.dismiss();
     makeDocuments(u"%1 %2 名："_s.arg(work.caption).arg(chosen->evaluators.size()),

@@ -28,7 +28,6 @@ class 調査票 : public OutputScreen {
     void Command6_Click(); // choose files
     void Command7_Click(); // store
 
-    ChosenEntries chosenEntries() const;
     // What is to be answered, for the chosen evaluators: on paper, as spreadsheets, as texts.
     void make(const ReportWork& work);
     std::optional<RoundSelection> problemRound();
