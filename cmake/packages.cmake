@@ -6,8 +6,12 @@ string(REGEX REPLACE "#[^\n]*\nExec=[^\n]*" "Exec=hollin" launcher "${launcher}"
 file(CONFIGURE OUTPUT ${packaged}/hollin.desktop CONTENT "${launcher}" @ONLY)
 configure_file(share/debian/local.hollin.hollin.metainfo.xml ${packaged}/local.hollin.hollin.metainfo.xml @ONLY)
 find_program(GZIP gzip REQUIRED)
-execute_process(COMMAND ${GZIP} -9nc INPUT_FILE ${CMAKE_SOURCE_DIR}/share/debian/changelog
-                OUTPUT_FILE ${packaged}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+configure_file(share/debian/hollin.1 ${packaged}/hollin.1 @ONLY)
+function(hollin_compress file to)
+  execute_process(COMMAND ${GZIP} -9nc INPUT_FILE ${file} OUTPUT_FILE ${packaged}/${to}.gz COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+hollin_compress(${CMAKE_SOURCE_DIR}/share/debian/changelog changelog)
+hollin_compress(${packaged}/hollin.1 hollin.1)
 
 # Installed into the package alone.
 function(hollin_package)
@@ -15,6 +19,10 @@ function(hollin_package)
 endfunction()
 get_property(programs GLOBAL PROPERTY HOLLIN_PROGRAMS)
 hollin_package(TARGETS ${programs} RUNTIME DESTINATION bin)
+# One page for all programs.
+foreach(program IN LISTS programs)
+  hollin_package(FILES ${packaged}/hollin.1.gz DESTINATION share/man/man1 RENAME ${program}.1.gz)
+endforeach()
 hollin_package(FILES ${packaged}/hollin.desktop DESTINATION share/applications)
 hollin_package(FILES ${packaged}/local.hollin.hollin.metainfo.xml DESTINATION share/metainfo)
 hollin_package(FILES share/hollin.svg DESTINATION share/icons/hicolor/scalable/apps)
