@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <optional>
 
+#include "platform/RuntimeError.h"
 #include "startup/ProgramDirectory.h"
 
 using namespace Qt::StringLiterals;
@@ -29,12 +30,25 @@ std::optional<Contents> askContents(const QString& directory) {
     return std::nullopt;
 }
 
+// A copy of the database may have been put into a new directory. Where they cannot be made, the reports that
+// need them say so.
+void completeMessageFiles(const QString& directory) {
+    try {
+        createMessageFiles(directory);
+    } catch (const RuntimeError&) {
+    }
+}
+
 } // namespace
 
 bool readyToStart(const QString& directory) {
     // A directory that holds the program is whole by itself: when its database is gone, the user must hear
     // so.
-    if (hasDatabase(directory) || directory == QCoreApplication::applicationDirPath()) return true;
+    if (directory == QCoreApplication::applicationDirPath()) return true;
+    if (hasDatabase(directory)) {
+        completeMessageFiles(directory);
+        return true;
+    }
     const auto contents = askContents(directory);
     if (contents) createProgramDirectory(directory, *contents);
     return contents.has_value();

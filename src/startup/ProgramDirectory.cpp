@@ -52,11 +52,15 @@ bool hasDatabase(const QString& directory) {
     return QFile::exists(databaseOf(directory));
 }
 
-void createProgramDirectory(const QString& directory, Contents contents) {
+void createMessageFiles(const QString& directory) {
     loadStartupResources();
-    createFolder(directory + u"/DB"_s);
     createFolder(directory + u"/file"_s);
     for (const auto& name : {u"errmsg.txt"_s, u"message.txt"_s, u"survey.txt"_s})
         createMessageFile(directory + u"/file/"_s + name, u":/startup/"_s + name);
+}
+
+void createProgramDirectory(const QString& directory, Contents contents) {
+    createFolder(directory + u"/DB"_s);
+    createMessageFiles(directory);
     createDatabase(databaseOf(directory), contents);
 }

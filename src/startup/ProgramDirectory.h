@@ -12,6 +12,10 @@ void createDatabase(const QString& file, Contents contents);
 
 bool hasDatabase(const QString& directory);
 
-// Makes what is missing of the directory, the database last. Message files that are there stay as they are,
-// since users edit them. Raises error 75 or 76 where that is not possible.
+// Makes the message files that are missing. Those that are there stay as they are, since users edit them.
+// Raises error 75 where that is not possible.
+void createMessageFiles(const QString& directory);
+
+// Makes what is missing of the directory, the database last. Raises error 75 or 76 where that is not
+// possible.
 void createProgramDirectory(const QString& directory, Contents contents);

@@ -57,6 +57,13 @@ TEST(FirstStart, MakesWhatTheUserChoosesAndAsksOnlyOnce) {
     ASSERT_TRUE(startsWith(directory, u"空のデータベースで始める"_s));
     EXPECT_EQ(evaluatorsIn(directory), 1);
     EXPECT_EQ(bytesOf(directory + u"/file/message.txt"_s), "edited");
+
+    // A database that was copied there alone gets them.
+    const QString copy = home.filePath(u"copy"_s);
+    QDir().mkpath(copy + u"/DB"_s);
+    QFile::copy(directory + u"/DB/Hollin.mdb"_s, copy + u"/DB/Hollin.mdb"_s);
+    EXPECT_TRUE(startsWith(copy, {}));
+    EXPECT_TRUE(QFile::exists(copy + u"/file/survey.txt"_s));
 }
 
 } // namespace
