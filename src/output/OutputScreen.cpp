@@ -23,12 +23,20 @@ QString countOf(const QStringList& files, const QStringList& documents) {
     return {};
 }
 
+// The window keeps its size when the control comes and goes.
+void keepPlace(QWidget* control) {
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+}
+
 } // namespace
 
 void OutputScreen::setUpOutput(QPushButton* target, ElidedLabel* device, QPushButton* folder) {
     target_ = target;
     device_ = device;
     openFolder_ = folder;
+    keepPlace(openFolder_);
     openFolder_->hide();
     onEvent(target_, &QPushButton::clicked, [this] {
         print_.ToggleOutputTarget();
@@ -48,11 +56,8 @@ ChosenEntries OutputScreen::chosenEntries(const QComboBox& problems, const QList
 void OutputScreen::setUpProgress(QProgressBar* bar, ElidedLabel* text) {
     progressBar_ = bar;
     progressText_ = text;
-    for (QWidget* widget : std::initializer_list<QWidget*>{bar, text}) {
-        QSizePolicy policy = widget->sizePolicy();
-        policy.setRetainSizeWhenHidden(true); // the window keeps its size when the bar comes and goes
-        widget->setSizePolicy(policy);
-    }
+    keepPlace(bar);
+    keepPlace(text);
     showProgressBar(false);
 }
 

@@ -7,7 +7,9 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 
@@ -19,6 +21,25 @@ constexpr QSize frameRoom{8, 56};
 constexpr QMargins lineMargins{20, 4, 20, 6};
 // What a list or a grid is still of use with.
 constexpr QSize smallestView{200, 110};
+
+// Contents that are higher than the window. The window stays as wide as they need, and the bar beside them,
+// also when they come to need more.
+class ScrollingPage : public QScrollArea {
+  public:
+    using QScrollArea::QScrollArea;
+
+    QSize minimumSizeHint() const override {
+        const int needed = widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
+        const int room = screen()->availableGeometry().width() - frameRoom.width();
+        return {std::min(needed, room), QScrollArea::minimumSizeHint().height()};
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
 
 } // namespace
 
@@ -61,7 +82,7 @@ void Form::shrinkViews() {
 }
 
 void Form::scrollContents() {
-    auto* area = new QScrollArea(this);
+    auto* area = new ScrollingPage(this);
     auto* contents = new QWidget(area); // in this window all the time, or the order of Tab would be lost
     contents->setLayout(layout());
     area->setFrameShape(QFrame::NoFrame);
