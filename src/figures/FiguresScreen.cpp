@@ -32,11 +32,11 @@ void fill(QComboBox* combo, const QString& none, const QStringList& entries) {
     onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     for (QComboBox* combo : {ui_->Combo2, ui_->Combo3, ui_->Combo4})
         onEvent(combo, &QComboBox::activated, [this] { showFigure(); });
-    onAction(ui_->Command1, name(), [this] { Command1_Click(); });
+    onAction(ui_->Command1, u"順位の安定の計算"_s, [this] { Command1_Click(); });
     onEvent(ui_->Command3, &QPushButton::clicked, [this] { stopped_ = true; });
-    onAction(ui_->Command7, name(), [this] { Command7_Click(); });
-    onAction(ui_->Command4, name(), [this] { savePictures(PictureType::Svg); });
-    onAction(ui_->Command5, name(), [this] { savePictures(PictureType::Png); });
+    onAction(ui_->Command7, u"図の出力"_s, [this] { Command7_Click(); });
+    onAction(ui_->Command4, u"図の保存"_s, [this] { savePictures(PictureType::Svg); });
+    onAction(ui_->Command5, u"図の保存"_s, [this] { savePictures(PictureType::Png); });
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
 }
 
@@ -62,7 +62,7 @@ void 図::end() {
 }
 
 void 図::Combo1_Click() {
-    const auto whenItFails = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
+    const auto shown = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
     const QString problemNo = entryNumber(ui_->Combo1->currentText());
     const QString round = currentRound(*DbConn, problemNo);
     const ProblemRound chosen{*DbConn, Value(problemNo).toLong(), Value(round).toInteger()};

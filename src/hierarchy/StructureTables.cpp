@@ -2,6 +2,7 @@
 
 #include <QSet>
 #include <algorithm>
+#include <cmath>
 
 #include "core/Common.h"
 #include "platform/Numbers.h"
@@ -51,7 +52,7 @@ void addNode(Connection& connection, const NodePlace& parent, const Recordset& e
     const double order = Common::NullToZero(edge[u"子要因表示順"_s]).toDouble();
     const double sequence =
         parent.level == 0 ? order : (static_cast<double>(parent.sequence) - 1) * mostChildren + order;
-    if (sequence > largestSequence) throw RuntimeError(ErrorCode::Overflow);
+    if (std::abs(sequence) > largestSequence) throw RuntimeError(ErrorCode::Overflow);
     addRecord(connection, u"構成表示"_s,
               {{u"課題番号"_s, edge[u"課題番号"_s]},
                {u"親レベル"_s, parent.level},

@@ -17,18 +17,16 @@ namespace {
 // Sees every text that a field takes, however it came: typed, pasted, dropped, set by the program.
 class OneLine : public QValidator {
   public:
-    using QValidator::QValidator;
+    explicit OneLine(QLineEdit* field) : QValidator(field) {
+        connect(field, &QLineEdit::selectionChanged, this,
+                [this, field] { selected_ = field->selectedText().size(); });
+    }
 
-    // The cursor stands behind what came in: what follows it was there before and stays.
     State validate(QString& text, int& cursor) const override {
         if (hasControlCharacters(text)) {
-            const QString behind = firstLine(text.sliced(cursor));
-            const auto line = std::ranges::find_if(text, isControl) - text.begin();
-            const QString ahead = text.first(std::min<qsizetype>(line, cursor));
-            const QString kept = before_ == ahead + behind // what came in begins with an empty line
-                                     ? ahead + firstLine(text.first(cursor).sliced(ahead.size()))
-                                     : firstLine(text.first(cursor));
-            text = kept + behind;
+            const auto ahead = keptAhead(text, cursor);
+            const QString kept = text.first(ahead) + firstLine(text.sliced(ahead, cursor - ahead));
+            text = kept + firstLine(text.sliced(cursor));
             cursor = static_cast<int>(kept.size());
         }
         before_ = text;
@@ -36,7 +34,15 @@ class OneLine : public QValidator {
     }
 
   private:
+    // How much of the text stood there before what came in. The cursor stands behind that, and it has taken
+    // the place of the selection. Nothing when the program has set the whole text.
+    qsizetype keptAhead(const QString& text, int cursor) const {
+        const auto ahead = before_.size() - selected_ - (text.size() - cursor);
+        return ahead > 0 && ahead <= cursor && text.startsWith(before_.first(ahead)) ? ahead : 0;
+    }
+
     mutable QString before_; // free of control characters
+    qsizetype selected_ = 0;
 };
 
 class NameDelegate : public QStyledItemDelegate {

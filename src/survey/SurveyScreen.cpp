@@ -76,7 +76,7 @@ void 調査票::Form_Load() {
 }
 
 void 調査票::Combo1_Click() {
-    const auto whenItFails = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
+    const auto shown = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
     const QString problemNo = entryNumber(ui_->Combo1->currentText());
     const QStringList evaluators = evaluatorEntries(*DbConn, problemNo);
     const QString round = currentRound(*DbConn, problemNo);
