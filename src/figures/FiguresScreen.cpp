@@ -29,7 +29,6 @@ void fill(QComboBox* combo, const QString& none, const QStringList& entries) {
     setUpOutput(ui_->Command17, ui_->device, ui_->folder);
     setWindowTitle(name());
     ui_->Combo2->addItems({u"総合係数"_s, u"意見の揃い方"_s, u"感度"_s, u"順位の安定"_s});
-    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     for (QComboBox* combo : {ui_->Combo2, ui_->Combo3, ui_->Combo4})
         onEvent(combo, &QComboBox::activated, [this] { showFigure(); });
     onAction(ui_->Command1, u"順位の安定の計算"_s, [this] { Command1_Click(); });
@@ -53,6 +52,7 @@ void 図::Form_Load() {
         Combo1_Click();
     else
         showFigure();
+    onChoice(ui_->Combo1, [this] { Combo1_Click(); }); // from the choice that the screen opens with
     centre();
 }
 
@@ -62,13 +62,11 @@ void 図::end() {
 }
 
 void 図::Combo1_Click() {
-    const auto shown = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
     const QString problemNo = entryNumber(ui_->Combo1->currentText());
     const QString round = currentRound(*DbConn, problemNo);
     const ProblemRound chosen{*DbConn, Value(problemNo).toLong(), Value(round).toInteger()};
     auto results = readRoundResults(chosen);
     const auto earlier = earlierRounds(chosen);
-    problem_ = ui_->Combo1->currentIndex();
     ProblemEntry = ui_->Combo1->currentText();
     ui_->Label5->setText(round);
     results_ = std::move(results);
@@ -81,7 +79,7 @@ void 図::Combo1_Click() {
     for (const qint16 number : earlier) rounds << QString::number(number);
     fill(ui_->Combo4, u"（比べない）"_s, rounds);
     if (!rounds.isEmpty()) ui_->Combo4->setCurrentIndex(1);
-    showFigure();
+    runEvent([this] { showFigure(); }); // the problem is chosen, also when its figure cannot be drawn
 }
 
 図::Figure 図::figure() const {

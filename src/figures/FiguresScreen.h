@@ -40,7 +40,6 @@ class 図 : public OutputScreen {
     void setRunning(bool running);
 
     std::unique_ptr<Ui::FiguresScreen> ui_;
-    int problem_ = -1; // the entry that the rest of the screen shows
     std::optional<RoundResults> results_;
     std::optional<Stability> stability_;
     std::vector<FigureSheet> sheets_;

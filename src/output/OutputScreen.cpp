@@ -45,12 +45,20 @@ void OutputScreen::setUpOutput(QPushButton* target, ElidedLabel* device, QPushBu
     onEvent(openFolder_, &QPushButton::clicked, [this] { openFolder(); });
 }
 
-ChosenEntries OutputScreen::chosenEntries(const QComboBox& problems, const QListWidget& evaluators,
-                                          const QLabel& round) {
-    ChosenEntries chosen{problems.currentText(), {}, round.text()};
-    for (int row = 0; row < evaluators.count(); ++row)
-        if (evaluators.item(row)->isSelected()) chosen.evaluators << evaluators.item(row)->text();
+std::optional<RoundSelection> OutputScreen::chosenRound(QComboBox* problems, QListWidget* evaluators,
+                                                        const QLabel* round) {
+    auto goBack = qScopeGuard([&] { goTo(listToMend(problems, evaluators)); });
+    ChosenEntries entries{problems->currentText(), {}, round->text()};
+    for (int row = 0; row < evaluators->count(); ++row)
+        if (evaluators->item(row)->isSelected()) entries.evaluators << evaluators->item(row)->text();
+    auto chosen = checkedSelection(*Common::DbConn, entries, !evaluators->isHidden());
+    if (chosen) goBack.dismiss();
     return chosen;
+}
+
+QWidget* OutputScreen::listToMend(QComboBox* problems, QListWidget* evaluators) {
+    if (problems->currentIndex() < 0 || evaluators->isHidden()) return problems;
+    return evaluators;
 }
 
 void OutputScreen::setUpProgress(QProgressBar* bar, ElidedLabel* text) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QScopeGuard>
+#include <optional>
 
 #include "core/Screen.h"
 #include "output/PrintService.h"
@@ -23,9 +24,12 @@ class OutputScreen : public Screen {
     // up for a hidden label; the button that opens where the files are that were made last.
     void setUpOutput(QPushButton* target, ElidedLabel* device, QPushButton* folder);
     void setUpProgress(QProgressBar* bar, ElidedLabel* text);
-    // What is chosen in the lists of problems and evaluators, with the round that is shown.
-    static ChosenEntries chosenEntries(const QComboBox& problems, const QListWidget& evaluators,
-                                       const QLabel& round);
+    // What is chosen in the lists of problems and evaluators, with the round that is shown. Nothing when the
+    // choice is refused; then, and when it is an error, the list to choose something else in has the focus.
+    static std::optional<RoundSelection> chosenRound(QComboBox* problems, QListWidget* evaluators,
+                                                     const QLabel* round);
+    // The list in which to choose something else; a screen without evaluators hides theirs.
+    static QWidget* listToMend(QComboBox* problems, QListWidget* evaluators);
     // The first state: "印刷".
     void loadOutput();
 

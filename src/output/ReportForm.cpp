@@ -90,27 +90,17 @@ void ReportForm::markEvaluators(const AnsweredGoals& answered) {
 void ReportForm::Command7_Click() {
     // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
     const auto hideProgress = progressGuard();
-    // After a choice that is refused, and one that is an error.
-    auto goBack = qScopeGuard([this] { goTo(refusedList()); });
-    const auto chosen = checkedSelection(*DbConn, chosenEntries(*ui_->Combo1, *ui_->List1, *ui_->Label5),
-                                         work_.hasEvaluators);
+    const auto chosen = chosenRound(ui_->Combo1, ui_->List1, ui_->Label5);
     if (!chosen) return;
-    goBack.dismiss();
     const auto count = chosen->evaluators.size();
     const bool accepted = makeDocuments(
         work_.hasEvaluators ? u"%1 名："_s.arg(count) : QString(),
         [&] { return work_.run(print_, *chosen, options, progress()); },
         work_.whenNothing.isEmpty() ? u"作成した書類はありません。"_s : work_.whenNothing.arg(count));
-    if (!accepted) return goTo(refusedList());
+    if (!accepted) return goTo(listToMend(ui_->Combo1, ui_->List1));
     worked(*chosen);
 }
 
 QVBoxLayout* ReportForm::optionsLayout() {
     return ui_->options;
-}
-
-// The list in which to choose something else.
-QWidget* ReportForm::refusedList() {
-    if (ui_->Combo1->currentIndex() < 0 || !work_.hasEvaluators) return ui_->Combo1;
-    return ui_->List1;
 }

@@ -36,7 +36,6 @@ class ReportForm : public OutputScreen {
     void Combo1_Click();   // a problem: its round, its evaluators, whose results are there
     void Command7_Click(); // the work; a run-time error is shown under the screen's name
     void markEvaluators(const AnsweredGoals& answered);
-    QWidget* refusedList();
 
     const ReportWork& work_;
     std::unique_ptr<Ui::ReportForm> ui_;

@@ -47,7 +47,6 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
             std::max(width, ui_->Table1->horizontalHeader()->sectionSizeHint(column) + betweenColumns));
     ui_->Table1->verticalHeader()->hide();
 
-    onEvent(ui_->Combo1, &QComboBox::activated, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
     std::size_t next = 0;
     for (auto* button : {ui_->Command3, ui_->Command4, ui_->Command5}) {
@@ -72,15 +71,14 @@ void 調査票::Form_Load() {
     // The problem that was chosen where the questionnaires were asked for.
     ui_->Combo1->setCurrentIndex(ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(ProblemEntry));
     if (ui_->Combo1->currentIndex() >= 0) Combo1_Click();
+    onChoice(ui_->Combo1, [this] { Combo1_Click(); }); // from the choice that the screen opens with
     centre();
 }
 
 void 調査票::Combo1_Click() {
-    const auto shown = qScopeGuard([this] { ui_->Combo1->setCurrentIndex(problem_); });
     const QString problemNo = entryNumber(ui_->Combo1->currentText());
     const QStringList evaluators = evaluatorEntries(*DbConn, problemNo);
     const QString round = currentRound(*DbConn, problemNo);
-    problem_ = ui_->Combo1->currentIndex();
     ui_->List1->clear();
     ui_->List1->addItems(evaluators);
     ui_->Label5->setText(round);
@@ -90,12 +88,8 @@ void 調査票::Combo1_Click() {
 
 void 調査票::make(const ReportWork& work) {
     const auto hideProgress = progressGuard();
-    auto goBack = qScopeGuard(
-        [this] { goTo(ui_->Combo1->currentIndex() < 0 ? static_cast<QWidget*>(ui_->Combo1) : ui_->List1); });
-    const auto chosen =
-        checkedSelection(*DbConn, chosenEntries(*ui_->Combo1, *ui_->List1, *ui_->Label5), true);
+    const auto chosen = chosenRound(ui_->Combo1, ui_->List1, ui_->Label5);
     if (!chosen) return;
-    goBack.dismiss();
     makeDocuments(u"%1 %2 名："_s.arg(work.caption).arg(chosen->evaluators.size()),
                   [&] { return work.run(print_, *chosen, {}, progress()); });
 }

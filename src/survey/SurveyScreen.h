@@ -38,7 +38,6 @@ class 調査票 : public OutputScreen {
     bool mayReplace(const QList<qsizetype>& files);
 
     std::unique_ptr<Ui::SurveyScreen> ui_;
-    int problem_ = -1;            // the entry that the rest of the screen shows
     QList<CheckedAnswers> files_; // parallel to the rows of the table
     QStringList stored_;          // paths of those that have been stored
 };
