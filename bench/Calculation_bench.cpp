@@ -10,12 +10,12 @@
 #include "analysis/Variation.h"
 #include "core/Common.h"
 #include "core/Database.h"
-#include "core/EvaluatorRound.h"
+#include "database/DatabaseEngine.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "hierarchy/NumberHierarchy.h"
 #include "judgement/PowerMethod.h"
-#include "platform/DatabaseEngine.h"
+#include "rounds/EvaluatorRound.h"
 
 using namespace Qt::StringLiterals;
 using Common::DbConn;

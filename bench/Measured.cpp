@@ -5,11 +5,11 @@
 
 #include "core/Common.h"
 #include "core/Database.h"
-#include "core/EvaluatorRound.h"
 #include "core/Schema.h"
+#include "database/DatabaseFile.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
-#include "platform/DatabaseFile.h"
+#include "rounds/EvaluatorRound.h"
 
 using namespace Qt::StringLiterals;
 using Common::DbConn;

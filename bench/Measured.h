@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 
 #include "Workload.h"
-#include "output/RoundSelection.h"
+#include "rounds/RoundSelection.h"
 
 // One iteration with the smallest numbers, to see that all measurements run.
 bool isQuickRun();

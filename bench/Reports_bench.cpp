@@ -6,9 +6,9 @@
 #include "core/Common.h"
 #include "core/Screens.h"
 #include "evaluation/IndividualResult.h"
-#include "output/PrintService.h"
-#include "output/ReportSelection.h"
-#include "platform/ApplicationDirectory.h"
+#include "files/ApplicationDirectory.h"
+#include "printing/PrintService.h"
+#include "rounds/ReportSelection.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <random>
 
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,8 @@
 #include "Workload.h"
 #include "core/Database.h"
 #include "core/Schema.h"
-#include "platform/Connection.h"
-#include "platform/DatabaseFile.h"
+#include "database/Connection.h"
+#include "database/DatabaseFile.h"
 
 int main(int argc, char* argv[]) {
     if (argc < 2 || argc > 3) {

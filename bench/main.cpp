@@ -7,7 +7,7 @@
 #include "ScreenTable.h"
 #include "core/Common.h"
 #include "core/Screens.h"
-#include "platform/Fonts.h"
+#include "text/Fonts.h"
 
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,23 +1,23 @@
-# hollin_room(NAME [USES ROOM…] [SCREENS SOURCE…] [LIBRARIES …] [PRIVATE_LIBRARIES …])
+# hollin_room(NAME [USES ROOM…] [WINDOWS SOURCE…] [LIBRARIES …] [PRIVATE_LIBRARIES …])
 #
 # A folder of src/ is a room. It exposes itself alone, below an include directory of its own, so that
 # "core/Common.h" is found only by the rooms that use core: a wrong include does not compile. What a room that it
 # USES may include, it may include too.
 #
-# Its library hollin_NAME knows no widget. The sources listed as SCREENS (without ".cpp"; ALL for every one) and the
-# forms go into hollin_NAME_screens, which programs without a window do not link.
+# Its library hollin_NAME knows no widget. The sources listed as WINDOWS (without ".cpp"; ALL for every one) and the
+# forms go into hollin_NAME_windows, which programs without a window do not link.
 function(hollin_room name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES;SCREENS;LIBRARIES;PRIVATE_LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES;WINDOWS;LIBRARIES;PRIVATE_LIBRARIES")
   set_property(GLOBAL APPEND PROPERTY HOLLIN_ROOMS ${name})
   set(room ${CMAKE_SOURCE_DIR}/src/${name})
   file(GLOB sources CONFIGURE_DEPENDS ${room}/*.cpp)
   file(GLOB forms CONFIGURE_DEPENDS ${room}/*.ui)
   file(GLOB resources CONFIGURE_DEPENDS ${room}/*.qrc)
-  set(screens ${sources})
-  if(NOT "${arg_SCREENS}" STREQUAL "ALL")
-    list(TRANSFORM arg_SCREENS REPLACE "(.+)" "${room}/\\1.cpp" OUTPUT_VARIABLE screens)
+  set(windows ${sources})
+  if(NOT "${arg_WINDOWS}" STREQUAL "ALL")
+    list(TRANSFORM arg_WINDOWS REPLACE "(.+)" "${room}/\\1.cpp" OUTPUT_VARIABLE windows)
   endif()
-  list(REMOVE_ITEM sources ${screens})
+  list(REMOVE_ITEM sources ${windows})
 
   set(target hollin_${name})
   list(TRANSFORM arg_USES PREPEND hollin_ OUTPUT_VARIABLE used)
@@ -33,17 +33,17 @@ function(hollin_room name)
     hollin_include_root(${target} INTERFACE ${name})
   endif()
 
-  if(screens)
-    qt_wrap_ui(screens ${forms})
-    add_library(${target}_screens STATIC ${screens})
-    target_link_libraries(${target}_screens PUBLIC Qt6::Widgets ${target})
-    target_include_directories(${target}_screens PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+  if(windows)
+    qt_wrap_ui(windows ${forms})
+    add_library(${target}_windows STATIC ${windows})
+    target_link_libraries(${target}_windows PUBLIC Qt6::Widgets ${target})
+    target_include_directories(${target}_windows PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
     foreach(library IN LISTS used)
-      if(TARGET ${library}_screens)
-        target_link_libraries(${target}_screens PUBLIC ${library}_screens)
+      if(TARGET ${library}_windows)
+        target_link_libraries(${target}_windows PUBLIC ${library}_windows)
       endif()
     endforeach()
-    hollin_precompile(${target}_screens WIDGETS)
+    hollin_precompile(${target}_windows WIDGETS)
   endif()
 endfunction()
 

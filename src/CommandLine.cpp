@@ -3,8 +3,8 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+#include "files/ApplicationDirectory.h"
 #include "help/About.h"
-#include "platform/ApplicationDirectory.h"
 
 using namespace Qt::StringLiterals;
 

@@ -8,14 +8,14 @@
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "core/Screens.h"
+#include "files/ApplicationDirectory.h"
 #include "help/HelpWindow.h"
 #include "help/Manual.h"
-#include "output/MadeFiles.h"
-#include "platform/ApplicationDirectory.h"
-#include "platform/DesktopMessageBox.h"
-#include "platform/Fonts.h"
-#include "platform/StandardTexts.h"
+#include "printing/MadeFiles.h"
 #include "startup/FirstStart.h"
+#include "text/Fonts.h"
+#include "text/StandardTexts.h"
+#include "widgets/DesktopMessageBox.h"
 
 using namespace Qt::StringLiterals;
 

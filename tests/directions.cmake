@@ -1,12 +1,15 @@
 # Who may include whom: headers along the direction of the rooms are found, those against it are not.
 # DIRECTORIES is a file with a line "LIBRARY|INCLUDE DIRECTORY|…" for each library.
 set(allowed
-    "core platform/Connection.h" "core_screens QWidget" "output core/Common.h" "evaluation hierarchy/TreePlace.h"
-    "analysis hierarchy/TreePlace.h" "analysis evaluation/Evaluation.h" "comparison judgement/ComparisonScale.h" "evaluation judgement/Limits.h" "registration output/Progress.h"
-    "survey judgement/Consistency.h")
+    "core database/Connection.h" "core_windows QWidget" "hierarchy core/Common.h" "evaluation hierarchy/TreePlace.h"
+    "analysis hierarchy/TreePlace.h" "analysis evaluation/Evaluation.h" "comparison judgement/ComparisonScale.h"
+    "evaluation judgement/Limits.h" "survey screens/Progress.h" "survey judgement/Consistency.h")
 set(forbidden
-    "platform core/Common.h" "platform QWidget" "judgement core/Common.h" "core output/PrintService.h" "core judgement/Limits.h" "core QWidget"
-    "output hierarchy/TreePlace.h" "registration hierarchy/TreePlace.h" "hierarchy evaluation/Evaluation.h"
+    "text files/TextFile.h" "files database/Connection.h" "database core/Common.h" "printing database/Connection.h"
+    "printing core/Common.h" "widgets core/Screen.h" "widgets database/Connection.h" "text QWidget" "widgets QWidget"
+    "judgement core/Common.h" "judgement database/Connection.h" "core rounds/RoundSelection.h" "core QWidget"
+    "registration rounds/RoundSelection.h" "registration hierarchy/TreePlace.h" "comparison screens/ReportWork.h"
+    "hierarchy rounds/RoundSelection.h" "rounds screens/ReportWork.h" "screens evaluation/Evaluation.h"
     "comparison evaluation/Evaluation.h" "evaluation analysis/Statistics.h" "evaluation comparison/ComparisonGrid.h"
     "evaluation QWidget" "analysis QWidget" "survey QWidget" "analysis startup/SampleProblem.h")
 

@@ -6,11 +6,11 @@
 #include "analysis/Variation.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
+#include "database/Recordset.h"
 #include "hierarchy/FamilyRows.h"
-#include "output/ReportPage.h"
-#include "output/RoundSelection.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "printing/ReportPage.h"
+#include "rounds/RoundSelection.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

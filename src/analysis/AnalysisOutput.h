@@ -1,7 +1,7 @@
 // The analysis: how the evaluators' weights of each factor are spread, and how far the round agrees.
 #pragma once
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 // Prints the analysis of the problem's round over all evaluators. False when it was refused: without overall
 // weights of the round it ends with a message. Raises error 5 for a weight of 0, 9 for more than 20 children

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "output/RoundSelection.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
+#include "rounds/RoundSelection.h"
 
 using namespace Qt::StringLiterals;
 

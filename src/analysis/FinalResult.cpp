@@ -3,12 +3,12 @@
 #include "analysis/Statistics.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
-#include "output/PrintService.h"
-#include "output/RoundSelection.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
-#include "platform/TextConversion.h"
-#include "platform/TextFile.h"
+#include "database/Recordset.h"
+#include "files/TextFile.h"
+#include "printing/PrintService.h"
+#include "rounds/RoundSelection.h"
+#include "text/Numbers.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 class Connection;
 struct ProblemRound;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "hierarchy/TreePlace.h"
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 struct ProblemRound;
 

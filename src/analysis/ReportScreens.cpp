@@ -7,8 +7,8 @@
 
 #include "analysis/FinalResult.h"
 #include "analysis/ReportWorks.h"
-#include "output/RoundSelection.h"
-#include "platform/ElidedLabel.h"
+#include "rounds/RoundSelection.h"
+#include "widgets/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 // The calculation and report screens: each is the shared form with its own work.
 #pragma once
 
-#include "output/ReportForm.h"
+#include "screens/ReportForm.h"
 
 class QTableWidget;
 

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 std::span<const ReportWork> reportWorks();
 // The work of a screen.

@@ -3,11 +3,11 @@
 #include <cmath>
 
 #include "analysis/Statistics.h"
+#include "database/Recordset.h"
 #include "evaluation/ChildLimit.h"
 #include "judgement/Limits.h"
-#include "output/RoundSelection.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "rounds/RoundSelection.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -7,17 +7,17 @@
 #include <algorithm>
 
 #include "comparison/StoredComparisons.h"
+#include "database/Recordset.h"
 #include "judgement/AnswerCheck.h"
 #include "judgement/ComparisonScale.h"
 #include "judgement/ItemMark.h"
 #include "judgement/Limits.h"
 #include "judgement/PairOrder.h"
-#include "platform/ElidedLabel.h"
-#include "platform/ListMark.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
-#include "platform/TextConversion.h"
+#include "text/Numbers.h"
+#include "text/TextConversion.h"
 #include "ui_ComparisonGrid.h"
+#include "widgets/ElidedLabel.h"
+#include "widgets/ListMark.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "comparison/PairEntry.h"
-#include "core/AnsweredGoals.h"
 #include "core/Screen.h"
+#include "rounds/AnsweredGoals.h"
 
 class ElidedLabel;
 namespace Ui {

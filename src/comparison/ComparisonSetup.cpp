@@ -1,13 +1,13 @@
 #include "comparison/ComparisonSetup.h"
 
-#include "core/AnsweredGoals.h"
 #include "core/NumberedNames.h"
-#include "platform/Dates.h"
-#include "platform/ElidedLabel.h"
-#include "platform/ListMark.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
+#include "rounds/AnsweredGoals.h"
+#include "text/Dates.h"
+#include "text/Numbers.h"
 #include "ui_ComparisonSetup.h"
+#include "widgets/ElidedLabel.h"
+#include "widgets/ListMark.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -1,8 +1,8 @@
 #include "comparison/StoredComparisons.h"
 
+#include "database/Connection.h"
+#include "database/Recordset.h"
 #include "judgement/PairOrder.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-#include "core/EvaluatorRound.h"
+#include "rounds/EvaluatorRound.h"
 
 // Replaces what the evaluator stored for the goal factor by one row for each pair of `items`; `values` are in
 // pair order (1,2), (1,3), …, (2,3), …, `date` is "yyyy/mm/dd". Raises error 5, before anything is written,

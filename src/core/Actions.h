@@ -4,7 +4,7 @@
 #include <QString>
 #include <functional>
 
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 // Without this there is no program: the one error that ends it.
 class StartError : public RuntimeError {

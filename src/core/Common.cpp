@@ -1,8 +1,8 @@
 #include "core/Common.h"
 
 #include "core/Database.h"
-#include "platform/Numbers.h"
-#include "platform/TextConversion.h"
+#include "text/Numbers.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 

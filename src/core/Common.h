@@ -7,11 +7,11 @@
 #include <memory>
 #include <vector>
 
-#include "platform/BoundedArray.h"
-#include "platform/Connection.h"
-#include "platform/MessageBox.h"
-#include "platform/Printer.h"
-#include "platform/Value.h"
+#include "database/Connection.h"
+#include "printing/Printer.h"
+#include "text/BoundedArray.h"
+#include "text/MessageBox.h"
+#include "text/Value.h"
 
 namespace Common {
 

@@ -1,6 +1,6 @@
 #include "core/Database.h"
 
-#include "platform/Connection.h"
+#include "database/Connection.h"
 
 using namespace Qt::StringLiterals;
 

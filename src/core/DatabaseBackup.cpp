@@ -2,8 +2,8 @@
 
 #include "core/Database.h"
 #include "core/Schema.h"
-#include "platform/Connection.h"
-#include "platform/DatabaseFile.h"
+#include "database/Connection.h"
+#include "database/DatabaseFile.h"
 
 using namespace Qt::StringLiterals;
 

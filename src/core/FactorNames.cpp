@@ -1,7 +1,7 @@
 #include "core/FactorNames.h"
 
 #include "core/Common.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
 
 using namespace Qt::StringLiterals;
 

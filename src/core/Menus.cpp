@@ -8,7 +8,7 @@
 #include <array>
 #include <map>
 
-#include "platform/ApplicationDirectory.h"
+#include "files/ApplicationDirectory.h"
 
 using namespace Qt::StringLiterals;
 

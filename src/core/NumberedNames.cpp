@@ -1,7 +1,7 @@
 #include "core/NumberedNames.h"
 
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -3,10 +3,10 @@
 #include <QFile>
 #include <QRegularExpression>
 
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
-#include "platform/SqlText.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
+#include "database/SqlText.h"
+#include "text/RuntimeError.h"
 
 // A static library's resources are linked only when someone asks for them, and the macro that asks must stand
 // outside of every namespace.

@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "platform/ElidedLabel.h"
+#include "widgets/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
 

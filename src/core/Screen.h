@@ -9,7 +9,7 @@
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "core/Screens.h"
-#include "platform/Form.h"
+#include "widgets/Form.h"
 
 class ElidedLabel;
 

@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 
 #include "core/Common.h"
-#include "platform/Controls.h"
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
+#include "widgets/Controls.h"
 
 using namespace Qt::StringLiterals;
 

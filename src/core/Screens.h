@@ -6,7 +6,7 @@
 #include <map>
 #include <memory>
 
-#include "platform/Form.h"
+#include "widgets/Form.h"
 
 class Screens {
   public:

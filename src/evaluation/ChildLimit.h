@@ -1,7 +1,7 @@
 // The error of a parent with more children than a calculation or a report takes.
 #pragma once
 
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 class Connection;
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "core/EvaluatorRound.h"
+#include "database/Recordset.h"
 #include "evaluation/ChildLimit.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "rounds/EvaluatorRound.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

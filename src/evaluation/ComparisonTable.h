@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "judgement/Limits.h"
-#include "platform/BoundedArray.h"
+#include "text/BoundedArray.h"
 
 struct EvaluatorRound;
 

@@ -1,12 +1,12 @@
 #include "evaluation/Evaluation.h"
 
 #include "core/Common.h"
-#include "core/EvaluatorRound.h"
 #include "evaluation/InconsistencyReport.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
-#include "output/RoundSelection.h"
-#include "platform/RuntimeError.h"
+#include "rounds/EvaluatorRound.h"
+#include "rounds/RoundSelection.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

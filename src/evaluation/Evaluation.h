@@ -1,7 +1,7 @@
 // The calculation for all chosen evaluators: local weights, synthesis, inconsistency report.
 #pragma once
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 // Local weights of every chosen evaluator, then the synthesis of each, then the report of what was found
 // inconsistent. One without comparisons ends it with a message before anything is written. False when it was

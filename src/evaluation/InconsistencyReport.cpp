@@ -2,8 +2,8 @@
 
 #include "core/FactorNames.h"
 #include "evaluation/LocalWeights.h"
-#include "output/ReportPage.h"
-#include "output/RoundSelection.h"
+#include "printing/ReportPage.h"
+#include "rounds/RoundSelection.h"
 
 using namespace Qt::StringLiterals;
 

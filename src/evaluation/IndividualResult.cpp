@@ -3,16 +3,16 @@
 #include <algorithm>
 
 #include "core/Common.h"
-#include "core/EvaluatorRound.h"
 #include "core/FactorNames.h"
+#include "database/Recordset.h"
 #include "evaluation/ComparisonTable.h"
 #include "hierarchy/FamilyRows.h"
 #include "hierarchy/TreePlace.h"
-#include "output/ReportPage.h"
-#include "output/RoundResults.h"
-#include "output/RoundSelection.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "printing/ReportPage.h"
+#include "rounds/EvaluatorRound.h"
+#include "rounds/RoundResults.h"
+#include "rounds/RoundSelection.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

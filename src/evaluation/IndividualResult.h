@@ -1,7 +1,7 @@
 // An evaluator's own results: the tree with weights, the comparisons, the overall weights.
 #pragma once
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 // Prints a document for each chosen evaluator; without `showValues` the weights in the tree are zero. Before
 // anything is printed, an evaluator without results ends it with a message. False when it was refused.

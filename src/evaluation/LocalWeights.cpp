@@ -1,16 +1,16 @@
 #include "evaluation/LocalWeights.h"
 
 #include "core/Common.h"
-#include "core/EvaluatorRound.h"
 #include "core/FactorNames.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
+#include "database/SqlText.h"
 #include "evaluation/ChildLimit.h"
 #include "judgement/Consistency.h"
 #include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"
-#include "platform/Connection.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
-#include "platform/SqlText.h"
+#include "rounds/EvaluatorRound.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 
 #include <QtGlobal>
 
-#include "platform/BoundedArray.h"
+#include "text/BoundedArray.h"
 
 struct EvaluatorRound;
 

@@ -2,11 +2,11 @@
 
 #include <QString>
 
-#include "core/EvaluatorRound.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
+#include "database/SqlText.h"
 #include "hierarchy/Descent.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/SqlText.h"
+#include "rounds/EvaluatorRound.h"
 
 using namespace Qt::StringLiterals;
 

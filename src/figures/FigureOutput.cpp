@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QSvgGenerator>
 
-#include "output/PrintService.h"
+#include "printing/PrintService.h"
 
 using namespace Qt::StringLiterals;
 

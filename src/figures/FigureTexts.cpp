@@ -1,6 +1,6 @@
 #include "figures/FigureTexts.h"
 
-#include "platform/Numbers.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include "figures/FigureOutput.h"
 #include "figures/Figures.h"
 #include "figures/PrintFigures.h"
-#include "output/ReportSelection.h"
+#include "rounds/ReportSelection.h"
 #include "ui_FiguresScreen.h"
 
 using namespace Qt::StringLiterals;

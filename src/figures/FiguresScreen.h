@@ -7,7 +7,7 @@
 #include "figures/RoundResults.h"
 #include "figures/Sheet.h"
 #include "figures/Stability.h"
-#include "output/OutputScreen.h"
+#include "screens/OutputScreen.h"
 
 namespace Ui {
 class FiguresScreen;

@@ -1,8 +1,8 @@
 // All figures of a round as one document.
 #pragma once
 
-#include "output/Progress.h"
-#include "output/RoundSelection.h"
+#include "rounds/RoundSelection.h"
+#include "screens/Progress.h"
 
 class PrintService;
 struct RoundResults;

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "core/FactorNames.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
 
 using namespace Qt::StringLiterals;
 

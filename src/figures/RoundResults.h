@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "figures/FactorGraph.h"
-#include "output/RoundSelection.h"
+#include "rounds/RoundSelection.h"
 
 // Values stand by evaluator, in the order of `evaluators`; 0 where an evaluator has none.
 using EvaluatorValues = std::vector<double>;

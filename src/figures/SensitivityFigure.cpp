@@ -5,7 +5,7 @@
 
 #include "figures/FigureTexts.h"
 #include "figures/Figures.h"
-#include "platform/Numbers.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,9 +2,9 @@
 
 #include <qcustomplot.h>
 
-#include "output/PrintService.h"
-#include "platform/Dates.h"
-#include "platform/TextConversion.h"
+#include "printing/PrintService.h"
+#include "text/Dates.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,11 +6,11 @@
 #include <random>
 
 #include "analysis/Statistics.h"
+#include "database/Recordset.h"
 #include "figures/Ranking.h"
 #include "judgement/ComparisonScale.h"
 #include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"
-#include "platform/Recordset.h"
 
 using namespace Qt::StringLiterals;
 

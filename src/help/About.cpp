@@ -3,7 +3,7 @@
 #include <array>
 
 #include "core/Common.h"
-#include "platform/TextFile.h"
+#include "files/TextFile.h"
 
 using namespace Qt::StringLiterals;
 

@@ -17,7 +17,7 @@
 #include "core/DatabaseBackup.h"
 #include "help/About.h"
 #include "help/Manual.h"
-#include "platform/ElidedLabel.h"
+#include "widgets/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
 

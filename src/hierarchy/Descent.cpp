@@ -1,8 +1,8 @@
 #include "hierarchy/Descent.h"
 
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

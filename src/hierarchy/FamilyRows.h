@@ -5,7 +5,7 @@
 
 #include "core/FactorNames.h"
 #include "hierarchy/TreePlace.h"
-#include "output/ReportPage.h"
+#include "printing/ReportPage.h"
 
 // Family by family: below the name of the parent a row for each child, its name indented by its level. A row
 // has a `place`; `figures` gives the texts of the columns behind the name.

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
+#include "database/Connection.h"
+#include "database/Recordset.h"
 #include "hierarchy/Descent.h"
-#include "platform/Connection.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
+#include "text/Numbers.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,10 +5,10 @@
 #include <algorithm>
 
 #include "core/NumberedNames.h"
-#include "platform/ListSearch.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
+#include "text/Numbers.h"
 #include "ui_StructureEditor.h"
+#include "widgets/ListSearch.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

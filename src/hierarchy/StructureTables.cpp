@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "core/Common.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "hierarchy/StructureTree.h"
 
-#include "platform/Colours.h"
-#include "platform/ElidedLabel.h"
+#include "widgets/Colours.h"
+#include "widgets/ElidedLabel.h"
 
 #include <QHeaderView>
 #include <QStyle>

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "core/FactorNames.h"
+#include "database/Recordset.h"
 #include "hierarchy/NumberHierarchy.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,7 +6,7 @@
 #include "judgement/ComparisonScale.h"
 #include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "judgement/Limits.h"
-#include "platform/BoundedArray.h"
+#include "text/BoundedArray.h"
 
 constexpr int comparisonItems = mostChildren + 1; // cells of one side; `power` takes one less
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

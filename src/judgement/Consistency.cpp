@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "judgement/PairOrder.h"
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "judgement/ItemMark.h"
 
 #include "judgement/Limits.h"
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 QChar itemMark(int item) {
     if (item < 1 || item > mostChildren) throw RuntimeError(ErrorCode::SubscriptOutOfRange);

@@ -1,9 +1,9 @@
 #include "registration/EvaluatorRegistration.h"
 
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
-#include "platform/SqlText.h"
+#include "database/Recordset.h"
+#include "database/SqlText.h"
+#include "text/Numbers.h"
+#include "text/RuntimeError.h"
 #include "ui_EvaluatorRegistration.h"
 
 using namespace Qt::StringLiterals;

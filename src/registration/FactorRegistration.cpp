@@ -1,8 +1,8 @@
 #include "registration/FactorRegistration.h"
 
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
-#include "platform/SqlText.h"
+#include "database/Recordset.h"
+#include "database/SqlText.h"
+#include "text/Numbers.h"
 #include "ui_FactorRegistration.h"
 
 using namespace Qt::StringLiterals;

@@ -4,12 +4,12 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "platform/ListSearch.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
-#include "platform/Settings.h"
+#include "database/Recordset.h"
+#include "files/Settings.h"
+#include "text/Numbers.h"
+#include "text/RuntimeError.h"
 #include "ui_ListDialog.h"
+#include "widgets/ListSearch.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -2,8 +2,8 @@
 
 #include <QEvent>
 
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
+#include "text/Numbers.h"
 #include "ui_ProblemConfiguration.h"
 
 using namespace Qt::StringLiterals;

@@ -1,8 +1,8 @@
 #include "registration/ProblemEvaluators.h"
 
 #include "core/NumberedNames.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
+#include "text/Numbers.h"
 #include "ui_ProblemEvaluators.h"
 
 using namespace Qt::StringLiterals;

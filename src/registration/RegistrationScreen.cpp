@@ -1,7 +1,7 @@
 #include "registration/RegistrationScreen.h"
 
-#include "platform/Numbers.h"
-#include "platform/TextConversion.h"
+#include "text/Numbers.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -6,8 +6,8 @@
 #include <QPushButton>
 #include <optional>
 
-#include "platform/RuntimeError.h"
 #include "startup/ProgramDirectory.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

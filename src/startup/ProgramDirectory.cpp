@@ -5,8 +5,8 @@
 
 #include "core/Database.h"
 #include "core/Schema.h"
-#include "platform/Connection.h"
-#include "platform/DatabaseFile.h"
+#include "database/Connection.h"
+#include "database/DatabaseFile.h"
 #include "startup/Resources.h"
 #include "startup/SampleProblem.h"
 

@@ -7,11 +7,11 @@
 #include <QMap>
 #include <vector>
 
+#include "database/Connection.h"
+#include "database/Recordset.h"
 #include "judgement/ComparisonScale.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
 #include "startup/Resources.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "judgement/ComparisonScale.h"
-#include "platform/TextConversion.h"
+#include "text/TextConversion.h"
 
 namespace AnswerForm {
 

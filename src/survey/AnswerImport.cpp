@@ -1,6 +1,6 @@
 #include "survey/AnswerImport.h"
 
-#include "output/RoundSelection.h"
+#include "rounds/RoundSelection.h"
 #include "survey/FormCheck.h"
 
 using namespace Qt::StringLiterals;

@@ -7,12 +7,12 @@
 #include <array>
 
 #include "core/FactorNames.h"
+#include "files/TextFile.h"
 #include "judgement/ComparisonScale.h"
-#include "output/PrintService.h"
-#include "output/RoundSelection.h"
-#include "platform/RuntimeError.h"
-#include "platform/TextFile.h"
+#include "printing/PrintService.h"
+#include "rounds/RoundSelection.h"
 #include "survey/AnswerForm.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 using namespace AnswerForm;

@@ -1,7 +1,7 @@
 // Writes the forms that evaluators fill in on a computer.
 #pragma once
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 #include "survey/Questionnaire.h"
 
 // A spreadsheet: a sheet of instructions and the form, whose answers are chosen from a list and everything

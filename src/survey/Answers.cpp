@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "platform/Numbers.h"
-#include "platform/RuntimeError.h"
 #include "survey/AnswerForm.h"
 #include "survey/FormFile.h"
+#include "text/Numbers.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 using namespace AnswerForm;

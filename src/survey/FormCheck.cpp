@@ -9,6 +9,7 @@
 #include "comparison/StoredComparisons.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
+#include "database/Recordset.h"
 #include "judgement/AnswerCheck.h"
 #include "judgement/ComparisonMatrix.h"
 #include "judgement/ComparisonScale.h"
@@ -16,11 +17,10 @@
 #include "judgement/Limits.h"
 #include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"
-#include "output/RoundSelection.h"
-#include "platform/Dates.h"
-#include "platform/Numbers.h"
-#include "platform/Recordset.h"
+#include "rounds/RoundSelection.h"
 #include "survey/AnswerForm.h"
+#include "text/Dates.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

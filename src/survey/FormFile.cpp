@@ -4,9 +4,9 @@
 #include <QFile>
 #include <QProcess>
 
-#include "platform/RuntimeError.h"
-#include "platform/TextConversion.h"
 #include "survey/SheetFault.h"
+#include "text/RuntimeError.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 

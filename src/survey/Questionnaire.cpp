@@ -6,10 +6,10 @@
 
 #include "core/Common.h"
 #include "core/FactorNames.h"
+#include "database/Recordset.h"
 #include "judgement/PairOrder.h"
-#include "output/RoundSelection.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
+#include "rounds/RoundSelection.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

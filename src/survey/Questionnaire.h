@@ -4,7 +4,7 @@
 #include <QList>
 #include <QString>
 
-#include "core/AnsweredGoals.h"
+#include "rounds/AnsweredGoals.h"
 
 struct QuestionPair {
     int number; // in pair order, from 1

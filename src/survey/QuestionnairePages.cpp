@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "core/FactorNames.h"
-#include "output/ReportPage.h"
-#include "output/RoundSelection.h"
-#include "platform/Numbers.h"
-#include "platform/TextConversion.h"
+#include "printing/ReportPage.h"
+#include "rounds/RoundSelection.h"
 #include "survey/Questionnaire.h"
+#include "text/Numbers.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 // circle.
 #pragma once
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 // One document for each chosen evaluator.
 bool PrintQuestionnaires(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,

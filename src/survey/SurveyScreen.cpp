@@ -4,11 +4,11 @@
 #include <QFileInfo>
 #include <QHeaderView>
 
-#include "output/ReportSelection.h"
-#include "platform/ElidedLabel.h"
-#include "platform/TextFile.h"
+#include "files/TextFile.h"
+#include "rounds/ReportSelection.h"
 #include "survey/SurveyWorks.h"
 #include "ui_SurveyScreen.h"
+#include "widgets/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "output/OutputScreen.h"
-#include "output/ReportWork.h"
-#include "output/RoundSelection.h"
+#include "rounds/RoundSelection.h"
+#include "screens/OutputScreen.h"
+#include "screens/ReportWork.h"
 #include "survey/FormCheck.h"
 
 namespace Ui {

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "output/ReportWork.h"
+#include "screens/ReportWork.h"
 
 // The questionnaire on paper, the form as a spreadsheet, the form as text: one file for each chosen
 // evaluator. They raise error 5 for a problem without anything to compare, 75 or 76 when a file cannot be

@@ -9,10 +9,10 @@
 #include "core/Database.h"
 #include "core/DatabaseBackup.h"
 #include "core/Schema.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/RuntimeError.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
 #include "startup/ProgramDirectory.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

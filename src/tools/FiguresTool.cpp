@@ -7,11 +7,11 @@
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "figures/PrintFigures.h"
-#include "output/PrintService.h"
-#include "platform/ApplicationDirectory.h"
-#include "platform/Fonts.h"
-#include "platform/StandardTexts.h"
-#include "platform/TextFile.h"
+#include "files/ApplicationDirectory.h"
+#include "files/TextFile.h"
+#include "printing/PrintService.h"
+#include "text/Fonts.h"
+#include "text/StandardTexts.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,8 +6,8 @@
 #include <cmath>
 
 #include "analysis/Variation.h"
-#include "platform/Numbers.h"
 #include "support/ScreenTest.h"
+#include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,10 +6,10 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "platform/Dates.h"
-#include "platform/FlexGrid.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
 #include "support/ScreenTest.h"
+#include "text/Dates.h"
+#include "widgets/FlexGrid.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

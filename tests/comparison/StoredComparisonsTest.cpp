@@ -1,7 +1,7 @@
 // Comparisons as they are stored: writing one goal factor's, and telling what a round has.
 #include "comparison/StoredComparisons.h"
 
-#include "core/AnsweredGoals.h"
+#include "rounds/AnsweredGoals.h"
 #include "support/Helpers.h"
 #include "support/ScreenTest.h"
 

@@ -1,6 +1,6 @@
 #include "core/Schema.h"
 
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
 #include "support/ScreenTest.h"
 
 using namespace Qt::StringLiterals;

@@ -1,11 +1,11 @@
 // Local weights, synthesis and the calculation screen against values worked out by an eigenvector routine of
 // another tool from the same comparisons.
-#include "core/EvaluatorRound.h"
+#include "database/Recordset.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
 #include "judgement/PowerMethod.h"
-#include "output/RoundSelection.h"
-#include "platform/Recordset.h"
+#include "rounds/EvaluatorRound.h"
+#include "rounds/RoundSelection.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
 #include "support/ScreenTest.h"

@@ -2,9 +2,9 @@
 #include <QListWidget>
 #include <QTest>
 
-#include "platform/FlexGrid.h"
-#include "platform/Recordset.h"
+#include "database/Recordset.h"
 #include "support/ScreenTest.h"
+#include "widgets/FlexGrid.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

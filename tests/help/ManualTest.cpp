@@ -5,10 +5,10 @@
 #include <QTest>
 #include <QTimer>
 
+#include "database/DatabaseFile.h"
+#include "files/TextFile.h"
 #include "help/HelpWindow.h"
 #include "help/Manual.h"
-#include "platform/DatabaseFile.h"
-#include "platform/TextFile.h"
 #include "support/ScreenTest.h"
 
 using namespace Qt::StringLiterals;

@@ -8,8 +8,8 @@
 #include <QTest>
 #include <set>
 
-#include "platform/ElidedLabel.h"
 #include "support/ScreenTest.h"
+#include "widgets/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
 

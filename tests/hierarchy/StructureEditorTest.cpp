@@ -4,8 +4,8 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "platform/FlexGrid.h"
 #include "support/ScreenTest.h"
+#include "widgets/FlexGrid.h"
 
 using namespace Qt::StringLiterals;
 

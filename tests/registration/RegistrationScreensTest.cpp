@@ -4,8 +4,8 @@
 #include <QLineEdit>
 #include <QTest>
 
-#include "platform/TextConversion.h"
 #include "registration/RegistrationTest.h"
+#include "text/TextConversion.h"
 
 class RegistrationScreensTest : public RegistrationTest {
   protected:

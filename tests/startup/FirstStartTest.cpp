@@ -11,9 +11,9 @@
 #include <QTimer>
 
 #include "core/Database.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/TextFile.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
+#include "files/TextFile.h"
 #include "support/Helpers.h"
 
 using namespace Qt::StringLiterals;

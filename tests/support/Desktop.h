@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <QTextBrowser>
 
-#include "platform/TextFile.h"
+#include "files/TextFile.h"
 
 class Desktop : public QTextBrowser { // has the slot for it
   public:

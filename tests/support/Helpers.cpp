@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QProcess>
 
-#include "platform/RuntimeError.h"
+#include "text/RuntimeError.h"
 
 Outcome runProgram(const QString& program, const QStringList& arguments) {
     QProcess process;

@@ -5,11 +5,11 @@
 
 #include <QDir>
 
-#include "core/EvaluatorRound.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
-#include "output/MadeFiles.h"
-#include "platform/TextFile.h"
+#include "files/TextFile.h"
+#include "printing/MadeFiles.h"
+#include "rounds/EvaluatorRound.h"
 #include "support/PrintedPages.h"
 #include "support/ScreenTest.h"
 

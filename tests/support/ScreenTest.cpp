@@ -16,9 +16,9 @@
 #include "ScreenTable.h"
 #include "core/Database.h"
 #include "core/Schema.h"
-#include "platform/ApplicationDirectory.h"
-#include "platform/DatabaseFile.h"
-#include "platform/Recordset.h"
+#include "database/DatabaseFile.h"
+#include "database/Recordset.h"
+#include "files/ApplicationDirectory.h"
 
 using namespace Qt::StringLiterals;
 

@@ -7,10 +7,9 @@
 #include <QTableWidget>
 
 #include "core/FactorNames.h"
-#include "output/MadeFiles.h"
-#include "output/PrintService.h"
-#include "platform/TextConversion.h"
-#include "platform/TextFile.h"
+#include "files/TextFile.h"
+#include "printing/MadeFiles.h"
+#include "printing/PrintService.h"
 #include "support/Desktop.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
@@ -20,6 +19,7 @@
 #include "survey/FormCheck.h"
 #include "survey/QuestionnairePages.h"
 #include "survey/SurveyScreen.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,9 +6,9 @@
 #include <QTemporaryDir>
 
 #include "core/Database.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/TextFile.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
+#include "files/TextFile.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
 

@@ -6,9 +6,9 @@
 
 #include "core/Database.h"
 #include "core/Schema.h"
-#include "platform/Connection.h"
-#include "platform/Recordset.h"
-#include "platform/TextFile.h"
+#include "database/Connection.h"
+#include "database/Recordset.h"
+#include "files/TextFile.h"
 #include "support/Helpers.h"
 
 using namespace Qt::StringLiterals;

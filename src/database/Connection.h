@@ -1,0 +1,91 @@
+// The connection to the password-protected database file.
+#pragma once
+
+#include <QHashFunctions>
+#include <QString>
+#include <memory>
+#include <unordered_map>
+
+#include "database/DatabaseEngine.h"
+#include "text/Value.h"
+
+struct sqlite3_stmt;
+
+class Connection {
+  public:
+    static constexpr int clientSideCursors = 3;
+
+    Connection() = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    void setCursorLocation(int location) { cursorLocation_ = location; }
+    void setProvider(const QString& provider) { provider_ = provider; }
+    void setConnectionString(const QString& text) { connectionString_ = text; }
+    const QString& connectionString() const { return connectionString_; }
+
+    // Opens the existing file named by "Data Source" with the password of the connection string, after cursor
+    // location (client-side) and provider were set. User and password arguments must be empty, options −1
+    // (unspecified). Raises a database error when the file is missing, is no database, is damaged, or the
+    // password is wrong.
+    void open(const QString& user, const QString& password, int options);
+    bool isOpen() const { return database_ != nullptr; }
+    // Ends the unit of work and releases the file.
+    void close();
+
+    // Runs one statement. The first statement that writes opens a unit of work; its rows are seen by every
+    // later statement at once and stay when a later statement fails.
+    void execute(const QString& sql);
+
+    // Makes durable, all together, what was written since the last call; nothing to do is no error. When it
+    // fails the database is as it was before the unit of work, and the error is raised.
+    void endUnitOfWork();
+    // Whether something has been written that is not durable yet.
+    bool isInUnitOfWork() const;
+
+  private:
+    friend class Recordset;
+    friend qint32 readNumber(const QString& sql, Connection& connection);
+    friend void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
+    struct StatementCloser {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    // Compiled statements by their text.
+    using Shapes = std::unordered_map<QString, std::unique_ptr<sqlite3_stmt, StatementCloser>>;
+
+    // A compiled statement in use; afterwards it goes back among those that wait.
+    class Statement {
+      public:
+        Statement(Connection& connection, Shapes::node_type compiled)
+            : connection_(connection), compiled_(std::move(compiled)) {}
+        Statement(Statement&&) = default;
+        ~Statement();
+
+        sqlite3_stmt* get() const { return compiled_.mapped().get(); }
+        void bind(int parameter, const Value& value) const;
+
+      private:
+        Connection& connection_;
+        Shapes::node_type compiled_;
+    };
+
+    // The statement with its literals lifted out and bound, or as it stands when the engine does not take it
+    // so.
+    Statement prepare(const QString& sql);
+    // The statement with `parameters` parameters, which the caller binds.
+    Statement prepareShape(const QString& shape, qsizetype parameters);
+    // Empty when the engine does not take the text, or finds another number of parameters in it.
+    Shapes::node_type take(const QString& shape, qsizetype parameters);
+    double realNumber(const QString& digits);
+    // One step; true while there is a row. Opens the unit of work before a statement that writes.
+    bool step(const Statement& statement);
+    static void endUnitOfWork(sqlite3* database);
+    [[noreturn]] void fail(const QString& what) const;
+
+    int cursorLocation_ = 0;
+    QString provider_;
+    QString connectionString_;
+    Database database_;
+    Shapes waiting_;
+};

@@ -1,0 +1,43 @@
+// A set of records read by a statement (client-side: all rows are held), and records that are added to a
+// table.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+#include "text/Value.h"
+
+class Connection;
+
+// The whole number that a statement with one row and one field gives.
+qint32 readNumber(const QString& sql, Connection& connection);
+
+// Adds one record to a table: columns that are not named stay null. Raises a database error for a table or a
+// column that does not exist.
+void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
+
+class Recordset {
+  public:
+    Recordset(const QString& sql, Connection& connection);
+
+    int recordCount() const { return count_; }
+    bool eof() const { return position_ >= count_; }
+    void moveNext();
+
+    // Field of the current record, by name without regard to case. Raises an error past the last record or
+    // for a name the records do not have.
+    const Value& field(const QString& name) const;
+    const Value& operator[](const QString& name) const { return field(name); }
+
+    // Names of the fields in the order of the statement.
+    const QStringList& fieldNames() const { return names_; }
+
+  private:
+    std::size_t column(const QString& name) const;
+
+    QStringList names_;
+    std::vector<Value> values_; // record by record
+    int count_ = 0;
+    int position_ = 0;
+};

@@ -1,0 +1,69 @@
+#include "printing/DocumentFile.h"
+
+#include <QDateTime>
+#include <QFile>
+
+#include "files/TextFile.h"
+#include "text/RuntimeError.h"
+#include "text/TextConversion.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A file name takes 255 bytes. The screen, the date, a number and the suffix of the file while it is being
+// written leave this much for each of the two names.
+constexpr qsizetype namePartBytes = 90;
+
+// Characters that file systems do not take, in their full-width form.
+QString fileNamePart(const QString& text) {
+    static const QString refused = u"/\\:*?\"<>|"_s;
+    static const QString replacements = u"／￥：＊？”＜＞｜"_s;
+    QString part;
+    for (const char32_t character : text.toUcs4()) {
+        const auto position =
+            character < 0x80 ? refused.indexOf(QChar(static_cast<char16_t>(character))) : -1;
+        const QString itself = QString::fromUcs4(&character, 1);
+        const auto kept = isControl(itself.front()) ? u"＿"_s
+                          : position >= 0           ? replacements.mid(position, 1)
+                                                    : itself;
+        if ((part + kept).toUtf8().size() > namePartBytes) break;
+        part += kept;
+    }
+    return part;
+}
+
+QString joined(const DocumentName& name, const QString& time) {
+    QStringList parts;
+    for (const auto& part : {name.screen, name.problem, name.evaluator, time})
+        if (!part.isEmpty()) parts.append(fileNamePart(part));
+    return parts.join(u'_');
+}
+
+// Takes a name that no file has by creating the file, so that no other program can take it meanwhile.
+QString reserveFile(const QString& folder, const QString& name, const QString& type) {
+    for (int number = 1;; ++number) {
+        const auto suffix = number == 1 ? QString() : u"_%1"_s.arg(number);
+        QFile file(u"%1/%2%3.%4"_s.arg(folder, name, suffix, type));
+        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !file.exists()) return file.fileName();
+    }
+}
+
+} // namespace
+
+QString documentTitle(const DocumentName& name) {
+    return joined(name, {});
+}
+
+QString writeDocument(const QString& folder, const DocumentName& name, const QString& type,
+                      const QByteArray& bytes) {
+    const auto time = QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
+    auto path = reserveFile(nativePath(folder), joined(name, time), type);
+    try {
+        writeWholeFile(path, bytes);
+    } catch (const RuntimeError&) {
+        QFile::remove(path);
+        throw;
+    }
+    return path;
+}

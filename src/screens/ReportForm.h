@@ -1,0 +1,42 @@
+// What the calculation and report screens share: problem, evaluators, round, output target, progress.
+#pragma once
+
+#include <memory>
+
+#include "rounds/RoundSelection.h"
+#include "screens/OutputScreen.h"
+#include "screens/ReportWork.h"
+
+namespace Ui {
+class ReportForm;
+}
+struct AnsweredGoals;
+class QVBoxLayout;
+
+class ReportForm : public OutputScreen {
+  public:
+    explicit ReportForm(const ReportWork& work);
+    ~ReportForm() override;
+
+    void Form_Load() override;
+
+  protected:
+    void end() override { leaveTo(QStringLiteral("メニュー")); }
+    // For the options of one screen, between the choices and the buttons.
+    QVBoxLayout* optionsLayout();
+    // A button that goes over to the figures of the chosen problem.
+    void offerFigures();
+    // What one screen does besides: when a problem has been chosen, and after its work.
+    virtual void problemChosen() {}
+    virtual void worked(const RoundSelection& /*chosen*/) {}
+
+    ReportOptions options;
+
+  private:
+    void Combo1_Click();   // a problem: its round, its evaluators, whose results are there
+    void Command7_Click(); // the work; a run-time error is shown under the screen's name
+    void markEvaluators(const AnsweredGoals& answered);
+
+    const ReportWork& work_;
+    std::unique_ptr<Ui::ReportForm> ui_;
+};

@@ -1,0 +1,27 @@
+// One of the works that the calculation and report screens, and hollin-batch, do.
+#pragma once
+
+#include <QString>
+
+#include "screens/Progress.h"
+
+class PrintService;
+struct RoundSelection;
+
+// What is chosen for one of the works only.
+struct ReportOptions {
+    bool showValues = true; // 個人結果: the evaluator's weights in the tree, or zeros
+};
+
+struct ReportWork {
+    QString screen;     // also title of its message boxes, and the name of its documents
+    QString caption;    // of the button that does it
+    QString option;     // of hollin-batch that asks for it
+    bool hasEvaluators; // whether evaluators are chosen, or all of the round are meant
+    bool ofWholeRound;  // whether results of all evaluators go in
+    bool printsReport;  // whether there is an output target to choose
+    // False when it was refused; the user has been told why.
+    bool (*run)(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
+                const Progress& progress);
+    QString whenNothing{}; // what the screen says of "%1" evaluators when there was no document to make
+};

@@ -1,0 +1,6 @@
+// Message boxes as windows on the desktop.
+#pragma once
+
+#include "text/MessageBox.h"
+
+MessagePresenter desktopPresenter();

@@ -1,0 +1,107 @@
+// The database adapter: opening, records, and the unit of work.
+#include <QDir>
+#include <QFile>
+
+#include "core/Database.h"
+#include "database/Recordset.h"
+#include "files/TextFile.h"
+#include "support/Helpers.h"
+#include "support/ScreenTest.h"
+
+using namespace Qt::StringLiterals;
+using Common::DbConn;
+
+class ConnectionTest : public ScreenTest {
+  protected:
+    QString databasePath() const { return directory() + u"/DB/Hollin.mdb"_s; }
+
+    QString openWith(const QString& path, const QString& password) {
+        Connection connection;
+        return raisedBy([&] { openDatabaseFile(connection, path, password); }).description;
+    }
+    // What another program sees on the disk.
+    QString onDisk(const QString& sql) {
+        auto seen = std::make_unique<Connection>();
+        openDatabaseFile(*seen, databasePath());
+        std::swap(seen, DbConn);
+        auto records = stored(sql);
+        std::swap(seen, DbConn);
+        return records;
+    }
+};
+
+TEST_F(ConnectionTest, WhatIsNoDatabaseIsToldInJapanese) {
+    EXPECT_TRUE(DbConn->connectionString().endsWith(
+        u"\\DB\\Hollin.mdb;Persist Security Info=False;Jet OLEDB:Database Password=tobul"));
+    EXPECT_TRUE(openWith(directory() + u"/DB/none.mdb"_s, databasePassword).contains(u"見つかりません"));
+    EXPECT_TRUE(openWith(databasePath(), u"other"_s).contains(u"パスワードが違います"));
+    const QString text = directory() + u"/DB/text.mdb"_s;
+    writeWholeFile(text, QByteArray(8192, 'x'));
+    EXPECT_TRUE(openWith(text, databasePassword).contains(u"データベースのファイルではない"));
+    writeWholeFile(text, {});
+    EXPECT_TRUE(openWith(text, databasePassword).contains(u"空です"));
+
+    // A folder with the separator of connection strings in its name.
+    QDir(directory()).mkpath(u"a;b"_s);
+    QFile::copy(databasePath(), directory() + u"/a;b/c.mdb"_s);
+    EXPECT_EQ(openWith(directory() + u"/a;b/c.mdb"_s, databasePassword), QString());
+}
+
+TEST_F(ConnectionTest, RecordsAreReadByNameWithoutRegardToCase) {
+    run(u"insert into tempfac (score) values(0.25)"_s);
+    Recordset records(u"select score,dno from tempfac"_s, *DbConn);
+    EXPECT_EQ(records[u"SCORE"_s].toDouble(), 0.25);
+    EXPECT_EQ(raisedBy([&] { records[u"dno"_s].toLong(); }).number, 94);
+    EXPECT_NE(raisedBy([&] { records[u"none"_s]; }).number, 0);
+    EXPECT_NE(raisedBy([&] { run(u"delete from tempfac; delete from 要因"_s); }).number, 0);
+}
+
+// The number is one that the engine reads a last bit away from the nearest double.
+TEST_F(ConnectionTest, LiteralsMeanTheSameWhetherTheAdapterBindsThemOrNot) {
+    run(u"create table t (n,m)"_s);
+    run(u"insert into t values(12,1.5),('5',-3),(1e3,9223372036854775808),('it''s',0.1673650105354723),(7,x'41')"_s);
+    for (const auto& [sql, records] : {
+             std::pair{u"select typeof(n),typeof(m) from t"_s,
+                       u"integer|real text|integer real|real text|real integer|blob"_s},
+             {u"select 0.1673650105354723=m,'it''s'=n from t where m=0.1673650105354723AND n='it''s'"_s,
+              u"1|1"_s},
+             {u"select n,m from t where typeof(n)='integer' order by 1"_s, u"7|A 12|1.5"_s},
+             {u"select n from t where n>3 and n<1001 order by 1 desc limit 1 offset 2"_s, u"7"_s},
+             {u"select count(*) from t where n=5"_s, u"0"_s},
+             {u"select count(*) from t where n=7"_s, u"1"_s}, // the shape of the one before
+             {u"select count(*) from t where n='5'"_s, u"1"_s},
+             {u"select a from (select n as 'a' from t where m=1.5)"_s, u"12"_s},
+         })
+        EXPECT_EQ(stored(sql), records) << sql.toStdString();
+    EXPECT_EQ(Recordset(u"select 3+4,max(n,'x') from t where n=7"_s, *DbConn).fieldNames(),
+              (QStringList{u"3+4"_s, u"max(n,'x')"_s}));
+    // A table that changes, and a shape that the engine does not take.
+    EXPECT_EQ(stored(u"select * from t where n=12"_s), u"12|1.5"_s);
+    run(u"alter table t add column k default 4"_s);
+    EXPECT_EQ(stored(u"select * from t where n=7"_s), u"7|A|4"_s);
+    EXPECT_TRUE(raisedBy([this] { run(u"insert into t values(5,'x'"_s); }).description.contains(u"SQL"));
+    EXPECT_NE(raisedBy([] { addRecord(*DbConn, u"t"_s, {{u"none"_s, 5}}); }).number, 0);
+}
+
+TEST_F(ConnectionTest, AUnitOfWorkIsSeenAtOnceAndBecomesDurableTogether) {
+    run(u"insert into workfac (factor) values(1)"_s);
+    EXPECT_NE(raisedBy([this] { run(u"insert into nowhere values(2)"_s); }).number, 0);
+    run(u"insert into workfac (factor) values(3)"_s);
+    EXPECT_EQ(stored(u"select factor from workfac"_s), u"1 3"_s); // an error rolls nothing back
+    EXPECT_EQ(onDisk(u"select factor from workfac"_s), QString());
+    DbConn->endUnitOfWork();
+    EXPECT_EQ(onDisk(u"select factor from workfac"_s), u"1 3"_s);
+}
+
+TEST_F(ConnectionTest, AKillInTheMiddleLeavesTheStateBefore) {
+    run(u"insert into workfac (factor) values(1)"_s);
+    DbConn->endUnitOfWork();
+    run(u"delete from workfac"_s);
+    for (int row = 0; row < 5000; ++row) run(u"insert into tempfac (parent) values(%1)"_s.arg(row));
+    // Files as a power cut would leave them: whatever has been written so far, nothing closed.
+    QDir(directory()).mkpath(u"cut/DB"_s);
+    for (const auto& suffix : {u""_s, u"-journal"_s})
+        QFile::copy(databasePath() + suffix, directory() + u"/cut/DB/Hollin.mdb"_s + suffix);
+    Common::openDatabase(directory() + u"/cut"_s);
+    EXPECT_EQ(stored(u"select factor,(select count(*) from tempfac) from workfac"_s), u"1|0"_s);
+}
