@@ -51,5 +51,5 @@ add_custom_target(
 install(CODE "set(DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")\nset(SHARE \"${CMAKE_SOURCE_DIR}/share\")")
 install(SCRIPT cmake/program_directory.cmake)
 install(SCRIPT cmake/delivered_database.cmake)
-install(FILES share/hollin.desktop share/hollin.svg share/hollin.png README.md DESTINATION .)
+install(FILES share/hollin.desktop share/hollin.svg share/hollin.png README.md LICENSE CHANGELOG.md SECURITY.md DESTINATION .)
 install(DIRECTORY docs DESTINATION .)

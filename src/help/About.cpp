@@ -37,7 +37,9 @@ QString aboutText() {
     QString text = programVersion() + u"\n\nデータ: %1\n書き出したファイルとメッセージファイル: %2\n"_s.arg(
                                           nativePath(Common::AppDir + u"\\DB\\Hollin.mdb"_s),
                                           nativePath(Common::AppDir + u"\\file"_s));
-    text += u"\n使用しているソフトウェアと使用許諾\n"_s;
+    text += u"\nHollin は自由ソフトウェアです。GNU GPL バージョン 3、またはそれ以降のバージョンに従って、再配布と改変ができます。"
+            "無保証です。\n"
+            "\n使用しているソフトウェアと使用許諾\n"_s;
     for (const auto& [name, purpose, licence] : used)
         text += u"　%1（%2） — %3\n"_s.arg(name, purpose, licence);
     return text + u"使用許諾の全文は /usr/share/doc の各パッケージのフォルダーにあります。"_s;
