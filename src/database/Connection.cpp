@@ -70,6 +70,12 @@ void Connection::execute(const QString& sql) {
     }
 }
 
+void Connection::run(Sql sql, std::initializer_list<Value> values) {
+    const auto statement = prepare(sql, values);
+    while (step(statement)) {
+    }
+}
+
 void Connection::endUnitOfWork() {
     if (isOpen()) endUnitOfWork(database_.get());
 }
@@ -105,6 +111,13 @@ void Connection::Statement::bind(int parameter, const Value& value) const {
                               SQLITE_TRANSIENT);
         },
     });
+}
+
+Connection::Statement Connection::prepare(Sql sql, std::initializer_list<Value> values) {
+    auto statement = prepareShape(sql.toString(), std::ssize(values));
+    int parameter = 0;
+    for (const auto& value : values) statement.bind(++parameter, value);
+    return statement;
 }
 
 Connection::Statement Connection::prepare(const QString& sql) {

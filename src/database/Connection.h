@@ -3,10 +3,12 @@
 
 #include <QHashFunctions>
 #include <QString>
+#include <initializer_list>
 #include <memory>
 #include <unordered_map>
 
 #include "database/DatabaseEngine.h"
+#include "database/Sql.h"
 #include "text/Value.h"
 
 struct sqlite3_stmt;
@@ -34,8 +36,12 @@ class Connection {
     // Ends the unit of work and releases the file.
     void close();
 
-    // Runs one statement. The first statement that writes opens a unit of work; its rows are seen by every
-    // later statement at once and stay when a later statement fails.
+    // Runs one statement with a value for each "?". The first statement that writes opens a unit of work; its
+    // rows are seen by every later statement at once and stay when a later statement fails.
+    template <typename... Values>
+    void execute(Sql sql, const Values&... values) {
+        run(sql, {Value(values)...});
+    }
     void execute(const QString& sql);
 
     // Makes durable, all together, what was written since the last call; nothing to do is no error. When it
@@ -47,6 +53,7 @@ class Connection {
   private:
     friend class Recordset;
     friend qint32 readNumber(const QString& sql, Connection& connection);
+    friend qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values);
     friend void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
     struct StatementCloser {
         void operator()(sqlite3_stmt* statement) const;
@@ -70,6 +77,9 @@ class Connection {
         Shapes::node_type compiled_;
     };
 
+    void run(Sql sql, std::initializer_list<Value> values);
+    // The statement with its values bound.
+    Statement prepare(Sql sql, std::initializer_list<Value> values);
     // The statement with its literals lifted out and bound, or as it stands when the engine does not take it
     // so.
     Statement prepare(const QString& sql);

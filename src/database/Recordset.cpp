@@ -29,8 +29,15 @@ RuntimeError databaseError(const QString& description) {
 
 } // namespace
 
+Recordset::Recordset(Connection& connection, Sql sql, std::initializer_list<Value> values) {
+    read(connection, connection.prepare(sql, values));
+}
+
 Recordset::Recordset(const QString& sql, Connection& connection) {
-    const auto statement = connection.prepare(sql);
+    read(connection, connection.prepare(sql));
+}
+
+void Recordset::read(Connection& connection, const Connection::Statement& statement) {
     bool hasRow = connection.step(statement); // a statement compiled earlier learns of new columns here
     const int columns = sqlite3_column_count(statement.get());
     for (int column = 0; column < columns; ++column)
@@ -57,6 +64,12 @@ std::size_t Recordset::column(const QString& name) const {
         if (names_[last].compare(name, Qt::CaseInsensitive) == 0) column = last;
     if (column < 0) throw databaseError(u"項目「%1」がありません。"_s.arg(name));
     return static_cast<std::size_t>(column);
+}
+
+qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values) {
+    const auto statement = connection.prepare(sql, values);
+    if (!connection.step(statement)) throw databaseError(u"現在のレコードがありません。"_s);
+    return fieldValue(statement.get(), 0).toLong();
 }
 
 qint32 readNumber(const QString& sql, Connection& connection) {

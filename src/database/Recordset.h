@@ -4,14 +4,19 @@
 
 #include <QString>
 #include <QStringList>
+#include <initializer_list>
 #include <vector>
 
+#include "database/Connection.h"
 #include "text/Value.h"
-
-class Connection;
 
 // The whole number that a statement with one row and one field gives.
 qint32 readNumber(const QString& sql, Connection& connection);
+qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values);
+template <typename... Values>
+qint32 readNumber(Connection& connection, Sql sql, const Values&... values) {
+    return readNumber(connection, sql, {Value(values)...});
+}
 
 // Adds one record to a table: columns that are not named stay null. Raises a database error for a table or a
 // column that does not exist.
@@ -19,6 +24,10 @@ void addRecord(Connection& connection, const QString& table, const NamedValues& 
 
 class Recordset {
   public:
+    // The records that the statement gives with a value for each "?".
+    template <typename... Values>
+    Recordset(Connection& connection, Sql sql, const Values&... values)
+        : Recordset(connection, sql, {Value(values)...}) {}
     Recordset(const QString& sql, Connection& connection);
 
     int recordCount() const { return count_; }
@@ -34,6 +43,8 @@ class Recordset {
     const QStringList& fieldNames() const { return names_; }
 
   private:
+    Recordset(Connection& connection, Sql sql, std::initializer_list<Value> values);
+    void read(Connection& connection, const Connection::Statement& statement);
     std::size_t column(const QString& name) const;
 
     QStringList names_;

@@ -83,6 +83,28 @@ TEST_F(ConnectionTest, LiteralsMeanTheSameWhetherTheAdapterBindsThemOrNot) {
     EXPECT_NE(raisedBy([] { addRecord(*DbConn, u"t"_s, {{u"none"_s, 5}}); }).number, 0);
 }
 
+// Texts that would end a statement, and a real number whose digits the engine reads a last bit away.
+TEST_F(ConnectionTest, ValuesAreStoredWithTheTypeThatTheyAreBoundWith) {
+    DbConn->execute(u"create table t (n,m REAL)");
+    const QString text = u"it's; drop 耐震 \"%1?\""_s;
+    const std::vector<std::pair<Value, QString>> cases{{qint16{-3}, u"integer"_s},
+                                                       {qint64{9223372036854775807}, u"integer"_s},
+                                                       {0.1673650105354723, u"real"_s},
+                                                       {0.2F, u"real"_s},
+                                                       {text, u"text"_s},
+                                                       {u"12"_s, u"text"_s},
+                                                       {Value(), u"null"_s}};
+    for (const auto& [value, type] : cases) {
+        DbConn->execute(u"insert into t values(?1,?1)", value);
+        const Recordset record(*DbConn, u"select n,typeof(n) as type from t");
+        EXPECT_EQ(record[u"n"_s], value);
+        EXPECT_EQ(record[u"type"_s].toText(), type);
+        EXPECT_EQ(readNumber(*DbConn, u"select count(*) from t where n=?", value), value.isNull() ? 0 : 1);
+        DbConn->execute(u"delete from t");
+    }
+    EXPECT_NE(raisedBy([] { DbConn->execute(u"insert into t values(?,?)", 1); }).number, 0);
+}
+
 TEST_F(ConnectionTest, AUnitOfWorkIsSeenAtOnceAndBecomesDurableTogether) {
     run(u"insert into workfac (factor) values(1)"_s);
     EXPECT_NE(raisedBy([this] { run(u"insert into nowhere values(2)"_s); }).number, 0);
