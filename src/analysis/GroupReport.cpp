@@ -9,8 +9,8 @@
 #include "database/Recordset.h"
 #include "printing/ReportPage.h"
 #include "rounds/EvaluatorRound.h"
-#include "rounds/RoundResults.h"
 #include "rounds/RoundSelection.h"
+#include "rounds/RoundState.h"
 #include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;

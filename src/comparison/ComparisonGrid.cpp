@@ -169,7 +169,7 @@ void 比較値設定::startGoal() {
     const int chosen = ui_->Combo1->currentIndex();
     if (chosen < 0) return refuseWithoutGoal();
     const auto goalNo = goals_.at(static_cast<std::size_t>(chosen)).number;
-    auto children = comparedChildren(*DbConn, CmpProblemNo, goalNo);
+    auto children = readGoalChildren(*DbConn, CmpProblemNo, goalNo);
     const int n = static_cast<int>(children.size());
     for (int item = 1; item <= n; ++item) showChild(item, children[static_cast<std::size_t>(item - 1)]);
     goalNo_ = goalNo; // only a goal whose children are all shown can be saved

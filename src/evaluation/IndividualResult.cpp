@@ -10,8 +10,8 @@
 #include "hierarchy/TreePlace.h"
 #include "printing/ReportPage.h"
 #include "rounds/EvaluatorRound.h"
-#include "rounds/RoundResults.h"
 #include "rounds/RoundSelection.h"
+#include "rounds/RoundState.h"
 #include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
@@ -40,7 +40,7 @@ const QList<ReportColumn> treeColumns{{u"要因名"_s, 5, 136},
                                       {u"累積評価値"_s, 175, 30, Alignment::Point}};
 const QList<ReportColumn> totalColumns{{u"要因名"_s, 5, 136}, {u"総合評価値"_s, 145, 26, Alignment::Point}};
 
-std::vector<TreeRow> readTree(Connection& connection, const QString& sql, const TreeLevels& levels) {
+std::vector<TreeRow> readTreeRows(Connection& connection, const QString& sql, const TreeLevels& levels) {
     std::vector<TreeRow> tree;
     std::map<TreePair, std::size_t> seen;
     for (Recordset rows(sql, connection); !rows.eof(); rows.moveNext()) {
@@ -55,7 +55,7 @@ std::vector<TreeRow> readTree(Connection& connection, const QString& sql, const 
 }
 
 std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const TreeLevels& levels) {
-    return readTree(
+    return readTreeRows(
         of.connection,
         u"select factor as parent,work1 as child,work2 as dno,評価値 as val,総合評価値 as cval"
         " from workfac,評価結果 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3"
@@ -66,10 +66,10 @@ std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const TreeLevel
 }
 
 std::vector<TreeRow> readBareTree(const EvaluatorRound& of, const TreeLevels& levels) {
-    return readTree(of.connection,
-                    u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
-                    " from workfac t1 order by t1.work2"_s,
-                    levels);
+    return readTreeRows(of.connection,
+                        u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
+                        " from workfac t1 order by t1.work2"_s,
+                        levels);
 }
 
 std::vector<TotalRow> readTotals(const EvaluatorRound& of) {

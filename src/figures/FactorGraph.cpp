@@ -6,12 +6,11 @@
 
 namespace {
 
-using Children = FactorGraph::Children;
-
 // Factors below the problem, each behind everything that stands below it.
 class DepthFirst {
   public:
-    DepthFirst(qint32 problemNo, const Children& children) : problemNo_(problemNo), children_(children) {}
+    DepthFirst(qint32 problemNo, const ChildrenByParent& children)
+        : problemNo_(problemNo), children_(children) {}
 
     void visit(qint32 factorNo) {
         const auto met = state_.find(factorNo);
@@ -31,13 +30,14 @@ class DepthFirst {
     enum class State { Open, Done };
 
     qint32 problemNo_;
-    const Children& children_;
+    const ChildrenByParent& children_;
     QHash<qint32, State> state_;
 };
 
 } // namespace
 
-FactorGraph::FactorGraph(qint32 problemNo, const Children& children, const Children& structure) {
+FactorGraph::FactorGraph(qint32 problemNo, const ChildrenByParent& children,
+                         const ChildrenByParent& structure) {
     DepthFirst search(problemNo, children);
     search.visit(problemNo);
     factors_.assign(search.order.rbegin(), search.order.rend());

@@ -1,9 +1,9 @@
 // The factors of a problem in an order in which weights can be multiplied down from the problem.
 #pragma once
 
-#include <QHash>
-#include <QtGlobal>
 #include <vector>
+
+#include "hierarchy/Structure.h"
 
 // A factor may stand below several parents: its value is the sum over all ways from the problem.
 class FactorGraph {
@@ -15,12 +15,9 @@ class FactorGraph {
         int factor;
     };
 
-    // Children of a factor by its number, in display order.
-    using Children = QHash<qint32, std::vector<qint32>>;
-
     // The edges that can be reached from the problem. A leaf is what has no children in `structure`: a goal
     // factor that nobody has weighted ends the way, but is none. Raises error 5 when edges run in a circle.
-    FactorGraph(qint32 problemNo, const Children& children, const Children& structure);
+    FactorGraph(qint32 problemNo, const ChildrenByParent& children, const ChildrenByParent& structure);
 
     // Every edge stands behind all edges into its parent.
     const std::vector<Edge>& edges() const { return edges_; }

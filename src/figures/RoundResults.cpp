@@ -45,8 +45,8 @@ StoredResults readStored(const ProblemRound& chosen) {
 
 // The children that somebody has weighted, in the order of the structure; those that no longer stand in it
 // come last.
-FactorGraph::Children weightedChildren(const StoredResults& stored, const FactorGraph::Children& structure) {
-    FactorGraph::Children children;
+ChildrenByParent weightedChildren(const StoredResults& stored, const ChildrenByParent& structure) {
+    ChildrenByParent children;
     for (const auto& [edge, weights] : stored.local) children[edge.first].push_back(edge.second);
     for (auto family = children.begin(); family != children.end(); ++family) {
         const auto order = structure.value(family.key());
@@ -70,20 +70,10 @@ std::optional<std::size_t> RoundResults::positionOf(qint32 evaluatorNo) const {
     return static_cast<std::size_t>(found - evaluators.begin());
 }
 
-FactorGraph::Children readStructure(const ProblemRound& chosen) {
-    FactorGraph::Children children;
-    for (Recordset rows(u"select 親要因番号,子要因番号 from 要因構成 where 課題番号=%1"
-                        " order by 親要因番号,子要因表示順"_s.arg(chosen.problemNo),
-                        chosen.connection);
-         !rows.eof(); rows.moveNext())
-        children[rows[u"親要因番号"_s].toLong()].push_back(rows[u"子要因番号"_s].toLong());
-    return children;
-}
-
 RoundResults readRoundResults(const ProblemRound& chosen) {
     const auto& [connection, problemNo, round] = chosen;
     const StoredResults stored = readStored(chosen);
-    const auto structure = readStructure(chosen);
+    const auto structure = readStructure(connection, problemNo);
     RoundResults results{.problemNo = problemNo,
                          .round = round,
                          .problem = factorName(connection, problemNo),

@@ -37,8 +37,5 @@ struct RoundResults {
 // hierarchy runs in a circle.
 RoundResults readRoundResults(const ProblemRound& chosen);
 
-// The children of all factors of a problem, in display order.
-FactorGraph::Children readStructure(const ProblemRound& chosen);
-
 // The rounds before this one that have results, the latest first.
 std::vector<qint16> earlierRounds(const ProblemRound& chosen);

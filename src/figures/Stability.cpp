@@ -6,11 +6,10 @@
 #include <random>
 
 #include "analysis/Statistics.h"
-#include "database/Recordset.h"
 #include "figures/Ranking.h"
 #include "judgement/ComparisonScale.h"
-#include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"
+#include "rounds/Comparisons.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,56 +18,34 @@ namespace {
 constexpr std::uint64_t seed = 1;
 constexpr std::uint64_t highestBit = std::uint64_t{1} << 63;
 
-// What one evaluator entered under one goal factor.
-struct GoalRows {
-    std::vector<qint32> items;
-    std::vector<double> values;
-
-    // The first row of pairs names the items: its source and its targets.
-    void add(qint32 sourceNo, qint32 targetNo, double value) {
-        if (items.empty()) items.push_back(sourceNo);
-        if (sourceNo == items.front()) items.push_back(targetNo);
-        values.push_back(value);
-    }
-};
-
-using EvaluatorRows = std::map<qint32, GoalRows>; // by goal number
-
-std::map<qint32, EvaluatorRows> readRows(Connection& connection, const RoundResults& results) {
-    std::map<qint32, EvaluatorRows> evaluators;
-    for (const auto& evaluator : results.evaluators) evaluators[evaluator.number];
-    for (Recordset rows(u"select 評価者番号,目的要因番号,比較元要因番号,比較対象要因番号,比較値 from 一対比較"
-                        " where 課題番号=%1 and 比較回数=%2"
-                        " order by 評価者番号,目的要因番号,比較表示順"_s.arg(results.problemNo)
-                            .arg(results.round),
-                        connection);
-         !rows.eof(); rows.moveNext())
-        if (const auto found = evaluators.find(rows[u"評価者番号"_s].toLong()); found != evaluators.end())
-            found->second[rows[u"目的要因番号"_s].toLong()].add(rows[u"比較元要因番号"_s].toLong(),
-                                                                rows[u"比較対象要因番号"_s].toLong(),
-                                                                rows[u"比較値"_s].toDouble());
+// Of the evaluators whose results these are; empty for one who has no comparisons any more.
+ComparisonsByEvaluator readComparisons(Connection& connection, const RoundResults& results) {
+    auto all = readComparisons(ProblemRound{connection, results.problemNo, results.round});
+    ComparisonsByEvaluator evaluators;
+    for (const auto& evaluator : results.evaluators)
+        evaluators[evaluator.number] = std::move(all[evaluator.number]);
     return evaluators;
 }
 
-FactorGraph::Children comparedChildren(const std::map<qint32, EvaluatorRows>& evaluators) {
-    FactorGraph::Children children;
+ChildrenByParent comparedChildren(const ComparisonsByEvaluator& evaluators) {
+    ChildrenByParent children;
     for (const auto& [number, goals] : evaluators)
         for (const auto& [goalNo, rows] : goals)
-            for (const qint32 item : rows.items)
+            for (const qint32 item : rows.items())
                 if (auto& family = children[goalNo]; std::ranges::find(family, item) == family.end())
                     family.push_back(item);
     return children;
 }
 
-RoundComparisons::Goal goalOf(qint32 goalNo, const GoalRows& rows,
+RoundComparisons::Goal goalOf(qint32 goalNo, const GoalComparisons& rows,
                               const std::map<std::pair<qint32, qint32>, int>& edges) {
-    const auto items = itemCount(static_cast<int>(rows.values.size()));
-    if (!items || *items != static_cast<int>(rows.items.size()))
+    const auto items = rows.items();
+    if (items.empty())
         throw RuntimeError(
             ErrorCode::InvalidCall,
             u"目的要因 %1 の一対比較が不完全です。比較値を登録し直してください。"_s.arg(goalNo));
-    RoundComparisons::Goal goal{*items, rows.values, {}};
-    for (const qint32 item : rows.items) {
+    RoundComparisons::Goal goal{static_cast<int>(items.size()), rows.values, {}};
+    for (const qint32 item : items) {
         const auto edge = edges.find({goalNo, item});
         goal.edges.push_back(edge == edges.end() ? -1 : edge->second);
     }
@@ -184,9 +161,9 @@ void count(LeafStability& leaf, int rank) {
 } // namespace
 
 RoundComparisons readRoundComparisons(Connection& connection, const RoundResults& results) {
-    const auto evaluators = readRows(connection, results);
+    const auto evaluators = readComparisons(connection, results);
     RoundComparisons comparisons{FactorGraph(results.problemNo, comparedChildren(evaluators),
-                                             readStructure({connection, results.problemNo, results.round})),
+                                             readStructure(connection, results.problemNo)),
                                  {}};
     std::map<std::pair<qint32, qint32>, int> edges;
     for (const auto& edge : comparisons.graph.edges())

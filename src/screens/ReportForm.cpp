@@ -4,7 +4,7 @@
 
 #include "rounds/AnsweredGoals.h"
 #include "rounds/ReportSelection.h"
-#include "rounds/RoundResults.h"
+#include "rounds/RoundState.h"
 #include "ui_ReportForm.h"
 #include "widgets/ListMark.h"
 

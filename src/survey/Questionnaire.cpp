@@ -1,12 +1,9 @@
 #include "survey/Questionnaire.h"
 
-#include <QHash>
 #include <QSet>
 #include <array>
 
-#include "core/Common.h"
 #include "core/FactorNames.h"
-#include "database/Recordset.h"
 #include "judgement/PairOrder.h"
 #include "rounds/RoundSelection.h"
 #include "text/RuntimeError.h"
@@ -15,29 +12,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Families = QHash<qint32, QList<Factor>>;
-
-Families familiesOf(Connection& connection, qint32 problemNo) {
-    Families families;
-    for (Recordset rows(u"SELECT T1.親要因番号,T1.子要因番号,T2.要因名 FROM 要因構成 T1,要因 T2 "
-                        "WHERE T1.課題番号 = %1 AND T1.子要因番号 = T2.要因番号 "
-                        "ORDER BY T1.親要因番号,T1.子要因表示順"_s.arg(problemNo),
-                        connection);
-         !rows.eof(); rows.moveNext())
-        families[rows[u"親要因番号"_s].toLong()].append(
-            {rows[u"子要因番号"_s].toLong(), Common::NullToEmpty(rows[u"要因名"_s])});
-    return families;
-}
-
 // A factor that stands under several parents is asked once: its comparisons are stored once.
-QList<QuestionGoal> goalsBelow(const Factor& problem, const Families& families) {
+QList<QuestionGoal> goalsBelow(const Factor& problem, const FamiliesByParent& families) {
     QList<QuestionGoal> goals;
     QSet<qint32> met{problem.number};
     QList<Factor> waiting{problem};
     while (!waiting.isEmpty()) {
         const Factor factor = waiting.takeFirst();
         const auto children = families.value(factor.number);
-        if (children.size() > 1) goals.append({factor, children});
+        if (children.size() > 1) goals.append({factor, {children.begin(), children.end()}});
         for (const auto& child : children) {
             if (met.contains(child.number)) continue;
             met.insert(child.number);
@@ -64,7 +47,7 @@ int Questionnaire::pairs() const {
 
 Questionnaire questionnaireOf(const ProblemRound& round) {
     const Factor problem{round.problemNo, factorName(round.connection, round.problemNo)};
-    const auto goals = goalsBelow(problem, familiesOf(round.connection, round.problemNo));
+    const auto goals = goalsBelow(problem, readFamilies(round.connection, round.problemNo));
     if (goals.isEmpty())
         throw RuntimeError(ErrorCode::InvalidCall,
                            u"課題 %1「%2」の要因構成には比較する要因がありません。"_s.arg(

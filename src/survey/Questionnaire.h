@@ -4,7 +4,8 @@
 #include <QList>
 #include <QString>
 
-#include "rounds/AnsweredGoals.h"
+#include "hierarchy/Structure.h"
+#include "rounds/EvaluatorRound.h"
 
 struct QuestionPair {
     int number; // in pair order, from 1

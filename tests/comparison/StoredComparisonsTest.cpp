@@ -32,7 +32,7 @@ TEST_F(StoredComparisonsTest, GoalsAndTheirChildrenAreInOrder) {
     ASSERT_EQ(goals.size(), 3U);
     EXPECT_EQ(goals[1].name, u"要因11"_s);
     QStringList children;
-    for (const auto& child : comparedChildren(*DbConn, 1, 1))
+    for (const auto& child : readGoalChildren(*DbConn, 1, 1))
         children << QString::number(child.number) + child.name;
     EXPECT_EQ(children, (QStringList{u"12要因12"_s, u"11要因11"_s, u"13要因13"_s}));
 }

@@ -1,4 +1,4 @@
-#include "rounds/RoundResults.h"
+#include "rounds/RoundState.h"
 
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
