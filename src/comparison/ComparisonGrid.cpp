@@ -126,7 +126,7 @@ void 比較値設定::Form_Load() {
     ui_->Label10->setText(u"%1 回目　　%2"_s.arg(CmpRound).arg(CmpDate));
     goals_ = readGoals(*DbConn, CmpProblemNo);
     for (const auto& goal : goals_) {
-        ui_->Combo1->addItem(formatNumber(goal.number, u"0000"_s) + u' ' + goal.name);
+        ui_->Combo1->addItem(formatNumber(goal.number, u"0000"_s) + u' ' + joinedLines(goal.name));
         ui_->Combo1->setItemData(ui_->Combo1->count() - 1, plainToolTip(goal.name), Qt::ToolTipRole);
     }
     answered_ = readAnsweredGoals(session());

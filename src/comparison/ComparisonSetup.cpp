@@ -5,6 +5,7 @@
 #include "rounds/AnsweredGoals.h"
 #include "text/Dates.h"
 #include "text/Numbers.h"
+#include "text/TextConversion.h"
 #include "ui_ComparisonSetup.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/ListMark.h"
@@ -55,7 +56,7 @@ void 比較者設定::Combo1_Click() {
         return refuse(u" '%1' の課題評価者は登録されてません。"_s.arg(ui_->Combo1->currentText()));
     evaluators_ = std::move(evaluators);
     ui_->Combo2->clear();
-    for (const auto& [number, name] : evaluators_) ui_->Combo2->addItem(number + u' ' + name);
+    for (const auto& [number, name] : evaluators_) ui_->Combo2->addItem(number + u' ' + joinedLines(name));
     showAnswers(answered);
 }
 

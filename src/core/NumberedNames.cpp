@@ -2,6 +2,7 @@
 
 #include "database/Recordset.h"
 #include "text/Numbers.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;
@@ -23,5 +24,5 @@ std::vector<NumberedName> readProblems() {
 }
 
 QString problemEntry(const NumberedName& problem) {
-    return formatNumber(leadingNumber(problem.number), u"0000"_s) + u' ' + problem.name;
+    return formatNumber(leadingNumber(problem.number), u"0000"_s) + u' ' + joinedLines(problem.name);
 }

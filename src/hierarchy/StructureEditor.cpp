@@ -8,6 +8,7 @@
 #include "database/Recordset.h"
 #include "text/Numbers.h"
 #include "ui_StructureEditor.h"
+#include "widgets/Controls.h"
 #include "widgets/ListSearch.h"
 
 using namespace Qt::StringLiterals;
@@ -18,6 +19,24 @@ namespace {
 constexpr int factorColumn = 1;
 constexpr int treePage = 1;
 constexpr int lastShiftedRow = 10;
+// Half-width columns of the factor list: its headings stand above what they head.
+constexpr int numberColumn = 3;
+constexpr int nameColumn = 14;
+constexpr int numberLengthRole = Qt::UserRole + 1;
+
+// An entry of the factor list is number and name joined, which its columns set apart.
+class FactorColumns : public NameDelegate {
+  public:
+    using NameDelegate::NameDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        NameDelegate::initStyleOption(option, index);
+        const auto numberLength = index.data(numberLengthRole).toInt();
+        const auto between = std::max(nameColumn - numberColumn - numberLength, 1);
+        option->text.insert(numberLength, QString(between, u' ')).prepend(QString(numberColumn, u' '));
+    }
+};
 
 // The controls, laid out on the screen.
 std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
@@ -31,6 +50,8 @@ std::unique_ptr<Ui::StructureEditor> layOut(QWidget* screen) {
 要因構成登録::要因構成登録()
     : Screen(u"要因構成登録"_s), ui_(layOut(this)), tree_(ui_->TreeView1, ui_->TreeView2) {
     search_ = new ListSearch(ui_->Text1, ui_->List1);
+    ui_->List1->setItemDelegate(new FactorColumns(ui_->List1));
+    ui_->headings->setContentsMargins(entryMargin(*ui_->List1), 0, 0, 0);
     setUpGrid();
     addStatusLine(ui_->Label8);
     ui_->Label6->setElideMode(Qt::ElideLeft); // the parent itself stands at the end of its path
@@ -84,8 +105,11 @@ void 要因構成登録::fillProblems() {
 void 要因構成登録::loadFactors() {
     StructList = readNumberedNames(u"SELECT * FROM 要因 ORDER BY 要因番号 "_s, u"要因番号"_s, u"要因名"_s);
     ui_->List1->clear();
-    for (const auto& [number, name] : StructList)
-        ui_->List1->addItem(factorText(Value(number).toLong(), name));
+    for (const auto& [number, name] : StructList) {
+        const auto factorNo = Value(number).toLong();
+        auto* item = new QListWidgetItem(factorText(factorNo, name), ui_->List1);
+        item->setData(numberLengthRole, factorText(factorNo, {}).size());
+    }
     search_->apply();
 }
 
@@ -155,7 +179,7 @@ void 要因構成登録::showChildren() {
 void 要因構成登録::showChild(int row) {
     const auto& child = childOf(row);
     ui_->MSFlexGrid1->setText(row, factorColumn,
-                              child.factorNo == 0 ? QString() : factorText(child.factorNo, child.name));
+                              child.isEmpty() ? QString() : factorText(child.factorNo, child.name));
 }
 
 int 要因構成登録::firstFreeRow(int from) const {
@@ -177,7 +201,8 @@ void 要因構成登録::showPosition() {
     const QString next = parents_.next ? ui_->Combo2->itemText(parentIndex(*parents_.next)) : QString();
     ui_->Label7->setWholeText(problem_ < 0     ? QString()
                               : next.isEmpty() ? u"すべての親要因が設定されています。"_s
-                                               : u"次に設定する親要因： %1"_s.arg(next));
+                              : parents_.isNextFilled ? u"次に登録し直す親要因： %1"_s.arg(next)
+                                                      : u"次に設定する親要因： %1"_s.arg(next));
 }
 
 // The parent at the place, or another node of the same factor: its children are the same. −1 when there is
@@ -249,9 +274,14 @@ void 要因構成登録::finishSave(Structure structure, std::size_t saved) {
     ui_->Combo2->setCurrentIndex(parent_);
     showTree(structure.nodes);
     tree_.revealNext();
-    if (unsaved_) return say(u"空いた行より下の要因（子） %1 件は登録されていません。"_s.arg(notSaved), true);
+    // The Enter that follows a save out of habit goes on, or leaves; it never adds the marked factor again.
+    if (unsaved_) {
+        ui_->MSFlexGrid1->setFocus();
+        ui_->MSFlexGrid1->setCurrent(firstFreeRow(1), factorColumn);
+        return say(u"空いた行より下の要因（子） %1 件は登録されていません。"_s.arg(notSaved), true);
+    }
     say(u"%1 件の要因（子）を登録しました。"_s.arg(saved));
-    if (parents_.next) ui_->Command4->setFocus();
+    (parents_.next ? ui_->Command4 : ui_->Command2)->setFocus();
 }
 
 void 要因構成登録::Command3_Click() {
@@ -275,9 +305,10 @@ void 要因構成登録::Command3_Click() {
 void 要因構成登録::Command4_Click() {
     if (!parents_.next || !mayDiscardChildren(u"破棄しますか ？"_s)) return;
     ui_->SSTab1->setCurrentIndex(0);
+    const bool isFilled = parents_.isNextFilled;
     chooseParent(parentIndex(*parents_.next));
-    ui_->Text1->setFocus();
-    ui_->Text1->selectAll();
+    if (isFilled) return ui_->Command1->setFocus();
+    goTo(ui_->Text1);
 }
 
 // A node that is on offer as parent can be chosen in the tree.

@@ -7,6 +7,7 @@
 #include "core/Common.h"
 #include "database/Recordset.h"
 #include "text/Numbers.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 
@@ -73,7 +74,7 @@ void addChildNodes(Connection& connection, qint32 problemNo, const NodePlace& pa
 } // namespace
 
 QString factorText(qint32 factorNo, const QString& name, const QString& separator) {
-    return formatNumber(factorNo, u"0000"_s) + separator + name;
+    return formatNumber(factorNo, u"0000"_s) + separator + joinedLines(name);
 }
 
 ChildList freeRows() {
@@ -127,7 +128,8 @@ int childrenLostAtGap(Connection& connection, qint32 problemNo, qint32 parentNo,
     const auto saved = savedChildren(children);
     const auto behind = std::span(children).subspan(saved.size());
     const auto stands = [](const auto& rows, qint32 factorNo) {
-        return std::ranges::find(rows, factorNo, &ChildEntry::factorNo) != rows.end();
+        return std::ranges::any_of(
+            rows, [&](const ChildEntry& row) { return !row.isEmpty() && row.factorNo == factorNo; });
     };
     int lost = 0;
     for (auto edges = edgesOf(connection, problemNo, parentNo); !edges.eof(); edges.moveNext()) {
@@ -188,7 +190,8 @@ std::vector<TreeNode> readTree(Connection& connection, qint32 problemNo) {
 
 ParentList readParents(Connection& connection, qint32 problemNo, const QString& problemName, int levels) {
     const NodePlace problem{problemNo, 0, 0};
-    ParentList list{{{problem, std::nullopt, problemName}}, std::nullopt};
+    ParentList list;
+    list.parents.push_back({problem, std::nullopt, problemName});
     Recordset rows(
         u"SELECT T1.親レベル,T1.親シーケンス,T1.親要因番号,T1.子レベル,T1.子シーケンス,T1.子要因番号,"
         "T1.子作成済,T3.要因名 FROM 構成表示 T1,要因 T3 "
@@ -208,13 +211,16 @@ ParentList readParents(Connection& connection, qint32 problemNo, const QString& 
         ended = Common::NullToEmpty(rows[u"子作成済"_s]) == u"0"_s;
     }
     // 子作成済 tells of all problems together: only the tree says whether this one lacks anything. What is
-    // not on offer yet will be when the last parent on offer has been saved.
+    // not on offer yet, also because its own parent has been saved again, will be when the last parent on
+    // offer has been saved.
+    const auto offered = std::span(places).first(list.parents.size() - 1); // all but the problem
     const auto unfilled = std::ranges::find_if(
-        places, [&](const NodePlace& place) { return !filled.contains(place.factorNo); });
-    if (unfilled != places.end())
-        list.next = std::ranges::find(list.parents, *unfilled, &TreeNode::place) != list.parents.end()
-                        ? *unfilled
-                        : list.parents.back().place;
+        offered, [&](const NodePlace& place) { return !filled.contains(place.factorNo); });
+    if (unfilled != offered.end())
+        list.next = *unfilled;
+    else if (offered.size() < places.size())
+        list.next = list.parents.back().place;
+    list.isNextFilled = list.next && filled.contains(list.next->factorNo);
     return list;
 }
 

@@ -19,7 +19,10 @@ struct ChildEntry {
     qint32 factorNo = 0;
     QString name;
 
+    // A row that is free is not saved, nor are those behind it.
     bool isFree() const { return name.isEmpty(); }
+    // A factor may have the number 0, or no name.
+    bool isEmpty() const { return factorNo == 0 && name.isEmpty(); }
 };
 // As many rows as a parent may have children; each node keeps as many sequence numbers for its own on the
 // next level.
@@ -54,9 +57,11 @@ struct TreeNode {
 // display order, as far as the first one whose children have never been saved.
 struct ParentList {
     std::vector<TreeNode> parents;
-    // The parent to go on with, while a node of the tree still lacks children: the first that lacks them, or
-    // the last on offer when that one is not on offer yet.
+    // The parent to go on with, while a node of the tree lacks children or is not on offer yet: the first
+    // that lacks them, or the last on offer when that one is not on offer itself.
     std::optional<NodePlace> next;
+    // It has children already, and nodes behind it are closed until it has been saved again.
+    bool isNextFilled = false;
 };
 
 // The number in four digits and the name, with `separator` between them.

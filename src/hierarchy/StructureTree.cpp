@@ -57,7 +57,7 @@ void StructureTree::mark(const ParentList& parents) {
     next_ = next->second;
     QFont bold = widget_->font();
     bold.setBold(true);
-    next_->setText(1, u"← 次に設定する親要因"_s);
+    next_->setText(1, parents.isNextFilled ? u"← 次に登録し直す親要因"_s : u"← 次に設定する親要因"_s);
     next_->setIcon(0, widget_->style()->standardIcon(QStyle::SP_ArrowRight));
     for (const int column : {0, 1}) next_->setFont(column, bold);
 }

@@ -9,6 +9,7 @@
 #include "text/Numbers.h"
 #include "text/RuntimeError.h"
 #include "ui_ListDialog.h"
+#include "widgets/Controls.h"
 #include "widgets/ListSearch.h"
 
 using namespace Qt::StringLiterals;
@@ -97,8 +98,7 @@ void ListDialog::layOut() {
     new ListSearch(ui_->Text1, ui_->List1);
 
     const int column = QFontMetrics(font).horizontalAdvance(u' ');
-    const int textMargin = ui_->List1->frameWidth() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-    ui_->headings->setContentsMargins(textMargin + numberHeadingColumn * column, 0, 0, 0);
+    ui_->headings->setContentsMargins(entryMargin(*ui_->List1) + numberHeadingColumn * column, 0, 0, 0);
     ui_->Label1->setFixedWidth((nameColumn - numberHeadingColumn) * column);
     ui_->Label2->setFixedWidth((departmentColumn - nameColumn) * column);
 }

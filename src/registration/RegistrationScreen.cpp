@@ -38,7 +38,7 @@ void RegistrationScreen::sayDone(const QString& number, const QString& name, con
 }
 
 void RegistrationScreen::fill(QLineEdit* field, const QString& text) {
-    field->setText(firstLine(text));
+    field->setText(joinedLines(text));
     field->home(false);
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/Common.h"
 #include "database/Recordset.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 using Common::NullToEmpty;
@@ -10,7 +11,8 @@ namespace {
 
 QStringList entries(Recordset rows, const QString& number, const QString& name) {
     QStringList texts;
-    for (; !rows.eof(); rows.moveNext()) texts << rows[number].toText() + u':' + NullToEmpty(rows[name]);
+    for (; !rows.eof(); rows.moveNext())
+        texts << rows[number].toText() + u':' + joinedLines(NullToEmpty(rows[name]));
     return texts;
 }
 

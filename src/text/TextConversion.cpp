@@ -7,6 +7,7 @@
 #include <QStringDecoder>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "text/RuntimeError.h"
 
@@ -86,6 +87,21 @@ QString firstLine(const QString& text) {
         } else if (lineBreaks.contains(character) && !line.isEmpty()) {
             break;
         }
+    }
+    return line;
+}
+
+QString joinedLines(const QString& text) {
+    if (!hasControlCharacters(text)) return text;
+    QString line;
+    bool isApart = false;
+    for (const QChar character : text) {
+        if (isControl(character)) {
+            isApart = isApart || character == u'\t' || lineBreaks.contains(character);
+            continue;
+        }
+        if (std::exchange(isApart, false) && !line.isEmpty()) line += u' ';
+        line += character;
     }
     return line;
 }

@@ -21,6 +21,9 @@ bool hasControlCharacters(const QString& text);
 // The first line that is not empty, without control characters; a tab becomes a blank.
 QString firstLine(const QString& text);
 
+// All lines joined by blanks, without control characters; a tab becomes a blank.
+QString joinedLines(const QString& text);
+
 // One character in the code page windows-31j, nothing when the code page lacks it.
 std::optional<QByteArray> characterInCodePage(char32_t character);
 

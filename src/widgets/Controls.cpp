@@ -4,7 +4,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QStyledItemDelegate>
+#include <QStyle>
 #include <QToolTip>
 #include <QValidator>
 #include <algorithm>
@@ -45,26 +45,32 @@ class OneLine : public QValidator {
     qsizetype selected_ = 0;
 };
 
-class NameDelegate : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override {
-        const bool isCut = sizeHint(option, index).width() > view->viewport()->width();
-        if (event->type() != QEvent::ToolTip || !isCut || index.data(Qt::ToolTipRole).isValid())
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
-        QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), view);
-        return true;
-    }
-};
-
 } // namespace
+
+bool NameDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+    const bool isCut = sizeHint(option, index).width() > view->viewport()->width();
+    if (event->type() != QEvent::ToolTip || !isCut || index.data(Qt::ToolTipRole).isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), view);
+    return true;
+}
+
+void NameDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->text = joinedLines(option->text);
+}
+
+int entryMargin(const QListWidget& list) {
+    return list.frameWidth() + list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+}
 
 void settleControls(QWidget& window) {
     for (auto* field : window.findChildren<QLineEdit*>())
         if (field->validator() == nullptr) field->setValidator(new OneLine(field));
-    for (auto* list : window.findChildren<QListWidget*>()) list->setItemDelegate(new NameDelegate(list));
+    for (auto* list : window.findChildren<QListWidget*>())
+        if (dynamic_cast<NameDelegate*>(list->itemDelegate()) == nullptr)
+            list->setItemDelegate(new NameDelegate(list));
     for (auto* box : window.findChildren<QComboBox*>()) {
         if (box->sizeAdjustPolicy() != QComboBox::AdjustToMinimumContentsLengthWithIcon) continue;
         box->setItemDelegate(new NameDelegate(box));

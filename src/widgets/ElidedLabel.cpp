@@ -3,6 +3,8 @@
 #include <QStylePainter>
 #include <algorithm>
 
+#include "text/TextConversion.h"
+
 using namespace Qt::StringLiterals;
 
 QString plainToolTip(const QString& text) {
@@ -22,5 +24,6 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
     painter.drawItemText(contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
-                         fontMetrics().elidedText(text(), mode_, contentsRect().width()), foregroundRole());
+                         fontMetrics().elidedText(joinedLines(text()), mode_, contentsRect().width()),
+                         foregroundRole());
 }

@@ -5,6 +5,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "text/TextConversion.h"
 #include "widgets/Colours.h"
 #include "widgets/ElidedLabel.h"
 
@@ -113,7 +114,7 @@ void FlexGrid::setText(int row, int column, const QString& text) {
         }
     }
     if (row > 0 && column > 0) shown->setTextAlignment(cellAlignment_);
-    shown->setText(text);
+    shown->setText(joinedLines(text));
     setHint(row, column, text); // long names may be cut
 }
 

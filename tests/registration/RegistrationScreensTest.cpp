@@ -172,11 +172,12 @@ TEST_F(RegistrationScreensTest, FieldsKeepOneLineOfWhatIsPasted) {
         name->paste();
         EXPECT_EQ(name->text(), u"防災"_s);
     }
-    // What was stored with a line break is shown on one line, and can be changed so.
-    run(u"UPDATE 要因 SET 要因名 = '課' || char(13,10) || '題' WHERE 要因番号 = 5"_s);
+    // What was stored with line breaks is shown on one line, here and in the list, and changed so as a whole.
+    run(u"UPDATE 要因 SET 要因名 = char(10) || '課' || char(13,10,9) || '題' || char(7,10) WHERE 要因番号 = 5"_s);
     for (int time = 0; time < 2; ++time) {
         type({{u"Text1", u"5"}});
         click(u"Command3");
-        EXPECT_EQ(texts({u"Text3"}), u"課"_s);
+        click(u"Command2");
+        EXPECT_EQ(factors(), u"1|0|課題|goal 5|2|課 題|"_s);
     }
 }
