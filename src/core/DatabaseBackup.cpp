@@ -1,9 +1,13 @@
 #include "core/DatabaseBackup.h"
 
+#include <QFileInfo>
+
 #include "core/Database.h"
 #include "core/Schema.h"
 #include "database/Connection.h"
 #include "database/DatabaseFile.h"
+#include "files/NewFile.h"
+#include "files/TextFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,12 +36,14 @@ QString whyUnreadable(const QString& file, const RuntimeError& error) {
 } // namespace
 
 void requireSoundDatabase(const QString& file) {
+    removeColdJournal(file, databasePassword);
     if (const QString fault = faultIn(file); !fault.isEmpty())
         throw RuntimeError(ErrorCode::Database, u"データベースに誤りがあります: %1\n%2"_s.arg(file, fault));
 }
 
 void backUpDatabase(const QString& file, const QString& copy) {
-    NewFile target(copy);
+    removeAbandonedFiles(QFileInfo(nativePath(copy)).path());
+    NewFile target(nameOfNewDatabase(copy));
     const auto failed = [&](const QString& why) {
         return RuntimeError(ErrorCode::Database,
                             u"データベースの控えを作れません。\n%1 → %2\n%3"_s.arg(file, copy, why));

@@ -92,7 +92,7 @@ Database tryToOpen(const QString& path, const QString& password, const Cipher& c
     sqlite3_busy_timeout(opened, busyMilliseconds);
     // The key of a file with contents proves right or wrong at the first read.
     if (execute(opened,
-                "PRAGMA temp_store = MEMORY; PRAGMA synchronous = FULL; PRAGMA cache_size = -16384; "
+                "PRAGMA temp_store = MEMORY; PRAGMA synchronous = EXTRA; PRAGMA cache_size = -16384; "
                 "SELECT count(*) FROM sqlite_master"))
         return database;
     if (sqlite3_errcode(opened) != SQLITE_NOTADB || &cipher == &laterCipher)

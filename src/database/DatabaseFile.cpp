@@ -1,17 +1,12 @@
 #include "database/DatabaseFile.h"
 
-#include <fcntl.h>
 #include <sqlcipher/sqlite3.h>
-#include <unistd.h>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
-#include <cerrno>
-#include <cstdio>
 
 #include "database/DatabaseEngine.h"
+#include "files/NewFile.h"
 #include "files/TextFile.h"
 
 using namespace Qt::StringLiterals;
@@ -35,60 +30,26 @@ QString existingFile(const QString& path) {
     throw RuntimeError(ErrorCode::FileAccess, what + u'\n' + path);
 }
 
-// The engine would take a journal that a crash has left for one of the new file, and write old pages into it.
-void refuseForeignJournal(const QString& target) {
-    const QString journal = target + u"-journal"_s;
-    if (!QFileInfo::exists(journal)) return;
+// The engine writes the beginning of a journal last, when all that it needs to undo a change is on the disk:
+// one that begins with zero undoes nothing.
+bool isCold(const QString& journal) {
+    QFile file(journal);
+    char first = 0;
+    return file.open(QIODevice::ReadOnly) && (file.read(&first, 1) == 0 || first == 0);
+}
+
+} // namespace
+
+QString nameOfNewDatabase(const QString& path) {
+    const QFileInfo info(nativePath(path));
+    if (info.exists() || info.isSymLink()) refuse(u"ファイルは既に存在します。"_s, info.filePath());
+    const QString journal = info.filePath() + u"-journal"_s;
+    if (!QFileInfo::exists(journal) || (isCold(journal) && QFile::remove(journal))) return info.filePath();
     refuse(
         u"前回の異常終了で残った記録があるため、この名前では作れません。\n"
         "この名前だったファイルを元の名前に戻し、hollin-database check で調べると、記録は片付きます。"
         "そのファイルがもうなければ、記録を削除してください。"_s,
         journal);
-}
-
-// False, with errno, when the name is taken: a rename would replace what stands there. File systems that know
-// no such rename know hard links.
-bool renameWithoutReplacing(const QByteArray& from, const QByteArray& to) {
-    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) return true;
-    if (errno != EINVAL && errno != ENOSYS) return false;
-    return ::link(from.constData(), to.constData()) == 0 && ::unlink(from.constData()) == 0;
-}
-
-// A power cut must not take back the name of a finished file.
-void syncFolder(const QString& folder) {
-    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return;
-    ::fsync(handle);
-    ::close(handle);
-}
-
-} // namespace
-
-NewFile::NewFile(const QString& target) : target_(nativePath(target)) {
-    const QFileInfo info(target_);
-    if (!info.dir().exists())
-        throw RuntimeError(ErrorCode::PathNotFound, u"パスが見つかりません。\n%1"_s.arg(info.path()));
-    if (info.exists() || info.isSymLink()) refuse(u"ファイルは既に存在します。"_s, target_);
-    refuseForeignJournal(target_);
-    QTemporaryFile reserved(target_ + u".XXXXXX"_s);
-    reserved.setAutoRemove(false);
-    if (!reserved.open()) refuse(u"ファイルを作成できません。(%1)"_s.arg(reserved.errorString()), target_);
-    temporaryPath_ = reserved.fileName();
-}
-
-NewFile::~NewFile() {
-    if (published_) return;
-    QFile::remove(temporaryPath_);
-    QFile::remove(temporaryPath_ + u"-journal"_s);
-}
-
-void NewFile::publish() {
-    if (!renameWithoutReplacing(QFile::encodeName(temporaryPath_), QFile::encodeName(target_)))
-        refuse(errno == EEXIST ? u"ファイルは既に存在します。"_s
-                               : u"ファイルに名前を付けられません。(%1)"_s.arg(qt_error_string(errno)),
-               target_);
-    published_ = true;
-    syncFolder(QFileInfo(target_).path());
 }
 
 void createEncryptedDatabase(const QString& path, const QString& password) {
@@ -100,6 +61,17 @@ void createEncryptedDatabase(const QString& path, const QString& password) {
     const auto database = openEncryptedFile(existingFile(path), password);
     // Writes the first page, so that the file is a database that opens with this password only.
     run(database, "PRAGMA user_version = 1", u"データベースを作成できません。\n%1"_s.arg(path));
+}
+
+void removeColdJournal(const QString& path, const QString& password) {
+    const auto database = openEncryptedFile(existingFile(path), password);
+    const QString journal =
+        QString::fromUtf8(sqlite3_db_filename(database.get(), "main")) + u"-journal"_s; // links followed
+    if (!QFileInfo::exists(journal)) return;
+    // Whoever has the file to himself knows that no journal is being written, and has applied a hot one.
+    if (sqlite3_exec(database.get(), "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) != SQLITE_OK) return;
+    if (isCold(journal)) QFile::remove(journal);
+    sqlite3_exec(database.get(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 QStringList databaseFaults(const QString& path, const QString& password) {

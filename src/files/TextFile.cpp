@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
+#include "files/NewFile.h"
 #include "text/RuntimeError.h"
 #include "text/TextConversion.h"
 
@@ -34,19 +34,4 @@ void writeCodePageLines(const QString& path, const QStringList& lines) {
     QByteArray bytes;
     for (const auto& line : lines) bytes += toCodePage(line) + "\r\n";
     writeWholeFile(path, bytes);
-}
-
-void writeWholeFile(const QString& path, const QByteArray& bytes) {
-    const QFileInfo info(nativePath(path));
-    if (!info.dir().exists())
-        throw RuntimeError(ErrorCode::PathNotFound, u"パスが見つかりません。\n%1"_s.arg(info.path()));
-    QSaveFile file(info.filePath());
-    // The last bytes leave the buffer when it is flushed, and commit() alone does not notice a full disk
-    // then.
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
-        !file.commit())
-        throw RuntimeError(
-            ErrorCode::FileAccess,
-            u"ファイルを書き込めません。ディスクの空き容量とフォルダーの権限を確かめてください。\n%1"_s.arg(
-                info.filePath()));
 }

@@ -18,6 +18,3 @@ QStringList readLines(const QString& path);
 // whole new one is on the disk. Raises error 76 when the folder is missing, 75 when it cannot be written, 5
 // for a character that the code page lacks.
 void writeCodePageLines(const QString& path, const QStringList& lines);
-
-// The bytes, written all or not at all; errors as above.
-void writeWholeFile(const QString& path, const QByteArray& bytes);

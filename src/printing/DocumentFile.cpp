@@ -1,10 +1,9 @@
 #include "printing/DocumentFile.h"
 
 #include <QDateTime>
-#include <QFile>
 
+#include "files/NewFile.h"
 #include "files/TextFile.h"
-#include "text/RuntimeError.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -40,15 +39,6 @@ QString joined(const DocumentName& name, const QString& time) {
     return parts.join(u'_');
 }
 
-// Takes a name that no file has by creating the file, so that no other program can take it meanwhile.
-QString reserveFile(const QString& folder, const QString& name, const QString& type) {
-    for (int number = 1;; ++number) {
-        const auto suffix = number == 1 ? QString() : u"_%1"_s.arg(number);
-        QFile file(u"%1/%2%3.%4"_s.arg(folder, name, suffix, type));
-        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !file.exists()) return file.fileName();
-    }
-}
-
 } // namespace
 
 QString documentTitle(const DocumentName& name) {
@@ -58,12 +48,13 @@ QString documentTitle(const DocumentName& name) {
 QString writeDocument(const QString& folder, const DocumentName& name, const QString& type,
                       const QByteArray& bytes) {
     const auto time = QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
-    auto path = reserveFile(nativePath(folder), joined(name, time), type);
-    try {
-        writeWholeFile(path, bytes);
-    } catch (const RuntimeError&) {
-        QFile::remove(path);
-        throw;
-    }
-    return path;
+    const auto path = [&, title = joined(name, time)](int number) {
+        return u"%1/%2%3.%4"_s.arg(nativePath(folder), title, number == 1 ? QString() : u"_%1"_s.arg(number),
+                                   type);
+    };
+    NewFile file(path(1));
+    file.write(bytes);
+    int number = 1;
+    while (!file.publishAs(path(number))) ++number;
+    return path(number);
 }

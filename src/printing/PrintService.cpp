@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "files/NewFile.h"
 #include "files/Settings.h"
 #include "files/TextFile.h"
 #include "printing/DocumentFile.h"
@@ -48,6 +49,7 @@ void PrintService::load(const QString& appDir) {
     printer_.setScaleMode(ReportPrinter::Millimetres);
     printer_.setFont(reportFont);
     printer_.setOutputFolder(FileDir);
+    removeAbandonedFiles(FileDir);
     OutputTarget = officeTarget;
 }
 

@@ -7,6 +7,7 @@
 #include "core/Schema.h"
 #include "database/Connection.h"
 #include "database/DatabaseFile.h"
+#include "files/NewFile.h"
 #include "startup/Resources.h"
 #include "startup/SampleProblem.h"
 
@@ -35,7 +36,7 @@ void createMessageFile(const QString& path, const QString& resource) {
 } // namespace
 
 void createDatabase(const QString& file, Contents contents) {
-    NewFile created(file);
+    NewFile created(nameOfNewDatabase(file));
     createEncryptedDatabase(created.temporaryPath(), databasePassword);
     Connection connection;
     openDatabaseFile(connection, created.temporaryPath());

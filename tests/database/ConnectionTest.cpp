@@ -1,15 +1,19 @@
 // The database adapter: opening, records, and the unit of work.
+#include <gmock/gmock.h>
+
 #include <QDir>
 #include <QFile>
 
 #include "core/Database.h"
 #include "database/Recordset.h"
-#include "files/TextFile.h"
+#include "files/NewFile.h"
+#include "support/DiskTrace.h"
 #include "support/Helpers.h"
 #include "support/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
 using Common::DbConn;
+using testing::ElementsAre;
 
 class ConnectionTest : public ScreenTest {
   protected:
@@ -113,6 +117,19 @@ TEST_F(ConnectionTest, AUnitOfWorkIsSeenAtOnceAndBecomesDurableTogether) {
     EXPECT_EQ(onDisk(u"select factor from workfac"_s), QString());
     DbConn->endUnitOfWork();
     EXPECT_EQ(onDisk(u"select factor from workfac"_s), u"1 3"_s);
+}
+
+// The commit stands when the journal is gone from its folder, too: only then may anyone be told.
+TEST_F(ConnectionTest, WhatWasReportedIsOnTheDisk) {
+    run(u"insert into workfac (factor) values(1)"_s);
+    const auto commit = diskTrace([] { DbConn->endUnitOfWork(); });
+    EXPECT_THAT(commit.mid(commit.lastIndexOf(u"contents"_s)),
+                ElementsAre(u"contents"_s, u"removal"_s, u"folder"_s));
+    run(u"insert into workfac (factor) values(2)"_s);
+    Raised raised;
+    diskTrace([&] { raised = raisedBy([] { DbConn->endUnitOfWork(); }); }, 1);
+    EXPECT_TRUE(raised.description.contains(u"読み書きに失敗しました"));
+    EXPECT_EQ(stored(u"select factor from workfac"_s), u"1"_s);
 }
 
 TEST_F(ConnectionTest, AKillInTheMiddleLeavesTheStateBefore) {

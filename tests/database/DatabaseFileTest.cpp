@@ -8,7 +8,7 @@
 #include "core/Database.h"
 #include "database/Connection.h"
 #include "database/Recordset.h"
-#include "files/TextFile.h"
+#include "files/NewFile.h"
 #include "support/Helpers.h"
 #include "text/RuntimeError.h"
 

@@ -11,7 +11,7 @@
 #include <QTest>
 #include <csignal>
 
-#include "files/TextFile.h"
+#include "files/NewFile.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
 

@@ -7,7 +7,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include "files/TextFile.h"
+#include "files/NewFile.h"
 #include "printing/PrintService.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"

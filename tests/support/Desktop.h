@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <QTextBrowser>
 
-#include "files/TextFile.h"
+#include "files/NewFile.h"
 
 class Desktop : public QTextBrowser { // has the slot for it
   public:

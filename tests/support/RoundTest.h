@@ -7,7 +7,7 @@
 
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"
-#include "files/TextFile.h"
+#include "files/NewFile.h"
 #include "printing/MadeFiles.h"
 #include "rounds/EvaluatorRound.h"
 #include "support/PrintedPages.h"

@@ -7,7 +7,7 @@
 #include <QTableWidget>
 
 #include "core/FactorNames.h"
-#include "files/TextFile.h"
+#include "files/NewFile.h"
 #include "printing/MadeFiles.h"
 #include "printing/PrintService.h"
 #include "support/Desktop.h"

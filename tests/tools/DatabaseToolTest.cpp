@@ -8,7 +8,7 @@
 #include "core/Schema.h"
 #include "database/Connection.h"
 #include "database/Recordset.h"
-#include "files/TextFile.h"
+#include "files/NewFile.h"
 #include "support/Helpers.h"
 
 using namespace Qt::StringLiterals;
@@ -82,6 +82,30 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
     }
     EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), files);
     EXPECT_EQ(bytesOf(path(u"a.mdb"_s)), before);
+}
+
+// A kill before the journal is whole leaves one that means nothing; the copy that takes the name must not
+// wait for it.
+TEST_F(DatabaseToolTest, ACopyTakesThePlaceOfADatabaseWhoseProgramWasKilled) {
+    ASSERT_EQ(run(u"create a.mdb"_s).exitCode, 0);
+    ASSERT_EQ(run(u"backup a.mdb copy.mdb"_s).exitCode, 0);
+    const QString file = path(u"a.mdb"_s);
+    const QString journal = file + u"-journal"_s;
+    for (const auto& cold : {QByteArray(), QByteArray(512, '\0') + "pages"}) {
+        writeWholeFile(journal, cold);
+        Connection busy;
+        openDatabaseFile(busy, file);
+        const Recordset open(busy, u"SELECT * FROM 評価者");
+        EXPECT_EQ(run(u"check a.mdb"_s).exitCode, 0);
+        EXPECT_FALSE(QFile::exists(journal));
+        writeWholeFile(journal, cold);
+        writeWholeFile(path(u".hollin-Killed"_s), "half a copy");
+        QFile::remove(path(u"old.mdb"_s));
+        ASSERT_TRUE(QFile::rename(file, path(u"old.mdb"_s)));
+        EXPECT_EQ(run(u"backup copy.mdb a.mdb"_s).errors, QString());
+        EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden),
+                  (QStringList{u"a.mdb"_s, u"copy.mdb"_s, u"old.mdb"_s}));
+    }
 }
 
 TEST_F(DatabaseToolTest, SamplesAreEqualRowForRow) {
