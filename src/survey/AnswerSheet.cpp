@@ -12,6 +12,7 @@
 #include "printing/PrintService.h"
 #include "rounds/RoundSelection.h"
 #include "survey/AnswerForm.h"
+#include "survey/AnswerPage.h"
 #include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -19,13 +20,9 @@ using namespace AnswerForm;
 
 namespace {
 
-QString title(const Questionnaire& questionnaire) {
-    return u"調査票　%1（%2回）"_s.arg(questionnaire.problem.name, QString::number(questionnaire.round));
-}
-
 QStringList instructions(const Questionnaire& questionnaire, const Factor& evaluator) {
     QStringList lines{
-        title(questionnaire),
+        titleOf(questionnaire),
         evaluator.name + u"様"_s,
         {},
         u"下の「%1」のシートで、目的ごとに、左と右の要因のどちらがどれだけ重要かをお答えください。"_s.arg(
@@ -147,7 +144,7 @@ void writeInstructions(lxw_worksheet* sheet, const QStringList& lines, const Loo
 // Whose form it is, for which problem and round.
 void writeHeader(lxw_worksheet* sheet, const Questionnaire& questionnaire, const Factor& evaluator,
                  const Looks& looks) {
-    writeText(sheet, 0, 0, title(questionnaire), looks.title);
+    writeText(sheet, 0, 0, titleOf(questionnaire), looks.title);
     lxw_row_t row = 1;
     for (const auto& [label, number, name] :
          {std::tuple{problemLabel, questionnaire.problem.number, questionnaire.problem.name},
@@ -288,35 +285,37 @@ QByteArray answerSpreadsheet(const Questionnaire& questionnaire, const Factor& e
     return book.bytes();
 }
 
-QByteArray answerText(const Questionnaire& questionnaire, const Factor& evaluator) {
-    QString text = QChar(QChar::ByteOrderMark) + textRow({title(questionnaire)});
-    text +=
-        textRow({problemLabel, QString::number(questionnaire.problem.number), questionnaire.problem.name});
-    text += textRow({roundLabel, QString::number(questionnaire.round)});
-    text += textRow({evaluatorLabel, QString::number(evaluator.number), evaluator.name});
-    text += textRow({u"回答の欄に、次のどれかを書いてください。 左が 9 … 左が 2、同じ、右が 2 … 右が 9"_s});
-    const auto row = [&text](const std::array<QString, columns>& cells) {
-        text += textRow(QStringList(cells.begin(), cells.end()));
-    };
-    std::array<QString, columns> headings;
+QList<QStringList> answerRows(const Questionnaire& questionnaire, const Factor& evaluator) {
+    QStringList headings;
     for (int column = 0; column < columns; ++column)
-        headings.at(static_cast<std::size_t>(column)) = heading(static_cast<Column>(column));
-    headings[Meaning].clear();
-    row(headings);
+        headings << (column == Meaning ? QString() : heading(static_cast<Column>(column)));
+    const auto& problem = questionnaire.problem;
+    QList<QStringList> rows{
+        {titleOf(questionnaire)},
+        {problemLabel, QString::number(problem.number), problem.name},
+        {roundLabel, QString::number(questionnaire.round)},
+        {evaluatorLabel, QString::number(evaluator.number), evaluator.name},
+        {u"回答の欄に、次のどれかを書いてください。 左が 9 … 左が 2、同じ、右が 2 … 右が 9"_s},
+        headings};
     for (const auto& goal : questionnaire.goals) {
         const auto number = QString::number(goal.factor.number);
-        row({number, {}, questionOf(goal)});
-        for (const auto& pair : goal.pairs()) {
-            row({number,
-                 QString::number(pair.number),
-                 pair.left.name,
-                 {},
-                 pair.right.name,
-                 {},
-                 QString::number(pair.left.number),
-                 QString::number(pair.right.number)});
-        }
+        rows.append({number, {}, questionOf(goal), {}, {}, {}, {}, {}});
+        for (const auto& pair : goal.pairs())
+            rows.append({number,
+                         QString::number(pair.number),
+                         pair.left.name,
+                         {},
+                         pair.right.name,
+                         {},
+                         QString::number(pair.left.number),
+                         QString::number(pair.right.number)});
     }
+    return rows;
+}
+
+QByteArray answerText(const Questionnaire& questionnaire, const Factor& evaluator) {
+    QString text = QChar(QChar::ByteOrderMark);
+    for (const auto& row : answerRows(questionnaire, evaluator)) text += textRow(row);
     return text.toUtf8();
 }
 
@@ -328,4 +327,9 @@ bool WriteAnswerSpreadsheets(PrintService& print, const RoundSelection& chosen, 
 bool WriteAnswerTexts(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
                       const Progress& progress) {
     return writeForms(print, chosen, u"csv"_s, answerText, progress);
+}
+
+bool WriteAnswerPages(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
+                      const Progress& progress) {
+    return writeForms(print, chosen, u"html"_s, answerPage, progress);
 }

@@ -3,7 +3,9 @@
 #include <QSet>
 #include <array>
 
+#include "core/Common.h"
 #include "core/FactorNames.h"
+#include "database/Recordset.h"
 #include "judgement/PairOrder.h"
 #include "rounds/RoundSelection.h"
 #include "text/RuntimeError.h"
@@ -11,6 +13,18 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QHash<qint32, QString> contentsOf(Connection& connection, qint32 problemNo) {
+    QHash<qint32, QString> contents;
+    for (Recordset rows(connection,
+                        u"SELECT 要因番号,要因内容 FROM 要因 WHERE 要因番号 IN "
+                        "(SELECT 子要因番号 FROM 要因構成 WHERE 課題番号 = ? UNION SELECT ?)",
+                        problemNo, problemNo);
+         !rows.eof(); rows.moveNext())
+        if (const auto text = Common::NullToEmpty(rows[u"要因内容"_s]).trimmed(); !text.isEmpty())
+            contents[rows[u"要因番号"_s].toLong()] = text;
+    return contents;
+}
 
 // A factor that stands under several parents is asked once: its comparisons are stored once.
 QList<QuestionGoal> goalsBelow(const Factor& problem, const FamiliesByParent& families) {
@@ -52,7 +66,11 @@ Questionnaire questionnaireOf(const ProblemRound& round) {
         throw RuntimeError(ErrorCode::InvalidCall,
                            u"課題 %1「%2」の要因構成には比較する要因がありません。"_s.arg(
                                QString::number(round.problemNo), problem.name));
-    return {problem, round.round, goals};
+    return {problem, round.round, goals, contentsOf(round.connection, round.problemNo)};
+}
+
+QString titleOf(const Questionnaire& questionnaire) {
+    return u"調査票　%1（%2回）"_s.arg(questionnaire.problem.name, QString::number(questionnaire.round));
 }
 
 QString questionOf(const QuestionGoal& goal) {

@@ -1,6 +1,7 @@
 // What evaluators are asked in a round: for every goal factor of a problem the pairs of its children.
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -26,12 +27,16 @@ struct Questionnaire {
     qint16 round = 1;
     QList<QuestionGoal>
         goals; // level by level from the problem down; each once; none with less than two children
+    QHash<qint32, QString> contents; // 要因内容 by factor, of those that have any
 
     int pairs() const;
 };
 
 // The problem as its structure stands now. Raises error 5 when there is nothing to compare in it.
 Questionnaire questionnaireOf(const ProblemRound& round);
+
+// "調査票　課題（2回）".
+QString titleOf(const Questionnaire& questionnaire);
 
 // "「…」にとって、左と右のどちらがどれだけ重要ですか。"
 QString questionOf(const QuestionGoal& goal);

@@ -49,7 +49,7 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
 
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
     std::size_t next = 0;
-    for (auto* button : {ui_->Command3, ui_->Command4, ui_->Command5}) {
+    for (auto* button : {ui_->Command3, ui_->Command4, ui_->Command8, ui_->Command5}) {
         const auto& work = surveyWorks()[next++];
         onAction(button, work.caption, [this, &work] { make(work); });
     }

@@ -12,6 +12,8 @@ std::span<const ReportWork> surveyWorks() {
         ReportWork{u"調査票"_s, u"紙の調査票"_s, u"questionnaires"_s, true, false, true, PrintQuestionnaires},
         ReportWork{u"調査票"_s, u"回答用紙 (.xlsx)"_s, u"answer-sheets"_s, true, false, false,
                    WriteAnswerSpreadsheets},
+        ReportWork{u"調査票"_s, u"回答ページ (.html)"_s, u"answer-pages"_s, true, false, false,
+                   WriteAnswerPages},
         ReportWork{u"調査票"_s, u"回答用紙 (.csv)"_s, u"answer-texts"_s, true, false, false,
                    WriteAnswerTexts},
     };

@@ -60,6 +60,7 @@ void addOptions(QCommandLineParser& parser) {
         {u"evaluator"_s, u"評価者番号。何回でも指定できます（既定: 課題評価者の全員）"_s, u"N"_s},
         {u"questionnaires"_s, u"紙の調査票を PDF に出力します"_s},
         {u"answer-sheets"_s, u"回答用紙を .xlsx ファイルに書き出します"_s},
+        {u"answer-pages"_s, u"回答ページを .html ファイルに書き出します"_s},
         {u"answer-texts"_s, u"回答用紙を .csv ファイルに書き出します"_s},
         {u"import"_s, u"回答の入った調査票 FILE... を登録します"_s},
         {u"replace"_s, u"--import で、以前の回答を置き換えます"_s},
