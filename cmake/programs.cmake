@@ -31,10 +31,11 @@ hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp LIBRARIES holl
 hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis hollin_survey)
 hollin_program(hollin-figures WIDGETS SOURCES src/tools/FiguresTool.cpp LIBRARIES hollin_figures_windows)
 
-# Reads spreadsheet files from outside; the other programs run it. It needs nothing of the toolkit.
-add_executable(hollin-sheet src/tools/SheetReader.cpp)
-hollin_include_root(hollin-sheet PRIVATE survey)
-target_link_libraries(hollin-sheet PRIVATE PkgConfig::ORCUS)
+# Reads spreadsheet and text files from outside; the other programs run it. It needs nothing of the toolkit.
+file(GLOB readers CONFIGURE_DEPENDS src/sheets/reader/*.cpp)
+add_executable(hollin-sheet ${readers})
+hollin_include_root(hollin-sheet PRIVATE sheets)
+target_link_libraries(hollin-sheet PRIVATE PkgConfig::ZIP EXPAT::EXPAT ${CSV_LIBRARY} ICU::uc)
 set_target_properties(hollin-sheet PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${HOLLIN_DIRECTORY})
 install(TARGETS hollin-sheet RUNTIME DESTINATION .)
 set_property(GLOBAL APPEND PROPERTY HOLLIN_PROGRAMS hollin-sheet)

@@ -25,8 +25,9 @@ bool importAnswers(const ProblemRound& round, const QStringList& paths, bool rep
                    const std::function<void(const QString& line)>& told) {
     const auto questionnaire = questionnaireOf(round);
     QList<CheckedAnswers> files;
-    for (const auto& path : paths)
-        files.append(checkForm(round.connection, questionnaire, readAnswers(path)));
+    readAnswers(paths, [&](const Answers& answers) {
+        files.append(checkForm(round.connection, questionnaire, answers));
+    });
     checkAgainstEachOther(files);
     bool all = true;
     for (const auto& file : files) {

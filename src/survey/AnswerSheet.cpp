@@ -1,9 +1,5 @@
 #include "survey/AnswerSheet.h"
 
-#include <xlsxwriter.h>
-
-#include <QFile>
-#include <QTemporaryDir>
 #include <array>
 
 #include "core/FactorNames.h"
@@ -11,9 +7,10 @@
 #include "judgement/ComparisonScale.h"
 #include "printing/PrintService.h"
 #include "rounds/RoundSelection.h"
+#include "sheets/CsvRow.h"
+#include "sheets/Spreadsheet.h"
 #include "survey/AnswerForm.h"
 #include "survey/AnswerPage.h"
-#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 using namespace AnswerForm;
@@ -41,47 +38,6 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
     lines << u"　右が 2 ～ 右が 9 … 同じ言葉で、右のほうが重要"_s;
     return lines;
 }
-
-// Files of the writing library, which knows only paths and plain structures.
-class Spreadsheet {
-  public:
-    Spreadsheet() : book_(workbook_new(path().constData())) {
-        if (book_ == nullptr) fail();
-    }
-    Spreadsheet(const Spreadsheet&) = delete;
-    Spreadsheet& operator=(const Spreadsheet&) = delete;
-    ~Spreadsheet() {
-        if (book_ != nullptr) workbook_close(book_);
-    }
-
-    lxw_worksheet* sheet(const QString& name) {
-        return workbook_add_worksheet(book_, name.toUtf8().constData());
-    }
-    lxw_format* format() {
-        auto* format = workbook_add_format(book_);
-        format_set_font_name(format, "ＭＳ Ｐゴシック");
-        format_set_align(format, LXW_ALIGN_VERTICAL_CENTER);
-        return format;
-    }
-    QByteArray bytes() {
-        if (workbook_close(std::exchange(book_, nullptr)) != LXW_NO_ERROR) fail();
-        QFile file(QFile::decodeName(path()));
-        if (!file.open(QIODevice::ReadOnly)) fail();
-        return file.readAll();
-    }
-
-  private:
-    QByteArray path() const { return QFile::encodeName(folder_.filePath(u"form.xlsx"_s)); }
-    [[noreturn]] void fail() const {
-        throw RuntimeError(
-            ErrorCode::FileAccess,
-            u"作業用のファイルを書き込めません。ディスクの空き容量を確かめてください。\n%1"_s.arg(
-                folder_.path()));
-    }
-
-    QTemporaryDir folder_;
-    lxw_workbook* book_;
-};
 
 // The looks of the form's cells.
 struct Looks {
@@ -120,14 +76,6 @@ struct Looks {
 constexpr lxw_row_t openRow = 4;
 constexpr lxw_row_t headingRow = 6;
 constexpr std::array<double, columns> widths{10, 5, 30, 10, 30, 60, 8, 8};
-
-void writeText(lxw_worksheet* sheet, lxw_row_t row, int column, const QString& text, lxw_format* format) {
-    worksheet_write_string(sheet, row, static_cast<lxw_col_t>(column), text.toUtf8().constData(), format);
-}
-
-void writeNumber(lxw_worksheet* sheet, lxw_row_t row, int column, qint32 number, lxw_format* format) {
-    worksheet_write_number(sheet, row, static_cast<lxw_col_t>(column), number, format);
-}
 
 void writeInstructions(lxw_worksheet* sheet, const QStringList& lines, const Looks& looks) {
     worksheet_set_column(sheet, 0, 0, 110, looks.text);
@@ -250,18 +198,6 @@ void writeForm(lxw_worksheet* sheet, const Questionnaire& questionnaire, const F
     worksheet_protect(sheet, nullptr, nullptr);
 }
 
-QString quoted(QString text) {
-    static const QString special = u",\"\r\n"_s;
-    const bool plain = std::ranges::none_of(text, [](QChar letter) { return special.contains(letter); });
-    return plain ? text : u'"' + text.replace(u'"', u"\"\""_s) + u'"';
-}
-
-QString textRow(const QStringList& cells) {
-    QStringList row;
-    for (const auto& cell : cells) row << quoted(cell);
-    return row.join(u',') + u"\r\n"_s;
-}
-
 bool writeForms(PrintService& print, const RoundSelection& chosen, const QString& type,
                 QByteArray (*form)(const Questionnaire&, const Factor& evaluator), const Progress& progress) {
     const auto questionnaire = questionnaireOf(chosen);
@@ -315,7 +251,7 @@ QList<QStringList> answerRows(const Questionnaire& questionnaire, const Factor& 
 
 QByteArray answerText(const Questionnaire& questionnaire, const Factor& evaluator) {
     QString text = QChar(QChar::ByteOrderMark);
-    for (const auto& row : answerRows(questionnaire, evaluator)) text += textRow(row);
+    for (const auto& row : answerRows(questionnaire, evaluator)) text += csvRow(row);
     return text.toUtf8();
 }
 

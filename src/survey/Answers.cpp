@@ -2,17 +2,16 @@
 
 #include <array>
 
+#include "sheets/TableFile.h"
 #include "survey/AnswerForm.h"
-#include "survey/FormFile.h"
 #include "text/Numbers.h"
-#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 using namespace AnswerForm;
 
 namespace {
 
-using Row = QMap<int, FormCell>;
+using Row = QMap<int, TableCell>;
 
 // The columns in which the form's columns stand; -1 where one is missing.
 using Places = std::array<int, columns>;
@@ -41,7 +40,7 @@ class FormReader {
   public:
     explicit FormReader(Answers& answers) : answers_(answers) {}
 
-    void read(const QList<FormSheet>& sheets) {
+    void read(const QList<Table>& sheets) {
         for (const auto& sheet : sheets)
             for (auto row = sheet.rows.begin(); row != sheet.rows.end(); ++row)
                 if (const auto places = placesIn(*row)) return readForm(sheet, row.key(), *places);
@@ -50,7 +49,7 @@ class FormReader {
     }
 
   private:
-    void readForm(const FormSheet& sheet, int headingRow, const Places& places) {
+    void readForm(const Table& sheet, int headingRow, const Places& places) {
         sheet_ = sheet.name;
         for (auto row = sheet.rows.begin(); row != sheet.rows.end(); ++row) {
             if (row.key() < headingRow) readHeader(*row);
@@ -81,7 +80,8 @@ class FormReader {
         const auto text = [&](Column column) { return row.value(places[column]).text.trimmed(); };
         const auto answer = row.value(places[Answer]);
         // The question above a goal's pairs, or a row that has nothing to do with them.
-        if (text(PairNo).isEmpty() && text(LeftNo).isEmpty() && text(Answer).isEmpty() && !answer.isFormula)
+        if (text(PairNo).isEmpty() && text(LeftNo).isEmpty() && text(Answer).isEmpty() &&
+            answer.kind != CellKind::Formula)
             return;
         AnsweredPair pair{place(rowNo), 0, 0, 0, 0, text(Left), text(Right), {}};
         for (const auto& [column, number] : {std::pair{GoalNo, &pair.goalNo},
@@ -92,7 +92,7 @@ class FormReader {
             if (!read) return fault(pair.place, u"「%1」が番号ではありません。"_s.arg(heading(column)));
             *number = *read;
         }
-        if (answer.isFormula)
+        if (answer.kind == CellKind::Formula)
             fault(pair.place, u"回答に数式が入っています。選択肢から選び直してください。"_s);
         else if (!text(Answer).isEmpty()) {
             pair.position = positionOf(text(Answer));
@@ -120,13 +120,14 @@ QString Finding::line() const {
     return place.isEmpty() ? text : place + u"　"_s + text;
 }
 
-Answers readAnswers(const QString& path) {
-    Answers answers;
-    answers.path = path;
-    try {
-        FormReader(answers).read(readFormFile(path));
-    } catch (const RuntimeError& error) {
-        answers.findings.append({Finding::Fault, {}, error.description()});
-    }
-    return answers;
+void readAnswers(const QStringList& paths, const std::function<void(const Answers&)>& take) {
+    readTableFiles(paths, [&take](const TableFile& file) {
+        Answers answers;
+        answers.path = file.path;
+        if (file.fault.isEmpty())
+            FormReader(answers).read(file.tables);
+        else
+            answers.findings.append({Finding::Fault, {}, file.fault});
+        take(answers);
+    });
 }

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
+#include <functional>
 #include <optional>
 
 // Something to tell about a file. With a fault nothing of the file is stored.
@@ -35,5 +36,6 @@ struct Answers {
     QList<Finding> findings;
 };
 
-// Reads a form. Whatever is wrong with the file is among its findings.
-Answers readAnswers(const QString& path);
+// Reads forms one after the other and gives each to `take`. Whatever is wrong with a file is among its
+// findings.
+void readAnswers(const QStringList& paths, const std::function<void(const Answers&)>& take);

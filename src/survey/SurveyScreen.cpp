@@ -6,6 +6,7 @@
 
 #include "files/TextFile.h"
 #include "rounds/ReportSelection.h"
+#include "sheets/TableFile.h"
 #include "survey/SurveyWorks.h"
 #include "ui_SurveyScreen.h"
 #include "widgets/ElidedLabel.h"
@@ -102,7 +103,7 @@ void 調査票::Command6_Click() {
     if (!problemRound()) return ui_->Combo1->setFocus();
     const auto paths =
         QFileDialog::getOpenFileNames(this, u"回答の入った調査票を選ぶ"_s, nativePath(print_.FileDir),
-                                      u"調査票 (*.xlsx *.xlsm *.csv);;すべてのファイル (*)"_s);
+                                      u"調査票 (%1);;すべてのファイル (*)"_s.arg(tableFilePatterns()));
     if (!paths.isEmpty()) readFiles(paths);
 }
 
@@ -113,10 +114,11 @@ void 調査票::readFiles(const QStringList& paths) {
     if (!round) return;
     const auto questionnaire = questionnaireOf(*round);
     QList<CheckedAnswers> files;
-    for (const auto& path : paths) {
-        tell(static_cast<int>(files.size()), static_cast<int>(paths.size()), QFileInfo(path).fileName());
-        files.append(checkForm(*DbConn, questionnaire, readAnswers(path)));
-    }
+    readAnswers(paths, [&](const Answers& answers) {
+        tell(static_cast<int>(files.size()), static_cast<int>(paths.size()),
+             QFileInfo(answers.path).fileName());
+        files.append(checkForm(*DbConn, questionnaire, answers));
+    });
     checkAgainstEachOther(files);
     files_ = std::move(files);
     stored_.clear();

@@ -90,7 +90,11 @@ class SurveyTest : public ScreenTest {
         return path;
     }
     CheckedAnswers checked(const QString& path) {
-        return checkForm(*Common::DbConn, questionnaireOf(round()), readAnswers(path));
+        CheckedAnswers checked;
+        readAnswers({path}, [&](const Answers& answers) {
+            checked = checkForm(*Common::DbConn, questionnaireOf(round()), answers);
+        });
+        return checked;
     }
     QString storedPairs(int evaluator) {
         return rows(
@@ -193,12 +197,12 @@ TEST_F(SurveyTest, CellsThatAreNoAnswersAndFilesThatAreNoFormsAreRefused) {
         QString told;
     } cases[] = {
         {{}, u"空のファイルです。"_s},
-        {good.left(good.size() / 2), u"壊れているか、.xlsx の形式ではないため、読み込めません。"_s},
-        {QByteArray(5 << 20, 'x'), u"大きすぎるため、読み込めません。調査票の回答用紙か確かめてください。"_s},
+        {good.left(good.size() / 2), u"壊れているため、読み込めません。"_s},
+        {QByteArray(5 << 20, 'x'), u"大きすぎるため、読み込めません。正しいファイルか確かめてください。"_s},
         {macros, u"マクロが入っています。マクロのない .xlsx の形式で保存し直してください。"_s},
         {"\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1",
          u"パスワードで保護されているか、古い形式 (.xls) です。パスワードのない .xlsx の形式で保存し直してください。"_s},
-        {QByteArray("a\0b", 3), u".xlsx でも .csv でもないため、読み込めません。"_s},
+        {QByteArray("a\0b", 3), u"この形式では読めません。.xlsx で保存し直してください。"_s},
     };
 #ifndef __SANITIZE_ADDRESS__ // the reader has no limit of memory there
     EXPECT_FALSE(checked(saved(u"form.xlsx"_s, bomb)).canBeStored());

@@ -1,0 +1,7 @@
+// Rows of text files with commas.
+#pragma once
+
+#include <QStringList>
+
+// With carriage return and line feed; cells with a comma, a quote or a line end stand in quotes.
+QString csvRow(const QStringList& cells);
