@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int equalPosition = 8; // "1"
+constexpr double equalDistance =
+    1e-6; // what single precision makes of equal ones: √6 is as near to 2 as to 3
 
 // For the whole numbers 1 to 9; an even one is a compromise between its neighbours.
 constexpr std::array words{u"同じくらい重要",   u"同じ〜やや重要",       u"やや重要",
@@ -40,7 +42,7 @@ int nearestPosition(double value) {
         return std::abs(std::log(value / static_cast<double>(scaleValue(position))));
     };
     for (int position = 1; position < scalePositions; ++position)
-        if (distance(position) < distance(nearest)) nearest = position;
+        if (distance(position) < distance(nearest) - equalDistance) nearest = position;
     return nearest;
 }
 

@@ -13,7 +13,7 @@ float scaleValue(int position);
 constexpr int mirrorPosition(int position) {
     return scalePositions - 1 - position;
 }
-// The position whose value is nearest by ratio; the ends of the scale beyond them.
+// The position whose value is nearest by ratio, the first of equally near ones; the ends of the scale beyond them.
 int nearestPosition(double value);
 
 // How much more important the preferred factor is: "やや重要" for 3 and for 1/3.
