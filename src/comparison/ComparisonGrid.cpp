@@ -27,8 +27,7 @@ namespace {
 constexpr int gridSize = mostChildren + 1; // the fixed row and the items
 constexpr double cellWidth = 3;            // in heights of a line of text
 constexpr double rowHeight = 1.6;
-constexpr int listMargin = 16;     // pixels beside the entries of the chooser's list
-constexpr int namesInSentence = 5; // a name takes at most this part of the line's width
+constexpr int listMargin = 16; // pixels beside the entries of the chooser's list
 const int equalPosition = nearestPosition(1);
 
 // The words of the odd steps of the scale, "1 同じくらい重要　3 やや重要 …", in a line that the window has
@@ -59,6 +58,12 @@ QString consistencyText(const std::optional<Consistency>& found, int items) {
         formatNumber(std::max(consistency.index, 0.0), u"0.000"_s), decimalText(consistencyIndexLimit),
         formatNumber(std::max(consistency.ratio, 0.0), u"0.000"_s), decimalText(consistencyRatioLimit),
         consistency.isAcceptable() ? u"整合しています。"_s : u"限度を超えています。"_s);
+}
+
+// The text that a key types, without those that are commands.
+QString typedText(const QKeyEvent& key) {
+    const bool isCommand = key.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
+    return isCommand ? QString() : key.text();
 }
 
 // The entries of the chooser's list with what each means: the list may lie over the sentence under the grid.
@@ -92,9 +97,9 @@ class ScaleEntries : public QStyledItemDelegate {
     grid->installEventFilter(this);
     ui_->CmbCell->setParent(grid->viewport());
     ui_->CmbCell->setItemDelegate(new ScaleEntries(ui_->CmbCell, [this](int position) {
-        const auto [row, column] = current();
-        return entry_.isPair({row, column}) ? comparisonMeaning(itemMark(row), itemMark(column), position)
-                                            : QString();
+        const auto [row, column] = keyboard_.current();
+        return entry().isPair({row, column}) ? comparisonMeaning(itemMark(row), itemMark(column), position)
+                                             : QString();
     }));
     ui_->CmbCell->view()->installEventFilter(this);
     ui_->CmbCell->view()->window()->installEventFilter(this);
@@ -107,7 +112,7 @@ class ScaleEntries : public QStyledItemDelegate {
     connect(grid, &QTableWidget::cellClicked, this,
             [this](int row, int column) { MSFlexGrid1_Click(row + 1, column + 1); });
     connect(grid, &QTableWidget::currentCellChanged, this, [this] {
-        typed_ = Typed::Nothing;
+        keyboard_.goTo({ui_->MSFlexGrid1->row(), ui_->MSFlexGrid1->column()});
         showSentence();
     });
     connect(ui_->CmbCell->view()->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -174,7 +179,7 @@ void 比較値設定::startGoal() {
     for (int item = 1; item <= n; ++item) showChild(item, children[static_cast<std::size_t>(item - 1)]);
     goalNo_ = goalNo; // only a goal whose children are all shown can be saved
     children_ = std::move(children);
-    entry_ = PairEntry(n);
+    keyboard_ = PairKeyboard(n);
     ui_->MSFlexGrid1->showOnly(n + 1, n + 1);
     fitWindow();
     goTo({1, 2});
@@ -193,7 +198,7 @@ void 比較値設定::askForStart() {
 
 // What was typed and not saved must not vanish by a slip of the hand.
 bool 比較値設定::mayDiscardValues() {
-    return !entry_.isUnsaved() || confirmDiscard(u"保存されていない比較値があります。破棄しますか ？"_s);
+    return !entry().isUnsaved() || confirmDiscard(u"保存されていない比較値があります。破棄しますか ？"_s);
 }
 
 // The list shows the goal factor whose grid stands below.
@@ -204,8 +209,7 @@ void 比較値設定::showGoal() {
 
 void 比較値設定::clearGrid() {
     hideChooser();
-    typed_ = Typed::Nothing;
-    entry_ = PairEntry();
+    keyboard_ = PairKeyboard();
     children_.clear();
     goalNo_.reset();
     ui_->MSFlexGrid1->clearTexts();
@@ -232,19 +236,16 @@ void 比較値設定::fitWindow() {
          std::clamp(y(), free.top(), std::max(free.top(), lowest.y())));
 }
 
-PairCell 比較値設定::current() const {
-    return {ui_->MSFlexGrid1->row(), ui_->MSFlexGrid1->column()};
-}
-
 void 比較値設定::goTo(PairCell cell) {
+    keyboard_.goTo(cell);
     ui_->MSFlexGrid1->setCurrent(cell.row, cell.column);
     ui_->MSFlexGrid1->showCurrent();
 }
 
 void 比較値設定::MSFlexGrid1_Click(int row, int column) {
     hideChooser();
-    typed_ = Typed::Nothing; // what is typed next belongs to the pair whose list opens
-    if (!entry_.isPair({row, column})) return;
+    keyboard_.dropHalfTyped(); // what is typed next belongs to the pair whose list opens
+    if (!entry().isPair({row, column})) return;
     auto* chooser = ui_->CmbCell;
     ui_->MSFlexGrid1->showCurrent();
     chooser->setGeometry(ui_->MSFlexGrid1->cellRect(row, column));
@@ -261,49 +262,29 @@ void 比較値設定::MSFlexGrid1_Click(int row, int column) {
 void 比較値設定::CmbCell_Click(int position) {
     hideChooser();
     ui_->MSFlexGrid1->setFocus();
-    if (position >= 0 && entry_.isPair(current())) enter(current(), position);
+    if (position >= 0) follow([&] { keyboard_.choose(position); });
 }
 
-// A complete value: the grid goes on to the next open pair, and the status line keeps what was entered.
-void 比較値設定::enter(PairCell cell, int position) {
-    entry_.set(cell, position);
-    showCell(cell);
-    goOn(cell);
-}
-
-void 比較値設定::goOn(PairCell from) {
-    typed_ = Typed::Nothing;
-    if (const auto position = entry_.position(from))
-        say(comparisonSentence(shortName(from.row), shortName(from.column), *position));
-    if (const auto open = entry_.nextOpen(from)) goTo(*open);
+void 比較値設定::follow(const std::function<void()>& rules) {
+    const PairCell before = keyboard_.current();
+    rules();
+    for (const PairCell cell : {before, keyboard_.current()})
+        if (entry().isPair(cell)) showCell(cell);
+    goTo(keyboard_.current());
+    // The grid has gone on to the next pair; the status line keeps what was entered.
+    if (const auto completed = keyboard_.takeCompleted())
+        sayOf(namesOf(*completed),
+              [position = entry().position(*completed).value()](const QStringList& names) {
+                  return comparisonSentence(names[0], names[1], position);
+              });
     showState();
 }
 
 void 比較値設定::showCell(PairCell cell) {
-    const auto position = entry_.position(cell);
+    const auto position = entry().position(cell);
     auto* grid = ui_->MSFlexGrid1;
     grid->setText(cell.row, cell.column, position ? scaleText(*position) : QString());
     grid->setText(cell.column, cell.row, position ? scaleText(mirrorPosition(*position)) : QString());
-}
-
-void 比較値設定::clearCell() {
-    clearStatus();
-    if (std::exchange(typed_, Typed::Nothing) != Typed::Slash && entry_.isPair(current()) &&
-        entry_.position(current())) {
-        entry_.set(current(), std::nullopt);
-        showCell(current());
-    }
-    showState();
-}
-
-void 比較値設定::undo() {
-    const auto cell = entry_.undo();
-    if (!cell) return;
-    clearStatus();
-    showCell(*cell);
-    goTo(*cell);
-    typed_ = Typed::Nothing;
-    showState();
 }
 
 void 比較値設定::Command2_Click() {
@@ -313,27 +294,37 @@ void 比較値設定::Command2_Click() {
         ui_->Command1->setFocus();
         return askForStart();
     }
-    if (const auto open = entry_.nextOpen()) {
+    if (const auto open = entry().nextOpen()) {
         refuseAt(ui_->MSFlexGrid1, u"比較値の未設定があります、全てを設定してください"_s);
         return goTo(*open);
     }
+    if (keyboard_.isHalfTyped()) {
+        ui_->MSFlexGrid1->setFocus();
+        return say(
+            u"打ちかけの値「1/ …」があります。2 〜 9 を続けて打つか、Delete キーで取り消してください。"_s,
+            true);
+    }
     std::vector<qint32> items;
     for (const auto& child : children_) items.push_back(child.number);
-    saveComparisons(session(), *goalNo_, CmpDate, items, entry_.values());
+    saveComparisons(session(), *goalNo_, CmpDate, items, entry().values());
     auto answered = readAnsweredGoals(session());
     makeDurable(); // only what is on the disk counts as saved
     answered_ = std::move(answered);
-    entry_.markSaved();
-    typed_ = Typed::Nothing;
+    keyboard_.markSaved();
+    keyboard_.dropHalfTyped();
     showStored();
     const auto next = nextOpenGoal();
-    say(next ? u"登録しました。次は %1 です。"_s.arg(ui_->Combo1->itemText(*next))
-             : u"登録しました。すべての目的要因が登録されています。"_s);
+    if (next)
+        sayOf({ui_->Combo1->itemText(*next)},
+              [](const QStringList& names) { return u"登録しました。次は %1 です。"_s.arg(names[0]); });
+    else
+        say(u"登録しました。すべての目的要因が登録されています。"_s);
     (next ? ui_->Command4 : ui_->Command3)->setFocus();
 }
 
 void 比較値設定::Command3_Click() {
-    if (entry_.isUnsaved() && !confirmDiscard(u"保存されていない比較値があります。終了しますか ？"_s)) return;
+    if (entry().isUnsaved() && !confirmDiscard(u"保存されていない比較値があります。終了しますか ？"_s))
+        return;
     leaveTo(u"メニュー"_s);
 }
 
@@ -358,7 +349,7 @@ bool 比較値設定::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (watched == ui_->MSFlexGrid1) return gridKey(key);
-        if (watched == chooser->view() && typeKey(key)) return true;
+        if (watched == chooser->view() && listKey(key)) return true;
     }
     // A chooser whose list was closed without a choice must not stay: the wheel or an arrow would choose.
     if (watched == chooser->view()->window() && event->type() == QEvent::Hide) {
@@ -369,127 +360,56 @@ bool 比較値設定::eventFilter(QObject* watched, QEvent* event) {
     return Screen::eventFilter(watched, event);
 }
 
-// The whole grid can be filled without the mouse: arrows move, Enter, Space and F2 open the chooser, digits
-// and
-// "/" are the value.
 bool 比較値設定::gridKey(const QKeyEvent& key) {
     if (key.matches(QKeySequence::Undo)) {
-        undo();
+        clearStatus();
+        follow([&] { keyboard_.undo(); });
         return true;
     }
-    switch (key.key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            if (typed_ == Typed::One) {
-                goOn(current());
-                return true;
-            }
-            [[fallthrough]];
-        case Qt::Key_Space:
-        case Qt::Key_F2:
-            MSFlexGrid1_Click(current().row, current().column);
-            return true;
-        case Qt::Key_Delete:
-        case Qt::Key_Backspace:
-            clearCell();
-            return true;
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-            return moveOn(key.key());
-        default:
-            return typeKey(key);
-    }
+    if (key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace) clearStatus();
+    auto pressed = PairKeyboard::Press::Ignored;
+    follow([&] { pressed = keyboard_.press(key.key(), typedText(key)); });
+    const auto [row, column] = keyboard_.current();
+    if (pressed == PairKeyboard::Press::OpensList) MSFlexGrid1_Click(row, column);
+    return pressed != PairKeyboard::Press::Ignored;
 }
 
-// Every printable key is the grid's, in its cells and in the chooser's list alike: the search of the
-// toolkit's own tables and lists would jump to another cell or another value.
-bool 比較値設定::typeKey(const QKeyEvent& key) {
-    const QString typed = toHalfWidth(key.text());
-    const bool isCommand =
-        key.modifiers().testFlag(Qt::ControlModifier) || key.modifiers().testFlag(Qt::AltModifier);
-    if (isCommand || typed.size() != 1 || !typed.front().isPrint()) return false;
-    const bool isScaleKey = typed.front() == u'/' || (typed.front() >= u'1' && typed.front() <= u'9');
-    if (isScaleKey && entry_.isPair(current())) {
-        hideChooser();
-        typeScale(typed.front());
-    }
-    return true;
+bool 比較値設定::listKey(const QKeyEvent& key) {
+    auto pressed = PairKeyboard::Press::Ignored;
+    follow([&] {
+        pressed = keyboard_.type(typedText(key));
+        if (pressed == PairKeyboard::Press::Done) hideChooser();
+    });
+    return pressed != PairKeyboard::Press::Ignored;
 }
 
-// 2 to 9 is a value, and so is "/" with a digit ("1/3" may be typed as it is read). "1" counts at once, but
-// the grid goes on only with the next key, which may be "/".
-void 比較値設定::typeScale(QChar typed) {
-    ui_->MSFlexGrid1->showCurrent();
-    if (typed_ == Typed::One && typed == u'/') {
-        entry_.undo();
-        showCell(current());
-    } else if (typed_ == Typed::One) {
-        if (!entry_.nextOpen(current())) return; // the digit belongs to no pair
-        goOn(current());
-    }
-    if (typed == u'/') {
-        typed_ = Typed::Slash;
-        return showState();
-    }
-    const bool isReciprocal = std::exchange(typed_, Typed::Nothing) == Typed::Slash;
-    const int position = equalPosition - (typed.digitValue() - 1);
-    if (isReciprocal || typed != u'1')
-        return enter(current(), isReciprocal ? mirrorPosition(position) : position);
-    entry_.set(current(), position);
-    typed_ = Typed::One;
-    showCell(current());
-    showState();
-}
-
-// At the end of a row the arrow goes on to the next pair, at its beginning back to the pair before.
-bool 比較値設定::moveOn(int key) {
-    typed_ = Typed::Nothing;
-    const auto [row, column] = current();
-    if (key == Qt::Key_Right && column == entry_.items() && row + 1 < entry_.items()) {
-        goTo({row + 1, row + 2});
-    } else if (key == Qt::Key_Left && column == row + 1 && row > 1) {
-        goTo({row - 1, entry_.items()});
-    } else {
-        return false;
-    }
-    return true;
-}
-
-QString 比較値設定::itemName(int item) const {
-    return itemMark(item) + u' ' + children_.at(static_cast<std::size_t>(item - 1)).name;
-}
-
-// Long names leave room for the rest of the sentence.
-QString 比較値設定::shortName(int item) const {
-    return fontMetrics().elidedText(itemName(item), Qt::ElideRight,
-                                    ui_->MSFlexGrid1->width() / namesInSentence);
-}
-
-// The tool tip has the names whole.
-void 比較値設定::tell(ElidedLabel& label, PairCell cell,
-                      const std::function<QString(const QString& source, const QString& target)>& sentence) {
-    label.setWholeText(sentence(itemName(cell.row), itemName(cell.column)));
-    label.setText(sentence(shortName(cell.row), shortName(cell.column)));
+QStringList 比較値設定::namesOf(PairCell cell) const {
+    QStringList names;
+    for (const int item : {cell.row, cell.column})
+        names << itemMark(item) + u' ' + children_.at(static_cast<std::size_t>(item - 1)).name;
+    return names;
 }
 
 void 比較値設定::showState() {
-    ui_->Label3->setText(
-        entry_.items() == 0 ? QString() : u"入力済 %1 / %2 組"_s.arg(entry_.setPairs()).arg(entry_.pairs()));
+    ui_->Label3->setText(entry().items() == 0
+                             ? QString()
+                             : u"入力済 %1 / %2 組"_s.arg(entry().setPairs()).arg(entry().pairs()));
     showSentence();
     showConsistency();
 }
 
 // What the value of the current pair says, while the list is open the marked one.
 void 比較値設定::showSentence() {
-    const auto cell = current();
-    if (!entry_.isPair(cell)) return ui_->Label4->setWholeText({});
+    const auto cell = keyboard_.current();
+    if (!entry().isPair(cell)) return ui_->Label4->setWholeText({});
     auto* chooser = ui_->CmbCell;
     const auto marked = chooser->view()->currentIndex();
-    auto position = entry_.position(cell);
+    auto position = entry().position(cell);
     if (chooser->isVisible() && marked.isValid()) position = marked.row();
-    tell(*ui_->Label4, cell, [&](const QString& source, const QString& target) {
-        if (position && typed_ != Typed::Slash) return comparisonSentence(source, target, *position);
-        return u"%1 は %2 に比べて %3"_s.arg(source, target, typed_ == Typed::Slash ? u"1/ …"_s : u"…"_s);
+    const bool isHalfTyped = keyboard_.isHalfTyped();
+    ui_->Label4->setSentence(namesOf(cell), [=](const QStringList& names) {
+        if (position && !isHalfTyped) return comparisonSentence(names[0], names[1], *position);
+        return u"%1 は %2 に比べて %3"_s.arg(names[0], names[1], isHalfTyped ? u"1/ …"_s : u"…"_s);
     });
 }
 
@@ -497,15 +417,15 @@ void 比較値設定::showSentence() {
 void 比較値設定::showConsistency() {
     ui_->Label5->setWholeText({});
     ui_->Label6->setWholeText({});
-    if (entry_.items() < 3 || entry_.nextOpen()) return;
-    const auto values = entry_.values();
+    if (entry().items() < 3 || entry().nextOpen()) return;
+    const auto values = entry().values();
     const auto check = checkAnswers({values.begin(), values.end()});
-    ui_->Label5->setWholeText(consistencyText(check.consistency, entry_.items()));
+    ui_->Label5->setWholeText(consistencyText(check.consistency, entry().items()));
     if (!check.oddPair) return;
     const auto& odd = *check.oddPair;
-    tell(*ui_->Label6, {odd.source + 1, odd.target + 1}, [&](const QString& source, const QString& target) {
+    ui_->Label6->setSentence(namesOf({odd.source + 1, odd.target + 1}), [odd](const QStringList& names) {
         return u"ほかの答えと最も離れた組: %1 は %2 に比べて %3（ほかの答えからは %4）"_s.arg(
-            source, target, scaleText(odd.given), scaleText(odd.suggested));
+            names[0], names[1], scaleText(odd.given), scaleText(odd.suggested));
     });
 }
 

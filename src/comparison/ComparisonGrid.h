@@ -6,11 +6,10 @@
 #include <optional>
 #include <vector>
 
-#include "comparison/PairEntry.h"
+#include "comparison/PairKeyboard.h"
 #include "core/Screen.h"
 #include "rounds/AnsweredGoals.h"
 
-class ElidedLabel;
 namespace Ui {
 class ComparisonGrid;
 }
@@ -24,10 +23,6 @@ class 比較値設定 : public Screen {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    // What was typed of a value that is not complete yet: after "1" may come "/", after "/" must come a
-    // digit.
-    enum class Typed { Nothing, One, Slash };
-
     void end() override { Command3_Click(); }
     void Combo1_Click();   // another goal factor: nothing is shown of it until it is started
     void Command1_Click(); // "評価開始"
@@ -48,23 +43,17 @@ class 比較値設定 : public Screen {
     EvaluatorRound session() const;
     std::optional<int> nextOpenGoal() const; // its entry in Combo1
 
-    PairCell current() const;
+    const PairEntry& entry() const { return keyboard_.entry(); }
     void goTo(PairCell cell);
-    void enter(PairCell cell, int position);
-    void goOn(PairCell from);
+    // Shows what the keyboard's rules made of what the user did.
+    void follow(const std::function<void()>& rules);
     void showCell(PairCell cell);
-    void clearCell();
-    void undo();
     void hideChooser();
     bool gridKey(const QKeyEvent& key);
-    bool typeKey(const QKeyEvent& key);
-    void typeScale(QChar typed);
-    bool moveOn(int key);
+    bool listKey(const QKeyEvent& key);
 
-    QString itemName(int item) const;
-    QString shortName(int item) const;
-    void tell(ElidedLabel& label, PairCell cell,
-              const std::function<QString(const QString& source, const QString& target)>& sentence);
+    // The names of the two items that a sentence is about.
+    QStringList namesOf(PairCell cell) const;
     void showState();
     void showSentence();
     void showConsistency();
@@ -75,6 +64,5 @@ class 比較値設定 : public Screen {
     AnsweredGoals answered_;
     std::optional<qint32> goalNo_; // the goal factor whose grid is shown
     std::vector<Factor> children_; // its children, in display order
-    PairEntry entry_;
-    Typed typed_ = Typed::Nothing;
+    PairKeyboard keyboard_;
 };

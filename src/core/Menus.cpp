@@ -128,5 +128,6 @@ bool 登録メニュー::open(const QString& screen) {
     Menu::open(screen);
     if (screen != u"評価者登録"_s || Common::EvaluatorLoadFailed == 0) return true;
     Common::Forms.unload(screen);
+    Common::MsgTitle = windowTitle(); // the menu goes on under its own
     return false;
 }

@@ -5,8 +5,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "widgets/ElidedLabel.h"
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -44,12 +42,17 @@ void Screen::addStatusLine(ElidedLabel* line) {
 }
 
 void Screen::say(const QString& text, bool warns) {
+    sayOf(
+        {}, [&](const QStringList&) { return text; }, warns);
+}
+
+void Screen::sayOf(const QStringList& names, const ElidedLabel::Sentence& sentence, bool warns) {
     if (status_ == nullptr) return;
     QFont font = status_->font();
     font.setBold(warns);
     status_->setFont(font);
-    status_->setWholeText(text);
-    status_->setAccessibleName(text);
+    status_->setSentence(names, sentence);
+    status_->setAccessibleName(status_->text());
     QAccessibleEvent changed(status_, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&changed);
 }

@@ -9,9 +9,8 @@
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "core/Screens.h"
+#include "widgets/ElidedLabel.h"
 #include "widgets/Form.h"
-
-class ElidedLabel;
 
 class Screen : public Form {
   public:
@@ -55,6 +54,8 @@ class Screen : public Form {
     void addStatusLine(ElidedLabel* line = nullptr);
     // What the last action did; `warns` sets off what the user should look at. Each action clears it first.
     void say(const QString& text, bool warns = false);
+    // The same about things with names: where the line has no room, the names are cut.
+    void sayOf(const QStringList& names, const ElidedLabel::Sentence& sentence, bool warns = false);
     void clearStatus();
     // What the action under way has done already: an error does not take it back, and the line that tells of
     // the error tells it, too.

@@ -100,8 +100,11 @@ void HelpWindow::makeCopy(const QString& copy) {
 }
 
 void HelpWindow::showAbout() {
-    Common::MsgText = aboutText();
-    runAction(backUp, [] { Common::showMessage(MessageStyle::Plain, u"このプログラムについて"_s); });
+    const QString title = u"このプログラムについて"_s;
+    runAction(title, [&] {
+        Common::MsgText = aboutText();
+        Common::showMessage(MessageStyle::Plain, title);
+    });
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {

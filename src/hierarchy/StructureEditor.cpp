@@ -93,7 +93,10 @@ void 要因構成登録::Form_Load() {
 
 void 要因構成登録::fillProblems() {
     Recordset rows(configuredProblems, *DbConn);
-    if (rows.eof()) refuse(u"課題が未登録です。 課題登録を行ってください。"_s);
+    if (rows.eof()) {
+        refuse(u"課題が未登録です。 課題登録を行ってください。"_s);
+        say(u"課題登録の後に、課題構成登録 で段数などを登録すると、ここで課題を選べます。"_s);
+    }
     for (; !rows.eof(); rows.moveNext()) {
         const Problem problem{rows[u"課題番号"_s].toLong(), NullToEmpty(rows[u"要因名"_s]),
                               NullToZero(rows[u"構成レベル"_s]).toLong()};
@@ -299,7 +302,9 @@ void 要因構成登録::Command3_Click() {
         showChild(row);
     }
     unsaved_ = true;
-    say(u"一覧から外しました（登録するまで構成は変わりません）： %1"_s.arg(removed));
+    sayOf({removed}, [](const QStringList& names) {
+        return u"'%1' を一覧から外しました（登録するまで構成は変わりません）。"_s.arg(names[0]);
+    });
 }
 
 void 要因構成登録::Command4_Click() {
@@ -317,7 +322,11 @@ void 要因構成登録::TreeView1_DblClick() {
     const auto place = tree_.placeOf(node);
     if (!place) return;
     const int offered = parentIndex(*place);
-    if (offered < 0) return say(u"'%1' は今は要因（親）に選べません。"_s.arg(node->text(0)), true);
+    if (offered < 0)
+        return sayOf(
+            {node->text(0)},
+            [](const QStringList& names) { return u"'%1' は今は要因（親）に選べません。"_s.arg(names[0]); },
+            true);
     if (!mayDiscardChildren(u"破棄しますか ？"_s)) return;
     ui_->SSTab1->setCurrentIndex(0);
     chooseParent(offered);

@@ -87,7 +87,7 @@ void 評価者登録::Command2_Click() {
     DbConn->execute(change);
     makeDurable();
     sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
-    for (auto* field : {ui_->Text1, ui_->Text3, ui_->Text4}) field->clear();
+    clearFields();
     goTo(ui_->Text1);
     Forms.unload(list());
 }

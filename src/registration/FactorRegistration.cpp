@@ -100,7 +100,7 @@ void FactorRegistration::Command2_Click() {
     DbConn->execute(change);
     makeDurable();
     sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
-    for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4}) field->clear();
+    clearFields();
     goTo(ui_->Text1);
     closeFactorList();
 }

@@ -15,6 +15,7 @@ using namespace Common;
     ui_->setupUi(this);
     addStatusLine();
     ui_->Text1->installEventFilter(this);
+    connect(ui_->Text1, &QLineEdit::textChanged, this, [this] { ui_->Label6->setWholeText({}); });
     onAction(ui_->Command1, u"登録"_s, [this] { Command1_Click(); });
     onAction(ui_->Command2, u"変更"_s, [this] { Command2_Click(); });
     onAction(ui_->Command3, u"表示"_s, [this] { Command3_Click(); });
@@ -105,7 +106,7 @@ void 課題構成登録::Command2_Click() {
     const QString name = problemName();
     makeDurable();
     sayDone(shownNumber(), name, u"変更しました。"_s);
-    for (auto* field : {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4, ui_->Text5}) field->clear();
+    clearFields();
     goTo(ui_->Text1);
 }
 

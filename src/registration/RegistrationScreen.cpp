@@ -34,7 +34,14 @@ bool RegistrationScreen::requireText(QLineEdit* field, const QString& text) {
 
 void RegistrationScreen::sayDone(const QString& number, const QString& name, const QString& done) {
     for (auto* field : findChildren<QLineEdit*>()) field->setModified(false);
-    say(u"%1 '%2' を%3"_s.arg(number, name, done));
+    sayOf({name}, [=](const QStringList& names) { return u"%1 '%2' を%3"_s.arg(number, names[0], done); });
+}
+
+void RegistrationScreen::clearFields() {
+    for (auto* field : findChildren<QLineEdit*>()) {
+        field->clear();
+        field->setModified(false);
+    }
 }
 
 void RegistrationScreen::fill(QLineEdit* field, const QString& text) {

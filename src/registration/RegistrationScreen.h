@@ -26,6 +26,9 @@ class RegistrationScreen : public Screen {
     // "0007 '環境' を登録しました。": what the fields hold is stored, and no longer to be lost.
     void sayDone(const QString& number, const QString& name, const QString& done);
 
+    // After a change: nothing is left in the fields, nor to be lost.
+    void clearFields();
+
     // Fills the field from a record and shows the text from its beginning. A change that follows stores what
     // the field shows: of several lines none is lost.
     static void fill(QLineEdit* field, const QString& text);

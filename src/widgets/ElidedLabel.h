@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <functional>
 
 // Tool tip that shows the text as it is, wrapped when it is long; by itself a tool tip would take a name that
 // looks like markup for markup.
@@ -12,6 +13,12 @@ class ElidedLabel : public QLabel {
     using QLabel::QLabel;
 
     void setWholeText(const QString& text);
+    // A sentence about things with names. Where it has no room the names are cut, all to the same width, and
+    // none of its own words.
+    using Sentence = std::function<QString(const QStringList& names)>;
+    void setSentence(const QStringList& names, const Sentence& sentence);
+    // What there is room for.
+    QString shownText() const;
     // Where "…" stands for what has no room; at the end unless another place is set.
     void setElideMode(Qt::TextElideMode mode) { mode_ = mode; }
     QSize minimumSizeHint() const override;
@@ -21,5 +28,8 @@ class ElidedLabel : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    QString sentence_; // the text that names_ and withNames_ belong to
+    QStringList names_;
+    Sentence withNames_;
     Qt::TextElideMode mode_ = Qt::ElideRight;
 };

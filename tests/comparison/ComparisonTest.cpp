@@ -9,6 +9,7 @@
 #include "database/Recordset.h"
 #include "support/ScreenTest.h"
 #include "text/Dates.h"
+#include "widgets/ElidedLabel.h"
 #include "widgets/FlexGrid.h"
 
 using namespace Qt::StringLiterals;
@@ -209,22 +210,8 @@ TEST_F(ComparisonTest, ASingleChildHasNoPairs) {
 
 TEST_F(ComparisonTest, TheKeyboardAloneFillsTheGrid) {
     for (const auto& [typed, values, cell] :
-         {std::tuple{u"32/4"_s, u"3 2 1/4"_s,
-                     std::pair{2, 3}}, // a complete value goes on to the next open pair
+         {std::tuple{u"1/34<~Z"_s, u"1/3 4 ."_s, std::pair{1, 3}}, // what the rules say is done and shown
           {u"1\n1\n1"_s, u"1 1 1"_s, {2, 3}},
-          {u"12"_s, u"1 2 ."_s, {2, 3}}, // the next key completes "1" too
-          {u"1/35"_s, u"1/3 5 ."_s, {2, 3}},
-          {u"/1/95"_s, u"1 1/9 5"_s, {2, 3}},
-          {u"2317"_s, u"2 3 1"_s, {2, 3}}, // a digit behind the last pair belongs to none
-          {u"34<<5"_s, u"5 4 ."_s, {2, 3}},
-          {u"3/<5"_s, u"5 . ."_s, {1, 3}}, // "/" was left behind
-          {u"1/~5"_s, u"5 . ."_s, {1, 3}},
-          {u"0x.3"_s, u"3 . ."_s, {1, 3}},
-          {u"34<~"_s, u"3 . ."_s, {1, 3}},
-          {u"34<~Z"_s, u"3 4 ."_s, {1, 3}},
-          {u"34Z"_s, u"3 . ."_s, {1, 3}},
-          {u"34ZZ"_s, u"3 4 ."_s, {1, 3}},
-          {u"1/4Z"_s, u". . ."_s, {1, 2}},
           {u" \n"_s, u"1 . ."_s, {1, 3}},    // the list opens on "1"
           {u"4<\n\n"_s, u"4 . ."_s, {1, 3}}, // and on the value that is set
           {u" 1/5"_s, u"1/5 . ."_s, {1, 3}}, // the list takes the same keys as the grid
@@ -273,6 +260,16 @@ TEST_F(ComparisonTest, ASentenceSaysWhatTheMarkedValueMeans) {
     keys(u"~"_s);
     EXPECT_EQ(text(grid, u"Label5"_s) + text(grid, u"Label6"_s), QString());
     EXPECT_EQ(text(grid, u"Label3"_s), u"入力済 2 / 3 組"_s);
+    EXPECT_EQ(text(grid, u"Status"_s), QString());
+
+    // Names have all the room that the words of a sentence leave them.
+    run(u"update 要因 set 要因名='感震ブレーカーの配布' where 要因番号=11"_s);
+    run(u"update 要因 set 要因名='%1' where 要因番号=12"_s.arg(QString(99, u'長')));
+    click(grid, u"Command1"_s);
+    auto* sentence = control<ElidedLabel>(grid, u"Label4"_s);
+    EXPECT_EQ(sentence->shownText().count(u"長"_s) > 20, true) << sentence->shownText().toStdString();
+    EXPECT_TRUE(sentence->shownText().endsWith(u"… は ② 感震ブレーカーの配布 に比べて …"_s));
+    EXPECT_LE(sentence->fontMetrics().horizontalAdvance(sentence->shownText()), sentence->width());
 }
 
 TEST_F(ComparisonTest, AfterSavingTheNextOpenGoalIsOneKeyAway) {
@@ -290,7 +287,12 @@ TEST_F(ComparisonTest, AfterSavingTheNextOpenGoalIsOneKeyAway) {
     QTest::keyClick(control(grid, u"Command4"_s), Qt::Key_Return);
     EXPECT_EQ(text(grid, u"Combo1"_s), u"0013 環境"_s);
     EXPECT_EQ(text(grid, u"Label7"_s), u"登録済 1 / 2"_s);
-    keys(u"3"_s);
+    keys(u"31/"_s); // half of a value is neither dropped nor taken for one
+    click(grid, u"Command2"_s);
+    EXPECT_TRUE(text(grid, u"Status"_s).startsWith(u"打ちかけの値"));
+    EXPECT_TRUE(hasFocus(grid, u"MSFlexGrid1"_s));
+    EXPECT_EQ(storedValues().size(), 6);
+    keys(u"5"_s);
     click(grid, u"Command2"_s);
     EXPECT_EQ(text(grid, u"Label7"_s), u"登録済 2 / 2"_s);
     EXPECT_FALSE(control(grid, u"Command4"_s)->isEnabled());

@@ -367,5 +367,6 @@ TEST_F(StructureEditorTest, TabGoesThroughTheControlsInReadingOrder) {
 TEST_F(StructureEditorTest, WhatIsMissingIsTold) {
     Common::Forms.show(editor);
     EXPECT_EQ(takeMessages(), warning(editor, u"課題が未登録です。 課題登録を行ってください。"_s));
+    EXPECT_TRUE(text(editor, u"Status").contains(u"課題構成登録"));
     EXPECT_EQ(told(editor, u"Command1"), warning(editor, u"課題を選択して下さい"_s));
 }

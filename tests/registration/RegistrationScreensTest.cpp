@@ -41,6 +41,7 @@ TEST_F(RegistrationScreensTest, ProposesOnePastTheHighestNumber) {
     EXPECT_EQ(takeMessages().at(0).title, u"94評価者テーブルエラー"_s);
     EXPECT_TRUE(isOpen(u"登録メニュー"));
     EXPECT_FALSE(isOpen(u"評価者登録") || isOpen(u"評価者表示"));
+    EXPECT_EQ(Common::MsgTitle, u"登録メニュー"_s);
 }
 
 TEST_F(RegistrationScreensTest, RefusesInTheOrderOfTheChecks) {
@@ -129,10 +130,15 @@ TEST_F(RegistrationScreensTest, ProblemsBecomeFactorsByChangeAndTheirListStaysOp
     click(u"Command2");
     EXPECT_EQ(texts({u"Status"}), u"0001 'n' を変更しました。"_s);
     EXPECT_TRUE(hasFocus(screen, u"Text1"));
+    for (const auto& next : {u"Text2", u"Text3"}) {
+        QTest::keyClick(Common::Forms.find(screen)->focusWidget(), Qt::Key_Return);
+        EXPECT_TRUE(hasFocus(screen, next)); // Enter goes on to the next field
+    }
+    QTest::keyClick(Common::Forms.find(screen)->focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(factors(), u"1|4|n| 5|2|要因|NULL"_s);
     EXPECT_FALSE(isOpen(u"要因表示"));
     EXPECT_TRUE(isOpen(u"課題要因表示"));
-    Common::Forms.find(screen)->close();
+    QTest::keyClick(control(screen, u"Text1"), Qt::Key_Escape); // the fields are empty
     EXPECT_FALSE(isOpen(screen) || isOpen(u"課題要因表示"));
     EXPECT_TRUE(isOpen(u"登録メニュー"));
 }
