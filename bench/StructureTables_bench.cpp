@@ -15,12 +15,14 @@ constexpr int levels = 5;
 // A full tree of `nodes` factors below problem 1.
 struct Problem : MeasuredDirectory {
     explicit Problem(int nodes) {
-        const QString numbers =
-            u"WITH RECURSIVE n(i) AS (SELECT 0 UNION SELECT i + 1 FROM n WHERE i < %1) "_s;
-        Common::DbConn->execute(u"INSERT INTO 要因 "_s + numbers.arg(factors) +
-                                u"SELECT i + 1,1,'要因' || i,'' FROM n"_s);
-        Common::DbConn->execute(u"INSERT INTO 要因構成 "_s + numbers.arg(nodes - 1) +
-                                u"SELECT 1,i / %1 + 1,i + 2,i % %1 + 1,'1' FROM n"_s.arg(childrenOfEach));
+        Common::DbConn->execute(
+            u"INSERT INTO 要因 WITH RECURSIVE n(i) AS (SELECT 0 UNION SELECT i + 1 FROM n WHERE i < ?) "
+            "SELECT i + 1,1,'要因' || i,'' FROM n",
+            factors);
+        Common::DbConn->execute(
+            u"INSERT INTO 要因構成 WITH RECURSIVE n(i) AS (SELECT 0 UNION SELECT i + 1 FROM n WHERE i < ?1) "
+            "SELECT 1,i / ?2 + 1,i + 2,i % ?2 + 1,'1' FROM n",
+            nodes - 1, childrenOfEach);
         Common::DbConn->endUnitOfWork();
     }
 };

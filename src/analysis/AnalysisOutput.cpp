@@ -39,30 +39,27 @@ QList<ReportColumn> allColumns() {
 }
 
 bool anyoneHasTotals(const ProblemRound& of) {
-    return !Recordset(
-                u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
-                " order by 子要因番号"_s.arg(of.problemNo)
-                    .arg(of.round),
-                of.connection)
+    return !Recordset(of.connection,
+                      u"select * from 評価結果 where レベル = 2 and 課題番号=? and 比較回数=?"
+                      " order by 子要因番号",
+                      of.problemNo, of.round)
                 .eof();
 }
 
 // The weights of all edges with the keys of the tree, then the totals of the leaves: evaluator in long3.
 void fillTable(const ProblemRound& of) {
-    of.connection.execute(u"DELETE from tempfac"_s);
-    const QString head = u"insert into tempfac (parent,child,long2,score,score2,long3,dno)"_s;
+    of.connection.execute(u"delete from tempfac");
     of.connection.execute(
-        head +
-        u"select 親要因番号,子要因番号,レベル,評価値,総合評価値,評価者番号,work2 from 評価結果,workfac"
-        " where 課題番号=%1 and 比較回数=%2 and 親要因番号=factor and 子要因番号=work1"
-        " and レベル <> 2"_s.arg(of.problemNo)
-            .arg(of.round));
+        u"insert into tempfac (parent,child,long2,score,score2,long3,dno)"
+        " select 親要因番号,子要因番号,レベル,評価値,総合評価値,評価者番号,work2 from 評価結果,workfac"
+        " where 課題番号=? and 比較回数=? and 親要因番号=factor and 子要因番号=work1"
+        " and レベル <> 2",
+        of.problemNo, of.round);
     of.connection.execute(
-        head +
-        u"select 親要因番号,子要因番号,レベル,総合評価値,総合評価値,評価者番号,%3 from 評価結果"
-        " where 課題番号=%1 and 比較回数=%2 and レベル = 2"_s.arg(of.problemNo)
-            .arg(of.round)
-            .arg(totalsKey));
+        u"insert into tempfac (parent,child,long2,score,score2,long3,dno)"
+        " select 親要因番号,子要因番号,レベル,総合評価値,総合評価値,評価者番号,? from 評価結果"
+        " where 課題番号=? and 比較回数=? and レベル = 2",
+        totalsKey, of.problemNo, of.round);
 }
 
 struct Analysis {
@@ -75,7 +72,7 @@ struct Analysis {
 // Numbers of the evaluators whose values are in the table.
 std::set<qint32> readEvaluators(Connection& connection) {
     std::set<qint32> numbers;
-    for (Recordset rows(u"select distinct long3 from tempfac"_s, connection); !rows.eof(); rows.moveNext())
+    for (Recordset rows(connection, u"select distinct long3 from tempfac"); !rows.eof(); rows.moveNext())
         numbers.insert(rows[u"long3"_s].toLong());
     return numbers;
 }
@@ -84,8 +81,8 @@ Analysis analyse(const ProblemRound& of) {
     const auto levels = numberForReport(of.connection, of.problemNo);
     fillTable(of);
     Analysis analysis{VariationGrade(of), readEvaluators(of.connection), {}, {}};
-    for (auto& factor :
-         readFactorValues(of, u"select * from tempfac order by dno,child"_s, u"long3"_s, levels))
+    for (auto& factor : readFactorValues(
+             of.problemNo, {of.connection, u"select * from tempfac order by dno,child"}, u"long3"_s, levels))
         (factor.isTotal ? analysis.totals : analysis.tree).push_back(std::move(factor));
     return analysis;
 }

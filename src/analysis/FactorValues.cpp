@@ -2,9 +2,6 @@
 
 #include <algorithm>
 
-#include "database/Recordset.h"
-#include "rounds/RoundSelection.h"
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,11 +17,11 @@ bool has(const FactorValues& factor, qint32 evaluatorNo) {
 
 } // namespace
 
-std::vector<FactorValues> readFactorValues(const ProblemRound& of, const QString& sql,
-                                           const QString& evaluatorField, const TreeLevels& levels) {
+std::vector<FactorValues> readFactorValues(qint32 problemNo, Recordset rows, const QString& evaluatorField,
+                                           const TreeLevels& levels) {
     std::vector<FactorValues> factors;
     std::map<TreePair, Places> known;
-    for (Recordset rows(sql, of.connection); !rows.eof(); rows.moveNext()) {
+    for (; !rows.eof(); rows.moveNext()) {
         const TreePair pair{rows[u"dno"_s].toDouble(), rows[u"parent"_s].toLong(), rows[u"child"_s].toLong()};
         const EvaluatorValue value{rows[evaluatorField].toLong(), rows[u"score"_s].toDouble()};
         auto& places = known[pair];
@@ -34,7 +31,7 @@ std::vector<FactorValues> readFactorValues(const ProblemRound& of, const QString
         if (place == places.end()) {
             const auto& [key, parentNo, childNo] = pair;
             FactorValues factor;
-            factor.isTotal = key == totalsKey && parentNo == of.problemNo;
+            factor.isTotal = key == totalsKey && parentNo == problemNo;
             const int level = factor.isTotal ? totalsLevel : levelOf(levels, pair, places.size());
             factor.place = {parentNo, childNo, level, key};
             place = places.insert(place, factors.size());

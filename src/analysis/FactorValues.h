@@ -5,9 +5,8 @@
 #include <vector>
 
 #include "analysis/Statistics.h"
+#include "database/Recordset.h"
 #include "hierarchy/TreePlace.h"
-
-struct ProblemRound;
 
 // The key of the totals in `tempfac`. Keys of a deep hierarchy can be greater; the totals are last all the
 // same.
@@ -26,6 +25,7 @@ struct FactorValues {
 };
 
 // The factors in tree order, the totals last; a factor for each pair of parent and child and each place where
-// it stands. `sql` reads `tempfac` by key and child; `evaluatorField` is the column with the evaluator.
-std::vector<FactorValues> readFactorValues(const ProblemRound& of, const QString& sql,
-                                           const QString& evaluatorField, const TreeLevels& levels);
+// it stands. `rows` are those of `tempfac` by key and child; `evaluatorField` is the column with the
+// evaluator.
+std::vector<FactorValues> readFactorValues(qint32 problemNo, Recordset rows, const QString& evaluatorField,
+                                           const TreeLevels& levels);

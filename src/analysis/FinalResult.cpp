@@ -61,13 +61,12 @@ bool SetCoefficients(PrintService& print, const RoundSelection& chosen, const Re
 bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
     auto& connection = of.connection;
     const QString problem = NullToEmpty(
-        Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(of.problemNo), connection)[u"要因名"_s]);
-    connection.execute(u"delete from 総合係数 where 課題番号=%1"_s.arg(of.problemNo));
-    Recordset rows(
-        u"select 子要因番号,総合評価値 from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2 order by 子要因番号"_s
-            .arg(of.problemNo)
-            .arg(of.round),
-        connection);
+        Recordset(connection, u"select 要因名 from 要因 where 要因番号=?", of.problemNo)[u"要因名"_s]);
+    connection.execute(u"delete from 総合係数 where 課題番号=?", of.problemNo);
+    Recordset rows(connection,
+                   u"select 子要因番号,総合評価値 from 評価結果 where レベル = 2 and 課題番号=? and "
+                   u"比較回数=? order by 子要因番号",
+                   of.problemNo, of.round);
     if (rows.eof()) {
         refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
         return false;
@@ -80,10 +79,8 @@ bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
         const QString coefficient = nextCoefficient(rows, name);
         names += u',' + Quote(name);
         coefficients += u',' + coefficient;
-        connection.execute(
-            u"insert into 総合係数 (課題番号,要因番号,係数値) values(%1,%2,%3)"_s.arg(of.problemNo)
-                .arg(factorNo)
-                .arg(coefficient));
+        connection.execute(u"insert into 総合係数 (課題番号,要因番号,係数値) values(?,?,?)", of.problemNo,
+                           factorNo, Value(coefficient).toDouble());
     }
     connection.endUnitOfWork(); // the file shows what is on the disk
     writeCodePageLines(filePath(folder, problem), {names, coefficients});
@@ -93,9 +90,9 @@ bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
 std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32 problemNo) {
     std::vector<RankedCoefficient> ranked;
     for (Recordset rows(
-             u"select 要因番号,係数値 from 総合係数 where 課題番号=%1 order by 係数値 desc,要因番号"_s.arg(
-                 problemNo),
-             connection);
+             connection,
+             u"select 要因番号,係数値 from 総合係数 where 課題番号=? order by 係数値 desc,要因番号",
+             problemNo);
          !rows.eof(); rows.moveNext()) {
         const QString coefficient = formatNumber(rows[u"係数値"_s].toDouble(), coefficientPattern);
         const bool tie = !ranked.empty() && ranked.back().coefficient == coefficient;

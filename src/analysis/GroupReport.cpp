@@ -102,8 +102,9 @@ bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const Re
     progress(done, count, {});
     const auto levels = FillGroupTable(chosen);
     FactorNames names(chosen.connection);
-    auto factors = readFactorValues(chosen, u"select * from tempfac order by dno,child,score desc"_s,
-                                    u"long2"_s, levels);
+    auto factors = readFactorValues(
+        chosen.problemNo, {chosen.connection, u"select * from tempfac order by dno,child,score desc"},
+        u"long2"_s, levels);
     std::vector<GroupRow> rows;
     const auto rowsOnce = [&]() -> const std::vector<GroupRow>& {
         if (rows.empty()) rows = groupRows(names, std::move(factors));
@@ -121,19 +122,18 @@ bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const Re
 TreeLevels FillGroupTable(const ProblemRound& of) {
     auto& connection = of.connection;
     auto levels = numberForReport(connection, of.problemNo);
-    connection.execute(u"delete from tempfac"_s);
+    connection.execute(u"delete from tempfac");
     // A leaf right below the problem has a row of level 2 with the same parent: its value counts paths.
     connection.execute(
         u"insert into tempfac(parent,child,dno,score,long2)"
         " select t1.factor,t1.work1,t1.work2,t2.評価値,t2.評価者番号"
-        " from workfac t1,評価結果 t2 where t2.課題番号 = %1 and t2.比較回数=%2"
-        " and t1.work1 = t2.子要因番号 and t1.factor = t2.親要因番号 and t2.レベル <> 2"_s.arg(of.problemNo)
-            .arg(of.round));
+        " from workfac t1,評価結果 t2 where t2.課題番号 = ? and t2.比較回数=?"
+        " and t1.work1 = t2.子要因番号 and t1.factor = t2.親要因番号 and t2.レベル <> 2",
+        of.problemNo, of.round);
     connection.execute(
         u"insert into tempfac(parent,child,dno,score,long2)"
-        " select 親要因番号,子要因番号,%3,総合評価値,評価者番号"
-        " from 評価結果 where 課題番号 = %1 and 比較回数=%2 and レベル=2"_s.arg(of.problemNo)
-            .arg(of.round)
-            .arg(totalsKey));
+        " select 親要因番号,子要因番号,?,総合評価値,評価者番号"
+        " from 評価結果 where 課題番号 = ? and 比較回数=? and レベル=2",
+        totalsKey, of.problemNo, of.round);
     return levels;
 }

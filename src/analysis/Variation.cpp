@@ -64,10 +64,10 @@ QString gradeLetter(double variation) {
 
 QString VariationGrade(const ProblemRound& of) {
     Recordset rows(
-        u"select 親要因番号,子要因番号,評価値 from 評価結果 where 課題番号=%1 and 比較回数=%2 and レベル<>2"
-        " order by 親要因番号,子要因番号"_s.arg(of.problemNo)
-            .arg(of.round),
-        of.connection);
+        of.connection,
+        u"select 親要因番号,子要因番号,評価値 from 評価結果 where 課題番号=? and 比較回数=? and レベル<>2"
+        " order by 親要因番号,子要因番号",
+        of.problemNo, of.round);
     Variation variation;
     while (!rows.eof()) addNextFamily(variation, of.connection, rows);
     return gradeLetter(variation.children == 0 ? 0 : variation.total / variation.children);

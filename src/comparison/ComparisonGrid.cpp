@@ -42,9 +42,10 @@ QString scaleLegend() {
 // Children of the goal factor that has the most.
 int mostSiblings(qint32 problemNo) {
     return readNumber(
+        *DbConn,
         u"SELECT coalesce(max(children),0) AS most FROM (SELECT count(*) AS children FROM 要因構成 "
-        "WHERE 課題番号 = %1 GROUP BY 親要因番号)"_s.arg(problemNo),
-        *DbConn);
+        "WHERE 課題番号 = ? GROUP BY 親要因番号)",
+        problemNo);
 }
 
 // What the calculation will find, or why it will not.

@@ -40,12 +40,14 @@ void 比較者設定::Form_Load() {
 
 void 比較者設定::Combo1_Click() {
     const auto& problem = problems_.at(static_cast<std::size_t>(ui_->Combo1->currentIndex()));
-    const Recordset round(u"SELECT 比較回数 FROM 課題 WHERE 課題番号 = %1"_s.arg(problem.number), *DbConn);
-    auto evaluators = readNumberedNames(
-        u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2  "
-        "WHERE 課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(
-            problem.number),
-        u"評価者番号"_s, u"評価者氏名"_s);
+    const Recordset round(*DbConn, u"SELECT 比較回数 FROM 課題 WHERE 課題番号 = ?",
+                          leadingNumber(problem.number));
+    auto evaluators =
+        readNumberedNames({*DbConn,
+                           u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2  "
+                           "WHERE 課題番号 = ? AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 ",
+                           leadingNumber(problem.number)},
+                          u"評価者番号"_s, u"評価者氏名"_s);
     const QString roundText = NullToEmpty(round[u"比較回数"_s]);
     const auto shown = shownRound(*DbConn, problem.number, roundText);
     const auto answered = shown ? std::optional(readAnsweredGoals(*shown)) : std::nullopt;
@@ -94,8 +96,7 @@ bool 比較者設定::takeProblem() {
     }
     CmpProblemNo = Value(problems_.at(static_cast<std::size_t>(chosen)).number).toLong();
     CmpProblemName = problems_.at(static_cast<std::size_t>(chosen)).name;
-    const Recordset structure(u"SELECT 課題番号 FROM 要因構成 WHERE 課題番号 = %1"_s.arg(CmpProblemNo),
-                              *DbConn);
+    const Recordset structure(*DbConn, u"SELECT 課題番号 FROM 要因構成 WHERE 課題番号 = ?", CmpProblemNo);
     if (!structure.eof()) return true;
     refuseAt(ui_->Combo1, u"選択された評価対象課題は要因構成に存在しません"_s);
     return false;
@@ -125,11 +126,8 @@ bool 比較者設定::takeDate() {
 // Entering a round again is allowed; the evaluator should only know of it.
 void 比較者設定::tellExistingRound() {
     const Recordset values(
-        u"SELECT 比較回数 FROM 一対比較 WHERE 課題番号 = %1 AND 比較回数 =%2 AND 評価者番号 =%3"_s
-            .arg(CmpProblemNo)
-            .arg(CmpRound)
-            .arg(CmpEvaluatorNo),
-        *DbConn);
+        *DbConn, u"SELECT 比較回数 FROM 一対比較 WHERE 課題番号 = ? AND 比較回数 = ? AND 評価者番号 = ?",
+        CmpProblemNo, CmpRound, CmpEvaluatorNo);
     if (!values.eof()) inform(u"指定された比較回数は一対比較に存在します"_s);
 }
 

@@ -11,11 +11,8 @@ void saveComparisons(const EvaluatorRound& of, qint32 goalNo, const QString& dat
     if (static_cast<int>(values.size()) != pairCount(static_cast<int>(items.size())))
         throw RuntimeError(ErrorCode::InvalidCall);
     of.connection.execute(
-        u" DELETE FROM 一対比較 WHERE 課題番号 = %1AND 目的要因番号 = %2AND 比較回数 = %3AND 評価者番号 = %4"_s
-            .arg(of.problemNo)
-            .arg(goalNo)
-            .arg(of.round)
-            .arg(of.evaluatorNo));
+        u"DELETE FROM 一対比較 WHERE 課題番号 = ? AND 目的要因番号 = ? AND 比較回数 = ? AND 評価者番号 = ?",
+        of.problemNo, goalNo, of.round, of.evaluatorNo);
     int pair = 0;
     for (std::size_t source = 0; source < items.size(); ++source)
         for (std::size_t target = source + 1; target < items.size(); ++target, ++pair)

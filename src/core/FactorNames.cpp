@@ -14,14 +14,13 @@ QString nameFrom(const Recordset& row, const QString& field) {
 } // namespace
 
 QString factorName(Connection& connection, qint32 factorNo) {
-    return nameFrom(Recordset(u"select 要因名 from 要因 where 要因番号=%1"_s.arg(factorNo), connection),
+    return nameFrom(Recordset(connection, u"select 要因名 from 要因 where 要因番号=?", factorNo),
                     u"要因名"_s);
 }
 
 QString evaluatorName(Connection& connection, qint32 evaluatorNo) {
-    return nameFrom(
-        Recordset(u"select 評価者氏名 from 評価者 where 評価者番号=%1"_s.arg(evaluatorNo), connection),
-        u"評価者氏名"_s);
+    return nameFrom(Recordset(connection, u"select 評価者氏名 from 評価者 where 評価者番号=?", evaluatorNo),
+                    u"評価者氏名"_s);
 }
 
 QString FactorNames::operator[](qint32 factorNo) {

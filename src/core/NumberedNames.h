@@ -4,13 +4,16 @@
 #include <vector>
 
 #include "core/Common.h"
+#include "database/Recordset.h"
 
-// Number and name of each record of the statement, in its order; a name that is null reads as "".
-std::vector<Common::NumberedName> readNumberedNames(const QString& sql, const QString& numberColumn,
+// Number and name of each record, in their order; a name that is null reads as "".
+std::vector<Common::NumberedName> readNumberedNames(Recordset rows, const QString& numberColumn,
                                                     const QString& nameColumn);
 
 // Reads number, class, name and structure level of all configured problems by number.
-extern const QString configuredProblems;
+inline constexpr Sql configuredProblems =
+    u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル FROM 課題 T1,要因 T2 "
+    "WHERE T1.課題番号 = T2.要因番号 order by 課題番号";
 
 // All configured problems by number.
 std::vector<Common::NumberedName> readProblems();

@@ -5,7 +5,6 @@
 
 #include "database/Connection.h"
 #include "database/Recordset.h"
-#include "database/SqlText.h"
 #include "text/RuntimeError.h"
 
 // A static library's resources are linked only when someone asks for them, and the macro that asks must stand
@@ -30,15 +29,14 @@ QStringList schemaStatements() {
 }
 
 bool exists(Connection& connection, const QString& table) {
-    return Recordset(
-               u"SELECT name FROM sqlite_master WHERE type = 'table' AND name = %1"_s.arg(quoted(table)),
-               connection)
+    return Recordset(connection, u"SELECT name FROM sqlite_master WHERE type = 'table' AND name = ?", table)
                .recordCount() > 0;
 }
 
 bool hasColumn(Connection& connection, const SchemaTable& table, const QString& column) {
     try {
-        static_cast<void>(Recordset(u"SELECT %1 FROM %2 WHERE 0 = 1"_s.arg(column, table.name), connection));
+        static_cast<void>(
+            Recordset(connection, SchemaSql{u"SELECT %1 FROM %2 WHERE 0 = 1"_s.arg(column, table.name)}));
         return true;
     } catch (const RuntimeError&) {
         return false;
@@ -63,7 +61,7 @@ std::vector<SchemaTable> schemaTables() {
 }
 
 void createSchema(Connection& connection) {
-    for (const auto& statement : schemaStatements()) connection.execute(statement);
+    for (const auto& statement : schemaStatements()) connection.execute(SchemaSql{statement});
 }
 
 QStringList missingFromSchema(Connection& connection) {

@@ -3,8 +3,8 @@
 #include <sqlcipher/sqlite3.h>
 
 #include <QFileInfo>
+#include <cmath>
 
-#include "database/SqlText.h"
 #include "files/TextFile.h"
 #include "text/Overloaded.h"
 
@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// More than the program has shapes of statements.
-constexpr std::size_t mostShapes = 200;
+// More than the program has statements.
+constexpr std::size_t mostStatements = 200;
 
 // What stands between the two texts in a connection string; to its end where the second is empty. A folder
 // may have ";" in its name.
@@ -64,13 +64,7 @@ void Connection::close() {
     endUnitOfWork(closing.get());
 }
 
-void Connection::execute(const QString& sql) {
-    const auto statement = prepare(sql);
-    while (step(statement)) {
-    }
-}
-
-void Connection::run(Sql sql, std::initializer_list<Value> values) {
+void Connection::run(const QString& sql, std::initializer_list<Value> values) {
     const auto statement = prepare(sql, values);
     while (step(statement)) {
     }
@@ -96,7 +90,7 @@ void Connection::endUnitOfWork(sqlite3* database) {
 Connection::Statement::~Statement() {
     if (compiled_.empty()) return; // moved away
     sqlite3_reset(get());
-    if (connection_.waiting_.size() >= mostShapes) connection_.waiting_.clear();
+    if (connection_.waiting_.size() >= mostStatements) connection_.waiting_.clear();
     connection_.waiting_.insert(std::move(compiled_));
 }
 
@@ -104,7 +98,10 @@ void Connection::Statement::bind(int parameter, const Value& value) const {
     value.visit(Overloaded{
         [&](std::monostate) { sqlite3_bind_null(get(), parameter); },
         [&](qint64 number) { sqlite3_bind_int64(get(), parameter, number); },
-        [&](double number) { sqlite3_bind_double(get(), parameter, number); },
+        [&](double number) {
+            if (!std::isfinite(number)) throw RuntimeError(ErrorCode::Overflow); // would be stored as null
+            sqlite3_bind_double(get(), parameter, number);
+        },
         [&](const QString& text) {
             const QByteArray bytes = text.toUtf8();
             sqlite3_bind_text(get(), parameter, bytes.constData(), static_cast<int>(bytes.size()),
@@ -113,55 +110,34 @@ void Connection::Statement::bind(int parameter, const Value& value) const {
     });
 }
 
-Connection::Statement Connection::prepare(Sql sql, std::initializer_list<Value> values) {
-    auto statement = prepareShape(sql.toString(), std::ssize(values));
+Connection::Statement Connection::prepare(const QString& sql, std::initializer_list<Value> values) {
+    auto statement = take(sql, std::ssize(values));
     int parameter = 0;
     for (const auto& value : values) statement.bind(++parameter, value);
     return statement;
 }
 
-Connection::Statement Connection::prepare(const QString& sql) {
-    const auto [shape, literals] = liftLiterals(sql);
-    auto compiled = take(shape, std::ssize(literals));
-    if (compiled.empty()) return prepareShape(separateNumbers(sql), 0);
-    Statement statement(*this, std::move(compiled));
-    int parameter = 0;
-    for (const auto& literal : literals)
-        statement.bind(++parameter, literal.kind == Literal::Kind::Whole  ? Value(literal.whole)
-                                    : literal.kind == Literal::Kind::Real ? Value(realNumber(literal.text))
-                                                                          : Value(literal.text));
-    return statement;
-}
-
-Connection::Statement Connection::prepareShape(const QString& shape, qsizetype parameters) {
-    auto compiled = take(shape, parameters);
-    if (compiled.empty()) fail(u"SQL 文を実行できません。"_s);
+Connection::Statement Connection::take(const QString& sql, qsizetype parameters) {
+    if (!isOpen()) throw RuntimeError(ErrorCode::Database, u"データベースが開かれていません。"_s);
+    auto compiled = waiting_.extract(sql);
+    if (compiled.empty()) compiled = compile(sql);
+    if (sqlite3_bind_parameter_count(compiled.mapped().get()) != parameters)
+        throw RuntimeError(ErrorCode::InvalidCall);
     return {*this, std::move(compiled)};
 }
 
-Connection::Shapes::node_type Connection::take(const QString& shape, qsizetype parameters) {
-    if (!isOpen()) throw RuntimeError(ErrorCode::Database, u"データベースが開かれていません。"_s);
-    if (auto compiled = waiting_.extract(shape); !compiled.empty()) return compiled;
-    const QByteArray text = shape.toUtf8();
+Connection::Statements::node_type Connection::compile(const QString& sql) const {
+    const QByteArray text = sql.toUtf8();
     sqlite3_stmt* statement = nullptr;
     const char* rest = nullptr;
-    const int code = sqlite3_prepare_v2(database_.get(), text.constData(), static_cast<int>(text.size()),
-                                        &statement, &rest);
-    Shapes compiled;
-    compiled[shape].reset(statement);
-    if (code != SQLITE_OK || sqlite3_bind_parameter_count(statement) != parameters) return {};
+    if (sqlite3_prepare_v2(database_.get(), text.constData(), static_cast<int>(text.size()), &statement,
+                           &rest) != SQLITE_OK)
+        fail(u"SQL 文を実行できません。"_s);
+    Statements compiled;
+    compiled[sql].reset(statement);
     if (statement == nullptr || !QByteArray(rest).trimmed().isEmpty())
         throw RuntimeError(ErrorCode::Database, u"SQL 文を実行できません。文は一つだけ書けます。"_s);
-    return compiled.extract(shape);
-}
-
-// The engine's own reading of a number differs from the nearest double in the last bit now and then; what it
-// stores must not depend on whether the number was bound.
-double Connection::realNumber(const QString& digits) {
-    const auto statement = prepareShape(u"SELECT CAST(? AS REAL)"_s, 1);
-    statement.bind(1, digits);
-    step(statement);
-    return sqlite3_column_double(statement.get(), 0);
+    return compiled.extract(sql);
 }
 
 bool Connection::step(const Statement& statement) {

@@ -40,9 +40,9 @@ class Connection {
     // rows are seen by every later statement at once and stay when a later statement fails.
     template <typename... Values>
     void execute(Sql sql, const Values&... values) {
-        run(sql, {Value(values)...});
+        run(sql.toString(), {Value(values)...});
     }
-    void execute(const QString& sql);
+    void execute(const SchemaSql& sql) { run(sql.text, {}); }
 
     // Makes durable, all together, what was written since the last call; nothing to do is no error. When it
     // fails the database is as it was before the unit of work, and the error is raised.
@@ -52,19 +52,18 @@ class Connection {
 
   private:
     friend class Recordset;
-    friend qint32 readNumber(const QString& sql, Connection& connection);
     friend qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values);
     friend void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
     struct StatementCloser {
         void operator()(sqlite3_stmt* statement) const;
     };
     // Compiled statements by their text.
-    using Shapes = std::unordered_map<QString, std::unique_ptr<sqlite3_stmt, StatementCloser>>;
+    using Statements = std::unordered_map<QString, std::unique_ptr<sqlite3_stmt, StatementCloser>>;
 
     // A compiled statement in use; afterwards it goes back among those that wait.
     class Statement {
       public:
-        Statement(Connection& connection, Shapes::node_type compiled)
+        Statement(Connection& connection, Statements::node_type compiled)
             : connection_(connection), compiled_(std::move(compiled)) {}
         Statement(Statement&&) = default;
         ~Statement();
@@ -74,20 +73,15 @@ class Connection {
 
       private:
         Connection& connection_;
-        Shapes::node_type compiled_;
+        Statements::node_type compiled_;
     };
 
-    void run(Sql sql, std::initializer_list<Value> values);
+    void run(const QString& sql, std::initializer_list<Value> values);
     // The statement with its values bound.
-    Statement prepare(Sql sql, std::initializer_list<Value> values);
-    // The statement with its literals lifted out and bound, or as it stands when the engine does not take it
-    // so.
-    Statement prepare(const QString& sql);
-    // The statement with `parameters` parameters, which the caller binds.
-    Statement prepareShape(const QString& shape, qsizetype parameters);
-    // Empty when the engine does not take the text, or finds another number of parameters in it.
-    Shapes::node_type take(const QString& shape, qsizetype parameters);
-    double realNumber(const QString& digits);
+    Statement prepare(const QString& sql, std::initializer_list<Value> values);
+    // The statement, compiled unless it waits, with `parameters` values to be bound.
+    Statement take(const QString& sql, qsizetype parameters);
+    Statements::node_type compile(const QString& sql) const;
     // One step; true while there is a row. Opens the unit of work before a statement that writes.
     bool step(const Statement& statement);
     static void endUnitOfWork(sqlite3* database);
@@ -97,5 +91,5 @@ class Connection {
     QString provider_;
     QString connectionString_;
     Database database_;
-    Shapes waiting_;
+    Statements waiting_;
 };

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <utility>
 
-#include "database/SqlText.h"
 #include "files/TextFile.h"
 using namespace Qt::StringLiterals;
 
@@ -126,9 +125,19 @@ bool hasOwnCipher(sqlite3* database) {
     return isOwn;
 }
 
+// The file as the database "copy".
+static bool attach(sqlite3* database, const QByteArray& file, const QByteArray& password) {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(database, "ATTACH ? AS copy KEY ?", -1, &statement, nullptr);
+    for (int parameter = 0; const QByteArray& text : {file, password})
+        sqlite3_bind_text(statement, ++parameter, text.constData(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT);
+    sqlite3_step(statement);
+    return sqlite3_finalize(statement) == SQLITE_OK;
+}
+
 bool exportWithOwnCipher(sqlite3* database, const QString& file, const QString& password) {
-    const QString attach = u"ATTACH %1 AS copy KEY %2"_s.arg(quoted(file), quoted(password));
-    return execute(database, attach.toUtf8().constData()) &&
+    return attach(database, file.toUtf8(), password.toUtf8()) &&
            execute(database, settings(ownCipher, u"copy"_s).constData()) &&
            // One transaction: what another program writes meanwhile is in the copy as a whole or not at all.
            execute(database, "BEGIN; SELECT sqlcipher_export('copy'); COMMIT; DETACH copy");

@@ -29,15 +29,8 @@ RuntimeError databaseError(const QString& description) {
 
 } // namespace
 
-Recordset::Recordset(Connection& connection, Sql sql, std::initializer_list<Value> values) {
-    read(connection, connection.prepare(sql, values));
-}
-
-Recordset::Recordset(const QString& sql, Connection& connection) {
-    read(connection, connection.prepare(sql));
-}
-
-void Recordset::read(Connection& connection, const Connection::Statement& statement) {
+Recordset::Recordset(Connection& connection, const QString& sql, std::initializer_list<Value> values) {
+    const auto statement = connection.prepare(sql, values);
     bool hasRow = connection.step(statement); // a statement compiled earlier learns of new columns here
     const int columns = sqlite3_column_count(statement.get());
     for (int column = 0; column < columns; ++column)
@@ -67,13 +60,7 @@ std::size_t Recordset::column(const QString& name) const {
 }
 
 qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values) {
-    const auto statement = connection.prepare(sql, values);
-    if (!connection.step(statement)) throw databaseError(u"現在のレコードがありません。"_s);
-    return fieldValue(statement.get(), 0).toLong();
-}
-
-qint32 readNumber(const QString& sql, Connection& connection) {
-    const auto statement = connection.prepare(sql);
+    const auto statement = connection.prepare(sql.toString(), values);
     if (!connection.step(statement)) throw databaseError(u"現在のレコードがありません。"_s);
     return fieldValue(statement.get(), 0).toLong();
 }
@@ -82,7 +69,7 @@ void addRecord(Connection& connection, const QString& table, const NamedValues& 
     QStringList columns;
     for (const auto& [name, value] : fields) columns << u'"' + name + u'"';
     const QString parameters = QStringList(columns.size(), u"?"_s).join(u',');
-    const auto statement = connection.prepareShape(
+    const auto statement = connection.take(
         u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, columns.join(u','), parameters), columns.size());
     int parameter = 0;
     for (const auto& [name, value] : fields) statement.bind(++parameter, value);

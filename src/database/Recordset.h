@@ -11,7 +11,6 @@
 #include "text/Value.h"
 
 // The whole number that a statement with one row and one field gives.
-qint32 readNumber(const QString& sql, Connection& connection);
 qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values);
 template <typename... Values>
 qint32 readNumber(Connection& connection, Sql sql, const Values&... values) {
@@ -27,8 +26,8 @@ class Recordset {
     // The records that the statement gives with a value for each "?".
     template <typename... Values>
     Recordset(Connection& connection, Sql sql, const Values&... values)
-        : Recordset(connection, sql, {Value(values)...}) {}
-    Recordset(const QString& sql, Connection& connection);
+        : Recordset(connection, sql.toString(), {Value(values)...}) {}
+    Recordset(Connection& connection, const SchemaSql& sql) : Recordset(connection, sql.text, {}) {}
 
     int recordCount() const { return count_; }
     bool eof() const { return position_ >= count_; }
@@ -43,8 +42,7 @@ class Recordset {
     const QStringList& fieldNames() const { return names_; }
 
   private:
-    Recordset(Connection& connection, Sql sql, std::initializer_list<Value> values);
-    void read(Connection& connection, const Connection::Statement& statement);
+    Recordset(Connection& connection, const QString& sql, std::initializer_list<Value> values);
     std::size_t column(const QString& name) const;
 
     QStringList names_;

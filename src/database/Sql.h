@@ -21,3 +21,9 @@ class Sql {
     const char16_t* text_;
     qsizetype size_;
 };
+
+// A statement that is read from the schema or put together from its names of tables and columns. None of the
+// rooms that read and write rows needs one.
+struct SchemaSql {
+    QString text;
+};

@@ -31,13 +31,11 @@ std::pair<QString, QString> comparisonTexts(double value) {
 
 ComparisonTable readComparisonTable(const EvaluatorRound& of, qint32 goalNo) {
     ComparisonTable table{.goalNo = goalNo, .items = {}, .cells = {}};
-    for (Recordset rows(u"select 比較元要因番号,比較対象要因番号,比較値 from 一対比較"
-                        " where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 and 目的要因番号=%4"
-                        " order by 比較表示順"_s.arg(of.problemNo)
-                            .arg(of.round)
-                            .arg(of.evaluatorNo)
-                            .arg(goalNo),
-                        of.connection);
+    for (Recordset rows(of.connection,
+                        u"select 比較元要因番号,比較対象要因番号,比較値 from 一対比較"
+                        " where 課題番号=? and 比較回数=? and 評価者番号=? and 目的要因番号=?"
+                        " order by 比較表示順",
+                        of.problemNo, of.round, of.evaluatorNo, goalNo);
          !rows.eof(); rows.moveNext()) {
         const int source = itemOf(table.items, rows[u"比較元要因番号"_s].toLong());
         const int target = itemOf(table.items, rows[u"比較対象要因番号"_s].toLong());

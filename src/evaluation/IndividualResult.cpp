@@ -40,10 +40,10 @@ const QList<ReportColumn> treeColumns{{u"要因名"_s, 5, 136},
                                       {u"累積評価値"_s, 175, 30, Alignment::Point}};
 const QList<ReportColumn> totalColumns{{u"要因名"_s, 5, 136}, {u"総合評価値"_s, 145, 26, Alignment::Point}};
 
-std::vector<TreeRow> readTreeRows(Connection& connection, const QString& sql, const TreeLevels& levels) {
+std::vector<TreeRow> readTreeRows(Recordset rows, const TreeLevels& levels) {
     std::vector<TreeRow> tree;
     std::map<TreePair, std::size_t> seen;
-    for (Recordset rows(sql, connection); !rows.eof(); rows.moveNext()) {
+    for (; !rows.eof(); rows.moveNext()) {
         const TreePair pair{rows[u"dno"_s].toDouble(), rows[u"parent"_s].toLong(), rows[u"child"_s].toLong()};
         const auto& [key, parentNo, childNo] = pair;
         const TreePlace place{parentNo, childNo, levelOf(levels, pair, seen[pair]++), key};
@@ -56,30 +56,28 @@ std::vector<TreeRow> readTreeRows(Connection& connection, const QString& sql, co
 
 std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const TreeLevels& levels) {
     return readTreeRows(
-        of.connection,
-        u"select factor as parent,work1 as child,work2 as dno,評価値 as val,総合評価値 as cval"
-        " from workfac,評価結果 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3"
-        " and factor = 親要因番号 and work1 = 子要因番号 and レベル < 2 order by work2"_s.arg(of.problemNo)
-            .arg(of.round)
-            .arg(of.evaluatorNo),
+        {of.connection,
+         u"select factor as parent,work1 as child,work2 as dno,評価値 as val,総合評価値 as cval"
+         " from workfac,評価結果 where 課題番号=? and 比較回数=? and 評価者番号=?"
+         " and factor = 親要因番号 and work1 = 子要因番号 and レベル < 2 order by work2",
+         of.problemNo, of.round, of.evaluatorNo},
         levels);
 }
 
 std::vector<TreeRow> readBareTree(const EvaluatorRound& of, const TreeLevels& levels) {
-    return readTreeRows(of.connection,
-                        u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
-                        " from workfac t1 order by t1.work2"_s,
+    return readTreeRows({of.connection,
+                         u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
+                         " from workfac t1 order by t1.work2"},
                         levels);
 }
 
 std::vector<TotalRow> readTotals(const EvaluatorRound& of) {
     std::vector<TotalRow> totals;
     for (Recordset rows(
-             u"select 子要因番号,総合評価値 from 評価結果 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3"
-             " and レベル=2 order by 総合評価値 desc"_s.arg(of.problemNo)
-                 .arg(of.round)
-                 .arg(of.evaluatorNo),
-             of.connection);
+             of.connection,
+             u"select 子要因番号,総合評価値 from 評価結果 where 課題番号=? and 比較回数=? and 評価者番号=?"
+             " and レベル=2 order by 総合評価値 desc",
+             of.problemNo, of.round, of.evaluatorNo);
          !rows.eof(); rows.moveNext())
         totals.push_back({rows[u"子要因番号"_s].toLong(), rows[u"総合評価値"_s].toDouble()});
     return totals;

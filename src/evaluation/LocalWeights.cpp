@@ -4,7 +4,6 @@
 #include "core/FactorNames.h"
 #include "database/Connection.h"
 #include "database/Recordset.h"
-#include "database/SqlText.h"
 #include "evaluation/ChildLimit.h"
 #include "judgement/Consistency.h"
 #include "judgement/PairOrder.h"
@@ -65,9 +64,10 @@ bool weigh(ComparisonMatrix& comparison, qint16 n) {
 }
 
 void writeWeight(const EvaluatorRound& of, qint32 goalNo, qint32 childNo, double weight) {
-    of.connection.execute(composed(
-        u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値) values(%1,%2,%3,%4,%5,%6,0,0)"_s,
-        of.problemNo, goalNo, childNo, of.evaluatorNo, of.round, decimalText(weight)));
+    of.connection.execute(
+        u"insert into 評価結果 (課題番号,親要因番号,子要因番号,評価者番号,比較回数,評価値,レベル,総合評価値) "
+        u"values(?,?,?,?,?,?,0,0)",
+        of.problemNo, goalNo, childNo, of.evaluatorNo, of.round, weight);
 }
 
 // Item 0 is the source of the first pair, item j the target of pair j - 1.
@@ -106,27 +106,21 @@ void InconsistencyList::append(const Inconsistency& finding) {
 
 bool hasComparisons(const EvaluatorRound& of) {
     return !Recordset(
-                u"select 目的要因番号 from 一対比較 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 limit 1"_s
-                    .arg(of.problemNo)
-                    .arg(of.round)
-                    .arg(of.evaluatorNo),
-                of.connection)
+                of.connection,
+                u"select 目的要因番号 from 一対比較 where 課題番号=? and 比較回数=? and 評価者番号=? limit 1",
+                of.problemNo, of.round, of.evaluatorNo)
                 .eof();
 }
 
 void calculateLocalWeights(const EvaluatorRound& of, InconsistencyList& findings) {
-    Recordset rows(
-        u"select * from 一対比較 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 order by 目的要因番号,比較表示順"_s
-            .arg(of.problemNo)
-            .arg(of.round)
-            .arg(of.evaluatorNo),
-        of.connection);
+    Recordset rows(of.connection,
+                   u"select * from 一対比較 where 課題番号=? and 比較回数=? and 評価者番号=? order by "
+                   u"目的要因番号,比較表示順",
+                   of.problemNo, of.round, of.evaluatorNo);
     if (rows.eof()) return;
 
-    of.connection.execute(
-        u"delete from 評価結果 where 課題番号=%1 and 評価者番号=%2 and 比較回数=%3"_s.arg(of.problemNo)
-            .arg(of.evaluatorNo)
-            .arg(of.round));
+    of.connection.execute(u"delete from 評価結果 where 課題番号=? and 評価者番号=? and 比較回数=?",
+                          of.problemNo, of.evaluatorNo, of.round);
     ComparisonMatrix comparison;
     while (!rows.eof()) {
         const GoalPairs pairs = readGoal(of.connection, rows);

@@ -23,11 +23,10 @@ struct StoredResults {
 
 StoredResults readStored(const ProblemRound& chosen) {
     StoredResults stored;
-    for (Recordset rows(
-             u"select 親要因番号,子要因番号,評価者番号,評価値,レベル,総合評価値 from 評価結果"
-             " where 課題番号=%1 and 比較回数=%2 order by 親要因番号,子要因番号"_s.arg(chosen.problemNo)
-                 .arg(chosen.round),
-             chosen.connection);
+    for (Recordset rows(chosen.connection,
+                        u"select 親要因番号,子要因番号,評価者番号,評価値,レベル,総合評価値 from 評価結果"
+                        " where 課題番号=? and 比較回数=? order by 親要因番号,子要因番号",
+                        chosen.problemNo, chosen.round);
          !rows.eof(); rows.moveNext()) {
         const auto parentNo = rows[u"親要因番号"_s].toLong();
         const auto childNo = rows[u"子要因番号"_s].toLong();
@@ -94,10 +93,10 @@ RoundResults readRoundResults(const ProblemRound& chosen) {
 
 std::vector<qint16> earlierRounds(const ProblemRound& chosen) {
     std::vector<qint16> rounds;
-    for (Recordset rows(u"select distinct 比較回数 from 評価結果 where 課題番号=%1 and 比較回数<%2"
-                        " order by 比較回数 desc"_s.arg(chosen.problemNo)
-                            .arg(chosen.round),
-                        chosen.connection);
+    for (Recordset rows(chosen.connection,
+                        u"select distinct 比較回数 from 評価結果 where 課題番号=? and 比較回数<?"
+                        " order by 比較回数 desc",
+                        chosen.problemNo, chosen.round);
          !rows.eof(); rows.moveNext())
         rounds.push_back(static_cast<qint16>(rows[u"比較回数"_s].toLong()));
     return rounds;

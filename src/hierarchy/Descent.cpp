@@ -12,18 +12,16 @@ void raiseCircle(qint32 problemNo) {
         u"課題 %1 の要因構成が循環しています。要因構成登録で確かめてください。"_s.arg(problemNo));
 }
 
-void descend(Connection& connection, qint32 problemNo, const Descent& descent) {
-    connection.execute(u"delete from tempfac"_s);
-    connection.execute(descent.root);
-    const int parents = readNumber(descent.parents, connection);
+void descend(Connection& connection, qint32 problemNo, qint32 parents,
+             const std::function<void(int level)>& insertLevel) {
     for (int level = 1, previous = 1;; ++level) {
-        connection.execute(descent.level(level));
-        const int count = readNumber(descent.rows, connection);
+        insertLevel(level);
+        const int count = readNumber(connection, u"select count(*) as ncnt from tempfac");
         if (count == previous) break;
         // A path that visits no factor twice has at most as many edges as there are parents, so a level that
         // is deeper and still added rows means a circle.
         if (level > parents) raiseCircle(problemNo);
         previous = count;
     }
-    connection.execute(u"delete from tempfac where child = %1"_s.arg(problemNo));
+    connection.execute(u"delete from tempfac where child = ?", problemNo);
 }

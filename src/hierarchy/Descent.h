@@ -1,22 +1,16 @@
 // The walk down a problem's hierarchy, level by level, in the work table.
 #pragma once
 
-#include <QString>
+#include <QtGlobal>
 #include <functional>
 
 class Connection;
 
-// The statements of one walk.
-struct Descent {
-    QString root;                            // inserts the problem into `tempfac` as its own parent, level 0
-    QString parents;                         // counts the parents in the table that is walked
-    QString rows;                            // counts the rows of `tempfac`
-    std::function<QString(int level)> level; // inserts the children of the level before
-};
-
-// Empties `tempfac` and fills it until a level adds no rows; the root row is gone then. Raises error 5, which
-// names the problem, when the hierarchy runs in a circle.
-void descend(Connection& connection, qint32 problemNo, const Descent& descent);
+// Goes on in `tempfac`, where the problem stands alone as its own parent on level 0, until a level adds no
+// rows; the root row is gone then. `insertLevel` inserts the children of the level before. Raises error 5,
+// which names the problem, when a level is deeper than there are `parents`: the hierarchy runs in a circle.
+void descend(Connection& connection, qint32 problemNo, qint32 parents,
+             const std::function<void(int level)>& insertLevel);
 
 // That error.
 [[noreturn]] void raiseCircle(qint32 problemNo);

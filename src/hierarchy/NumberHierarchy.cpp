@@ -12,17 +12,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 groupedMode = 1;
 constexpr qint16 pathMode = 0;
+constexpr double largestWholeWorth = 1e15; // what the engine adds to it still fits a whole number
 
 struct Radix {
     qint64 numberBase;
     double pathMultiplier; // numberBase to the power of the structure level, 1 for none
 };
 
-Radix readRadix(Connection& connection, const QString& problemNo) {
-    const Recordset problem(u"select 構成レベル,最大分岐数 from 課題 where 課題番号 = %1"_s.arg(problemNo),
-                            connection);
+Radix readRadix(Connection& connection, qint32 problemNo) {
+    const Recordset problem(connection, u"select 構成レベル,最大分岐数 from 課題 where 課題番号 = ?",
+                            problemNo);
     if (problem[u"構成レベル"_s].isNull() || problem[u"最大分岐数"_s].isNull())
         throw RuntimeError(
             ErrorCode::InvalidNull,
@@ -33,38 +33,42 @@ Radix readRadix(Connection& connection, const QString& problemNo) {
     return {base, std::pow(static_cast<double>(base), std::max(levels, 0))};
 }
 
-QString levelStatement(const QString& problemNo, int level, const Radix& radix, qint16 grouped) {
-    const QString keys =
-        grouped == pathMode
-            ? u",子要因表示順,tempfac.dno+%1*(子要因表示順)"_s.arg(decimalText(radix.pathMultiplier))
-            : u",max(子要因表示順),max(tempfac.dno) * %1+max(子要因表示順)+1"_s.arg(radix.numberBase);
-    return u"insert into tempfac (parent,child,lev,seq,dno) select 親要因番号,子要因番号,%1%2"
-           " from 要因構成,tempfac where 課題番号=%3 and   tempfac.lev=%4 and   tempfac.child = 親要因番号%5"_s
-               .arg(level)
-               .arg(keys, problemNo)
-               .arg(level - 1)
-               .arg(grouped == groupedMode ? u" group by 親要因番号,子要因番号"_s : QString());
+// Problem, level, radix.
+constexpr Sql groupedLevel =
+    u"insert into tempfac (parent,child,lev,seq,dno)"
+    " select 親要因番号,子要因番号,?2,max(子要因表示順),max(tempfac.dno) * ?3+max(子要因表示順)+1"
+    " from 要因構成,tempfac where 課題番号=?1 and tempfac.lev=?2-1 and tempfac.child = 親要因番号"
+    " group by 親要因番号,子要因番号";
+// Problem, level, worth of the level's digit.
+constexpr Sql pathLevel =
+    u"insert into tempfac (parent,child,lev,seq,dno)"
+    " select 親要因番号,子要因番号,?2,子要因表示順,tempfac.dno+?3*(子要因表示順)"
+    " from 要因構成,tempfac where 課題番号=?1 and tempfac.lev=?2-1 and tempfac.child = 親要因番号";
+
+// Keys are whole as long as the digits are.
+Value digitWorth(double worth) {
+    if (worth == std::floor(worth) && worth < largestWholeWorth) return {static_cast<qint64>(worth)};
+    return {worth};
 }
 
 } // namespace
 
 void NumberHierarchy(Connection& connection, const QString& problemNo, const qint16& grouped) {
-    Radix radix = readRadix(connection, problemNo);
-    descend(connection, problemNo.toInt(),
-            {.root = u"insert into tempfac (parent,child,seq,lev,dno) values(%1,%1,0,0,0)"_s.arg(problemNo),
-             .parents = u"select count(distinct 親要因番号) as ncnt from 要因構成 where 課題番号=%1"_s.arg(
-                 problemNo),
-             .rows = u"select count(*) as ncnt from tempfac"_s,
-             .level = [&](int level) {
-                 // In path mode each level's digit counts for less, below the structure level behind the
-                 // point.
-                 if (grouped == pathMode && level > 1)
-                     radix.pathMultiplier /= static_cast<double>(radix.numberBase);
-                 return levelStatement(problemNo, level, radix, grouped);
-             }});
+    const qint32 problem = Value(problemNo).toLong();
+    auto [numberBase, pathMultiplier] = readRadix(connection, problem);
+    connection.execute(u"delete from tempfac");
+    connection.execute(u"insert into tempfac (parent,child,seq,lev,dno) values(?1,?1,0,0,0)", problem);
+    const auto parents = readNumber(
+        connection, u"select count(distinct 親要因番号) as ncnt from 要因構成 where 課題番号=?", problem);
+    descend(connection, problem, parents, [&](int level) {
+        if (grouped != pathMode) return connection.execute(groupedLevel, problem, level, numberBase);
+        connection.execute(pathLevel, problem, level, digitWorth(pathMultiplier));
+        // Each level's digit counts for less, below the structure level behind the point.
+        pathMultiplier /= static_cast<double>(numberBase);
+    });
 }
 
 void copyToWorkfac(Connection& connection) {
-    connection.execute(u"delete from workfac"_s);
-    connection.execute(u"insert into workfac (factor,work1,work2) select parent,child,dno from tempfac"_s);
+    connection.execute(u"delete from workfac");
+    connection.execute(u"insert into workfac (factor,work1,work2) select parent,child,dno from tempfac");
 }

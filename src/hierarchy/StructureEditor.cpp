@@ -92,7 +92,7 @@ void 要因構成登録::Form_Load() {
 }
 
 void 要因構成登録::fillProblems() {
-    Recordset rows(configuredProblems, *DbConn);
+    Recordset rows(*DbConn, configuredProblems);
     if (rows.eof()) {
         refuse(u"課題が未登録です。 課題登録を行ってください。"_s);
         say(u"課題登録の後に、課題構成登録 で段数などを登録すると、ここで課題を選べます。"_s);
@@ -106,7 +106,8 @@ void 要因構成登録::fillProblems() {
 }
 
 void 要因構成登録::loadFactors() {
-    StructList = readNumberedNames(u"SELECT * FROM 要因 ORDER BY 要因番号 "_s, u"要因番号"_s, u"要因名"_s);
+    StructList =
+        readNumberedNames({*DbConn, u"SELECT * FROM 要因 ORDER BY 要因番号 "}, u"要因番号"_s, u"要因名"_s);
     ui_->List1->clear();
     for (const auto& [number, name] : StructList) {
         const auto factorNo = Value(number).toLong();

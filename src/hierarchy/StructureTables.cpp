@@ -13,6 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr Sql deleteChildren = u"DELETE FROM 要因構成 WHERE 課題番号 = ? AND 親要因番号 = ?";
+constexpr Sql nodesWithNames =
+    u"SELECT T1.親レベル,T1.親シーケンス,T1.親要因番号,T1.子レベル,T1.子シーケンス,T1.子要因番号,"
+    "T1.子作成済,T3.要因名 FROM 構成表示 T1,要因 T3 "
+    "WHERE T1.課題番号 = ? AND T1.子要因番号 = T3.要因番号 "
+    "ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス ";
 constexpr double largestSequence = 9007199254740992; // 2 to the power of 53
 
 qint64 sequenceOf(const Value& field) {
@@ -31,21 +37,20 @@ NodePlace parentPlace(const Recordset& row) {
 // The factors above `factorNo`, itself included.
 QSet<qint32> factorsAbove(Connection& connection, qint32 problemNo, qint32 factorNo) {
     QSet<qint32> above;
-    for (Recordset rows(u"WITH RECURSIVE 上位(番号) AS (SELECT %2 UNION SELECT 親要因番号 FROM 要因構成,上位 "
-                        "WHERE 課題番号 = %1 AND 子要因番号 = 番号) SELECT 番号 FROM 上位"_s.arg(problemNo)
-                            .arg(factorNo),
-                        connection);
+    for (Recordset rows(connection,
+                        u"WITH RECURSIVE 上位(番号) AS (SELECT ? UNION SELECT 親要因番号 FROM 要因構成,上位 "
+                        "WHERE 課題番号 = ? AND 子要因番号 = 番号) SELECT 番号 FROM 上位",
+                        factorNo, problemNo);
          !rows.eof(); rows.moveNext())
         above.insert(rows[u"番号"_s].toLong());
     return above;
 }
 
 Recordset edgesOf(Connection& connection, qint32 problemNo, qint32 parentNo) {
-    return {
-        u"SELECT 課題番号,親要因番号,子要因番号,子要因表示順,子作成済 FROM 要因構成  "
-        "WHERE 課題番号 = %1 AND 親要因番号 = %2"_s.arg(problemNo)
-            .arg(parentNo),
-        connection};
+    return {connection,
+            u"SELECT 課題番号,親要因番号,子要因番号,子要因表示順,子作成済 FROM 要因構成  "
+            "WHERE 課題番号 = ? AND 親要因番号 = ?",
+            problemNo, parentNo};
 }
 
 void addNode(Connection& connection, const NodePlace& parent, const Recordset& edge) {
@@ -112,8 +117,7 @@ std::optional<RefusedChild> refusedChild(Connection& connection, qint32 problemN
 
 void saveChildren(Connection& connection, qint32 problemNo, qint32 parentNo,
                   std::span<const ChildEntry> children) {
-    connection.execute(
-        u" DELETE FROM 要因構成 WHERE 課題番号 = %1AND 親要因番号 = %2"_s.arg(problemNo).arg(parentNo));
+    connection.execute(deleteChildren, problemNo, parentNo);
     for (const auto& child : children)
         addRecord(connection, u"要因構成"_s,
                   {{u"課題番号"_s, problemNo},
@@ -121,7 +125,7 @@ void saveChildren(Connection& connection, qint32 problemNo, qint32 parentNo,
                    {u"子要因番号"_s, child.factorNo},
                    {u"子要因表示順"_s, child.displayOrder},
                    {u"子作成済"_s, u"0"_s}});
-    connection.execute(u"UPDATE  要因構成 SET 子作成済 = '1' WHERE 子要因番号 =%1"_s.arg(parentNo));
+    connection.execute(u"UPDATE  要因構成 SET 子作成済 = '1' WHERE 子要因番号 = ?", parentNo);
 }
 
 int childrenLostAtGap(Connection& connection, qint32 problemNo, qint32 parentNo, const ChildList& children) {
@@ -141,49 +145,43 @@ int childrenLostAtGap(Connection& connection, qint32 problemNo, qint32 parentNo,
 
 void removeOrphans(Connection& connection, qint32 problemNo) {
     for (Recordset parents(
-             u"SELECT 課題番号,親要因番号 FROM 要因構成  WHERE 課題番号 = %1 AND 親要因番号 <> %1"
-             " GROUP BY 課題番号,親要因番号 "_s.arg(problemNo),
-             connection);
+             connection,
+             u"SELECT 課題番号,親要因番号 FROM 要因構成  WHERE 課題番号 = ?1 AND 親要因番号 <> ?1"
+             " GROUP BY 課題番号,親要因番号 ",
+             problemNo);
          !parents.eof(); parents.moveNext()) {
         const auto parentNo = parents[u"親要因番号"_s].toLong();
-        const Recordset leading(
-            u"SELECT * FROM 要因構成  WHERE 課題番号 = %1AND 子要因番号 = %2"_s.arg(problemNo).arg(parentNo),
-            connection);
-        if (leading.recordCount() == 0)
-            connection.execute(
-                u" DELETE FROM 要因構成 WHERE 課題番号 = %1AND 親要因番号 = %2"_s.arg(problemNo).arg(
-                    parentNo));
+        const Recordset leading(connection, u"SELECT * FROM 要因構成  WHERE 課題番号 = ? AND 子要因番号 = ?",
+                                problemNo, parentNo);
+        if (leading.recordCount() == 0) connection.execute(deleteChildren, problemNo, parentNo);
     }
 }
 
 void rebuildStructureDisplay(Connection& connection, qint32 problemNo, int levels) {
-    connection.execute(u" DELETE FROM 構成表示 "_s);
+    connection.execute(u"DELETE FROM 構成表示");
     addChildNodes(connection, problemNo, {problemNo, 0, 0});
     for (int level = 1; level <= levels; ++level) {
         Recordset nodes(
+            connection,
             u"SELECT 課題番号,親レベル,親シーケンス,親要因番号,子レベル,子シーケンス,子要因番号,子要因表示順,"
-            "子作成済 FROM 構成表示 WHERE 子レベル = %1 ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス "_s
-                .arg(level),
-            connection);
+            "子作成済 FROM 構成表示 WHERE 子レベル = ? ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス ",
+            level);
         if (nodes.eof()) break; // deeper levels are empty too, however many the problem allows
         for (; !nodes.eof(); nodes.moveNext()) addChildNodes(connection, problemNo, childPlace(nodes));
     }
 }
 
 std::vector<TreeNode> readTree(Connection& connection, qint32 problemNo) {
-    const QString tree =
-        u"SELECT "
-        u"T1.課題番号,T1.親レベル,T1.親シーケンス,T1.親要因番号,T1.子レベル,T1.子シーケンス,T1.子要因番号,"
-        "T3.要因名 FROM 構成表示 T1,要因 T3 WHERE T1.課題番号 = %1%2"
-        "ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス "_s;
     std::vector<TreeNode> nodes;
     const Recordset root(
-        tree.arg(problemNo).arg(u"AND T1.課題番号 = T1.親要因番号 AND T1.親要因番号 = T3.要因番号 "_s),
-        connection);
+        connection,
+        u"SELECT T1.親レベル,T1.親シーケンス,T1.親要因番号,T3.要因名 FROM 構成表示 T1,要因 T3 "
+        "WHERE T1.課題番号 = ? AND T1.課題番号 = T1.親要因番号 AND T1.親要因番号 = T3.要因番号 "
+        "ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス ",
+        problemNo);
     if (root.eof()) return nodes;
     nodes.push_back({parentPlace(root), std::nullopt, Common::NullToEmpty(root[u"要因名"_s])});
-    for (Recordset rows(tree.arg(problemNo).arg(u"AND T1.子要因番号 = T3.要因番号 "_s), connection);
-         !rows.eof(); rows.moveNext())
+    for (Recordset rows(connection, nodesWithNames, problemNo); !rows.eof(); rows.moveNext())
         nodes.push_back({childPlace(rows), parentPlace(rows), Common::NullToEmpty(rows[u"要因名"_s])});
     return nodes;
 }
@@ -192,12 +190,7 @@ ParentList readParents(Connection& connection, qint32 problemNo, const QString& 
     const NodePlace problem{problemNo, 0, 0};
     ParentList list;
     list.parents.push_back({problem, std::nullopt, problemName});
-    Recordset rows(
-        u"SELECT T1.親レベル,T1.親シーケンス,T1.親要因番号,T1.子レベル,T1.子シーケンス,T1.子要因番号,"
-        "T1.子作成済,T3.要因名 FROM 構成表示 T1,要因 T3 "
-        "WHERE T1.課題番号 = %1AND T1.子要因番号 = T3.要因番号 "
-        "ORDER BY 親レベル,親シーケンス,子レベル,子シーケンス "_s.arg(problemNo),
-        connection);
+    Recordset rows(connection, nodesWithNames, problemNo);
     if (rows.eof()) list.next = problem;
     QSet<qint32> filled; // factors that have children in this problem
     std::vector<NodePlace> places;
@@ -227,11 +220,11 @@ ParentList readParents(Connection& connection, qint32 problemNo, const QString& 
 ChildList readChildren(Connection& connection, qint32 problemNo, qint32 parentNo) {
     auto children = freeRows();
     std::size_t row = 0;
-    for (Recordset rows(u"SELECT T1.課題番号,T1.親要因番号,T1.子要因番号,T1.子要因表示順,T3.要因名 "
-                        "FROM 要因構成 T1,要因 T3 WHERE T1.課題番号 = %1AND T1.親要因番号 = %2"
-                        "AND T1.子要因番号 = T3.要因番号 ORDER BY 子要因表示順 "_s.arg(problemNo)
-                            .arg(parentNo),
-                        connection);
+    for (Recordset rows(connection,
+                        u"SELECT T1.課題番号,T1.親要因番号,T1.子要因番号,T1.子要因表示順,T3.要因名 "
+                        "FROM 要因構成 T1,要因 T3 WHERE T1.課題番号 = ? AND T1.親要因番号 = ? "
+                        "AND T1.子要因番号 = T3.要因番号 ORDER BY 子要因表示順 ",
+                        problemNo, parentNo);
          !rows.eof(); rows.moveNext(), ++row) {
         if (row == children.size()) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
         children[row].factorNo = rows[u"子要因番号"_s].toLong();

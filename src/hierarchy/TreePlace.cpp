@@ -22,7 +22,7 @@ void requireDisplayOrder(Connection& connection, const Recordset& row) {
 
 TreeLevels readLevels(Connection& connection) {
     TreeLevels levels;
-    for (Recordset rows(u"select parent,child,dno,lev,seq from tempfac order by lev"_s, connection);
+    for (Recordset rows(connection, u"select parent,child,dno,lev,seq from tempfac order by lev");
          !rows.eof(); rows.moveNext()) {
         requireDisplayOrder(connection, rows);
         levels[{rows[u"dno"_s].toDouble(), rows[u"parent"_s].toLong(), rows[u"child"_s].toLong()}].push_back(

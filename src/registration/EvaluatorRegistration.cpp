@@ -1,7 +1,6 @@
 #include "registration/EvaluatorRegistration.h"
 
 #include "database/Recordset.h"
-#include "database/SqlText.h"
 #include "text/Numbers.h"
 #include "text/RuntimeError.h"
 #include "ui_EvaluatorRegistration.h"
@@ -13,7 +12,7 @@ namespace {
 
 // The highest number of an empty table is null, and null has no successor: error 94.
 QString proposedNumber() {
-    const Recordset highest(u"SELECT MAX(評価者番号) as MAX_評価者番号 FROM 評価者 "_s, *DbConn);
+    const Recordset highest(*DbConn, u"SELECT MAX(評価者番号) as MAX_評価者番号 FROM 評価者 ");
     if (highest.eof()) return u"001"_s;
     return digitsAfterFirst(1000 + (highest[u"MAX_評価者番号"_s].toLong() + 1LL), 3);
 }
@@ -58,7 +57,7 @@ void 評価者登録::Command1_Click() {
     if (!requireNumber(ui_->Text1, u"評価者番号が不正です。"_s)) return;
     if (!requireText(ui_->Text3, u"評価者氏名が不正です。"_s)) return;
     const qint32 number = wholeNumberIn(ui_->Text1);
-    const Recordset same(u"SELECT 評価者氏名 FROM 評価者 WHERE 評価者番号 =%1"_s.arg(number), *DbConn);
+    const Recordset same(*DbConn, u"SELECT 評価者氏名 FROM 評価者 WHERE 評価者番号 = ?", number);
     if (!same.eof()) return refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addEvaluator(number);
@@ -78,13 +77,12 @@ void 評価者登録::addEvaluator(qint32 number) {
 
 void 評価者登録::Command2_Click() {
     if (!requireText(ui_->Text3, u"評価者氏名が不正です。"_s)) return;
-    const QString number = numberIn(ui_->Text1);
-    if (Recordset(u"SELECT * FROM 評価者 WHERE 評価者番号 = %1"_s.arg(number), *DbConn).eof())
+    const double number = numberIn(ui_->Text1);
+    if (Recordset(*DbConn, u"SELECT * FROM 評価者 WHERE 評価者番号 = ?", number).eof())
         return refuseMissingEvaluator();
-    const QString change = u"UPDATE  評価者 SET 評価者氏名 = %1, 所属部門 = %2WHERE 評価者番号 =%3"_s.arg(
-        quoted(ui_->Text3->text()), quoted(ui_->Text4->text()), number);
     if (!confirm(u"変更しますか ？"_s)) return;
-    DbConn->execute(change);
+    DbConn->execute(u"UPDATE 評価者 SET 評価者氏名 = ?, 所属部門 = ? WHERE 評価者番号 = ?",
+                    ui_->Text3->text(), ui_->Text4->text(), number);
     makeDurable();
     sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
     clearFields();
@@ -93,8 +91,7 @@ void 評価者登録::Command2_Click() {
 }
 
 void 評価者登録::Command3_Click() {
-    const Recordset evaluator(u"SELECT * FROM 評価者 WHERE 評価者番号 =%1"_s.arg(numberIn(ui_->Text1)),
-                              *DbConn);
+    const Recordset evaluator(*DbConn, u"SELECT * FROM 評価者 WHERE 評価者番号 = ?", numberIn(ui_->Text1));
     if (evaluator.eof()) return refuseMissingEvaluator();
     fill(ui_->Text3, NullToEmpty(evaluator[u"評価者氏名"_s]));
     fill(ui_->Text4, NullToEmpty(evaluator[u"所属部門"_s]));

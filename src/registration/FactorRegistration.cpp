@@ -1,7 +1,6 @@
 #include "registration/FactorRegistration.h"
 
 #include "database/Recordset.h"
-#include "database/SqlText.h"
 #include "text/Numbers.h"
 #include "ui_FactorRegistration.h"
 
@@ -16,8 +15,8 @@ constexpr FactorScreenKind problems{u"課題登録", u"課題要因番号", u"�
 
 // One past the highest number of all factors, problems or not.
 QString proposedNumber() {
-    if (Recordset(u"SELECT * FROM 要因 "_s, *DbConn).eof()) return u"0001"_s;
-    const Recordset highest(u"SELECT MAX(要因番号) as MAX_要因番号 FROM 要因 "_s, *DbConn);
+    if (Recordset(*DbConn, u"SELECT * FROM 要因 ").eof()) return u"0001"_s;
+    const Recordset highest(*DbConn, u"SELECT MAX(要因番号) as MAX_要因番号 FROM 要因 ");
     return digitsAfterFirst(10000 + (highest[u"MAX_要因番号"_s].toLong() + 1LL), 4);
 }
 
@@ -61,7 +60,7 @@ void FactorRegistration::Form_Load() {
 void FactorRegistration::Command1_Click() {
     if (!canRegister()) return;
     const qint16 number = toInteger(leadingNumber(ui_->Text1->text()));
-    if (!Recordset(u"SELECT 要因名 FROM 要因 WHERE 要因番号 =%1"_s.arg(number), *DbConn).eof())
+    if (!Recordset(*DbConn, u"SELECT 要因名 FROM 要因 WHERE 要因番号 = ?", number).eof())
         return refuse(u"要因番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
     if (!confirm(u"登録しますか ？"_s)) return;
     addFactor(number);
@@ -92,12 +91,10 @@ void FactorRegistration::Command2_Click() {
     if (!requireNumber(ui_->Text2, u"要因区分が不正です。"_s)) return;
     if (!requireText(ui_->Text3, u"要因名が不正です。"_s)) return;
     if (!factorExists()) return refuseMissingFactor();
-    const QString change =
-        u"UPDATE  要因 SET 要因区分 = %1, 要因名 = %2, 要因内容 = %3WHERE 要因番号 =%4"_s.arg(
-            QString::number(wholeNumberIn(ui_->Text2)), quoted(ui_->Text3->text()),
-            quoted(ui_->Text4->text()), numberIn(ui_->Text1));
+    const qint32 factorClass = wholeNumberIn(ui_->Text2);
     if (!confirm(u"変更しますか ？"_s)) return;
-    DbConn->execute(change);
+    DbConn->execute(u"UPDATE 要因 SET 要因区分 = ?, 要因名 = ?, 要因内容 = ? WHERE 要因番号 = ?", factorClass,
+                    ui_->Text3->text(), ui_->Text4->text(), numberIn(ui_->Text1));
     makeDurable();
     sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
     clearFields();
@@ -106,7 +103,7 @@ void FactorRegistration::Command2_Click() {
 }
 
 void FactorRegistration::Command3_Click() {
-    const Recordset factor(u"SELECT * FROM 要因 WHERE 要因番号 =%1"_s.arg(numberIn(ui_->Text1)), *DbConn);
+    const Recordset factor(*DbConn, u"SELECT * FROM 要因 WHERE 要因番号 = ?", numberIn(ui_->Text1));
     if (factor.eof()) return refuseMissingFactor();
     fill(ui_->Text2, NullToEmpty(factor[u"要因区分"_s]));
     fill(ui_->Text3, NullToEmpty(factor[u"要因名"_s]));
@@ -116,7 +113,7 @@ void FactorRegistration::Command3_Click() {
 }
 
 bool FactorRegistration::factorExists() const {
-    return !Recordset(u"SELECT * FROM 要因 WHERE 要因番号 = %1"_s.arg(numberIn(ui_->Text1)), *DbConn).eof();
+    return !Recordset(*DbConn, u"SELECT * FROM 要因 WHERE 要因番号 = ?", numberIn(ui_->Text1)).eof();
 }
 
 void FactorRegistration::refuseMissingFactor() {

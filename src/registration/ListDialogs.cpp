@@ -17,11 +17,9 @@ using namespace Common;
 
 namespace {
 
-constexpr QStringView problemsSql =
-    u"SELECT 要因番号,要因名 FROM 要因   WHERE 要因区分 = 0  ORDER BY 要因番号 ";
-constexpr QStringView factorsSql = u"SELECT 要因番号,要因名 FROM 要因   ORDER BY 要因番号 ";
-constexpr QStringView evaluatorsSql =
-    u"SELECT 評価者番号,評価者氏名,所属部門 FROM 評価者   ORDER BY 評価者番号 ";
+constexpr Sql problemsSql = u"SELECT 要因番号,要因名 FROM 要因   WHERE 要因区分 = 0  ORDER BY 要因番号 ";
+constexpr Sql factorsSql = u"SELECT 要因番号,要因名 FROM 要因   ORDER BY 要因番号 ";
+constexpr Sql evaluatorsSql = u"SELECT 評価者番号,評価者氏名,所属部門 FROM 評価者   ORDER BY 評価者番号 ";
 
 constexpr ListDialogKind problemPicker{u"課題選択", u"課題要因選択", problemsSql, Rows::Factors,
                                        PickUse::Picked};
@@ -119,7 +117,7 @@ void ListDialog::Form_Load() {
 
 void ListDialog::fill() {
     QStringList rows;
-    for (Recordset records(kind_.sql.toString(), *DbConn); !records.eof(); records.moveNext()) {
+    for (Recordset records(*DbConn, kind_.sql); !records.eof(); records.moveNext()) {
         rows << row(records);
         if (kind_.pickUse != PickUse::None) keepPick(rows.size(), records);
     }

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "core/Screen.h"
+#include "database/Sql.h"
 
 class Recordset;
 namespace Ui {
@@ -23,7 +24,7 @@ enum class PickUse {
 struct ListDialogKind {
     QStringView name;
     QStringView caption;
-    QStringView sql;
+    Sql sql;
     Rows rows;
     PickUse pickUse;
     bool isSearchable = false;

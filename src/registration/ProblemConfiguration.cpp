@@ -46,7 +46,7 @@ void 課題構成登録::Text1_DblClick() {
 
 void 課題構成登録::Command1_Click() {
     if (!problemCanBeConfigured() || !settingsAreNumbers()) return;
-    const Recordset same(u"SELECT * FROM 課題 WHERE 課題番号 =%1"_s.arg(numberIn(ui_->Text1)), *DbConn);
+    const Recordset same(*DbConn, u"SELECT * FROM 課題 WHERE 課題番号 = ?", numberIn(ui_->Text1));
     if (!same.eof()) {
         refuseAt(ui_->Text1, u"'%1' は既に存在します。"_s.arg(ui_->Text1->text()));
         return;
@@ -61,11 +61,11 @@ void 課題構成登録::Command1_Click() {
 
 bool 課題構成登録::problemCanBeConfigured() {
     if (!requireNumber(ui_->Text1, u"課題番号が不正です。"_s)) return false;
-    const QString number = numberIn(ui_->Text1);
-    if (Recordset(u"SELECT * FROM 要因 WHERE 要因番号 =%1"_s.arg(number), *DbConn).eof())
+    const double number = numberIn(ui_->Text1);
+    if (Recordset(*DbConn, u"SELECT * FROM 要因 WHERE 要因番号 = ?", number).eof())
         return refusedAt(ui_->Text1,
                          u"課題番号 '%1' は要因テーブルに存在しません。"_s.arg(ui_->Text1->text()));
-    if (Recordset(u"SELECT * FROM 要因 WHERE 要因番号 =%1 AND 要因区分 = 0 "_s.arg(number), *DbConn).eof())
+    if (Recordset(*DbConn, u"SELECT * FROM 要因 WHERE 要因番号 = ? AND 要因区分 = 0 ", number).eof())
         return refusedAt(ui_->Text1, u"課題番号 '%1' は課題要因として要因テーブルに存在しません。"_s.arg(
                                          ui_->Text1->text()));
     return true;
@@ -91,18 +91,17 @@ void 課題構成登録::addProblem() {
 // A configured problem can be changed whatever has become of its factor, so only its own row is looked for.
 void 課題構成登録::Command2_Click() {
     if (!settingsAreNumbers()) return;
-    const QString number = numberIn(ui_->Text1);
-    if (Recordset(u"SELECT * FROM 課題 WHERE 課題番号 = %1"_s.arg(number), *DbConn).eof())
+    const double number = numberIn(ui_->Text1);
+    if (Recordset(*DbConn, u"SELECT * FROM 課題 WHERE 課題番号 = ?", number).eof())
         return refuseMissingProblem();
-    const QString change =
-        u"UPDATE  課題 SET 課題区分 = %1, 構成レベル = %2, 最大分岐数 = %3, 比較回数 =%4 WHERE 課題番号 =%5"_s
-            .arg(wholeNumberIn(ui_->Text2))
-            .arg(wholeNumberIn(ui_->Text3))
-            .arg(wholeNumberIn(ui_->Text4))
-            .arg(wholeNumberIn(ui_->Text5))
-            .arg(number);
+    const qint32 problemClass = wholeNumberIn(ui_->Text2);
+    const qint32 levels = wholeNumberIn(ui_->Text3);
+    const qint32 branches = wholeNumberIn(ui_->Text4);
+    const qint32 round = wholeNumberIn(ui_->Text5);
     if (!confirm(u"変更しますか ？"_s)) return;
-    DbConn->execute(change);
+    DbConn->execute(
+        u"UPDATE 課題 SET 課題区分 = ?, 構成レベル = ?, 最大分岐数 = ?, 比較回数 = ? WHERE 課題番号 = ?",
+        problemClass, levels, branches, round, number);
     const QString name = problemName();
     makeDurable();
     sayDone(shownNumber(), name, u"変更しました。"_s);
@@ -112,10 +111,10 @@ void 課題構成登録::Command2_Click() {
 
 void 課題構成登録::Command3_Click() {
     const Recordset problem(
+        *DbConn,
         u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル,T1.最大分岐数,T1.比較回数 "
-        "FROM 課題 T1,要因 T2 WHERE T1.課題番号 =%1AND T1.課題番号 = T2.要因番号 "_s.arg(
-            numberIn(ui_->Text1)),
-        *DbConn);
+        "FROM 課題 T1,要因 T2 WHERE T1.課題番号 = ? AND T1.課題番号 = T2.要因番号 ",
+        numberIn(ui_->Text1));
     if (problem.eof()) return refuseMissingProblem();
     fill(ui_->Text2, NullToZero(problem[u"課題区分"_s]).toText());
     fill(ui_->Text3, NullToZero(problem[u"構成レベル"_s]).toText());
@@ -128,8 +127,7 @@ void 課題構成登録::Command3_Click() {
 
 // A configured problem may have lost its factor.
 QString 課題構成登録::problemName() const {
-    const Recordset factor(u"SELECT 要因名 FROM 要因 WHERE 要因番号 =%1"_s.arg(numberIn(ui_->Text1)),
-                           *DbConn);
+    const Recordset factor(*DbConn, u"SELECT 要因名 FROM 要因 WHERE 要因番号 = ?", numberIn(ui_->Text1));
     return factor.eof() ? QString() : NullToEmpty(factor[u"要因名"_s]);
 }
 

@@ -45,7 +45,7 @@ const QString& 課題評価者登録::problem() const {
 
 void 課題評価者登録::Combo1_Click() {
     auto evaluators =
-        readNumberedNames(u"SELECT 評価者番号,評価者氏名   FROM 評価者    ORDER BY 評価者番号 "_s,
+        readNumberedNames({*DbConn, u"SELECT 評価者番号,評価者氏名   FROM 評価者    ORDER BY 評価者番号 "},
                           u"評価者番号"_s, u"評価者氏名"_s);
     const auto assigned = assignedEvaluators();
     if (evaluators.empty()) refuse(u"評価者が登録されてません。"_s);
@@ -56,8 +56,10 @@ void 課題評価者登録::Combo1_Click() {
 
 std::vector<NumberedName> 課題評価者登録::assignedEvaluators() const {
     return readNumberedNames(
-        u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
-        "WHERE T1.課題番号 = %1 AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 "_s.arg(problem()),
+        {*DbConn,
+         u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
+         "WHERE T1.課題番号 = ? AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 ",
+         leadingNumber(problem())},
         u"評価者番号"_s, u"評価者氏名"_s);
 }
 
@@ -77,7 +79,7 @@ bool 課題評価者登録::isChosen(const QString& noSelection) {
 void 課題評価者登録::Command1_Click() {
     if (!isChosen(u"評価者が選択されてません。"_s)) return;
     if (!confirm(u"当該課題に選択された評価者を登録しますか ？"_s)) return;
-    DbConn->execute(u" DELETE FROM 課題評価者 WHERE 課題番号 = %1"_s.arg(problem()));
+    DbConn->execute(u"DELETE FROM 課題評価者 WHERE 課題番号 = ?", leadingNumber(problem()));
     assign(selectedEvaluators());
     finishChange(u"登録しました。"_s);
 }
@@ -94,9 +96,8 @@ void 課題評価者登録::Command2_Click() {
 bool 課題評価者登録::isNew(const QStringList& evaluators) {
     for (const auto& evaluator : evaluators) {
         const Recordset assigned(
-            u"SELECT *   FROM 課題評価者 WHERE 課題番号 = %1 AND 評価者番号 = %2 ORDER BY 課題番号 "_s.arg(
-                problem(), evaluator),
-            *DbConn);
+            *DbConn, u"SELECT *   FROM 課題評価者 WHERE 課題番号 = ? AND 評価者番号 = ? ORDER BY 課題番号 ",
+            leadingNumber(problem()), leadingNumber(evaluator));
         if (!assigned.eof()) return refusedAt(ui_->List1, u"選択された評価者は登録済です。"_s + evaluator);
     }
     return true;
@@ -106,8 +107,8 @@ void 課題評価者登録::Command3_Click() {
     if (!isChosen(u"評価者が選択されてません"_s)) return;
     if (!confirm(u"当該課題から選択された評価者を削除しますか ？"_s)) return;
     for (const auto& evaluator : selectedEvaluators())
-        DbConn->execute(
-            u" DELETE FROM 課題評価者 WHERE 課題番号 = %1 AND 評価者番号 = %2"_s.arg(problem(), evaluator));
+        DbConn->execute(u"DELETE FROM 課題評価者 WHERE 課題番号 = ? AND 評価者番号 = ?",
+                        leadingNumber(problem()), leadingNumber(evaluator));
     finishChange(u"削除しました。"_s);
 }
 

@@ -49,8 +49,8 @@ void RegistrationScreen::fill(QLineEdit* field, const QString& text) {
     field->home(false);
 }
 
-QString RegistrationScreen::numberIn(const QLineEdit* field) {
-    return decimalText(leadingNumber(field->text()));
+double RegistrationScreen::numberIn(const QLineEdit* field) {
+    return leadingNumber(field->text());
 }
 
 qint32 RegistrationScreen::wholeNumberIn(const QLineEdit* field) {

@@ -33,7 +33,7 @@ class RegistrationScreen : public Screen {
     // the field shows: of several lines none is lost.
     static void fill(QLineEdit* field, const QString& text);
     // The number that the field begins with, as statements look it up.
-    static QString numberIn(const QLineEdit* field);
+    static double numberIn(const QLineEdit* field);
     // The same as the columns of whole numbers hold it: halves to the even one. Raises error 6 beyond 32
     // bits.
     static qint32 wholeNumberIn(const QLineEdit* field);

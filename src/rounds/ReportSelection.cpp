@@ -2,6 +2,7 @@
 
 #include "core/Common.h"
 #include "database/Recordset.h"
+#include "text/Numbers.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -21,24 +22,23 @@ QStringList entries(Recordset rows, const QString& number, const QString& name) 
 QStringList problemEntries(Connection& connection) {
     return entries(
         Recordset(
+            connection,
             u"SELECT T1.課題番号,T1.課題区分,T2.要因名,T1.構成レベル,T1.最大分岐数 FROM 課題 T1,要因 T2 "
-            "WHERE T1.課題番号 = T2.要因番号 "_s,
-            connection),
+            "WHERE T1.課題番号 = T2.要因番号 "),
         u"課題番号"_s, u"要因名"_s);
 }
 
 QStringList evaluatorEntries(Connection& connection, const QString& problemNo) {
-    return entries(
-        Recordset(
-            u"select t1.評価者番号,t1.評価者氏名 from 評価者 t1,課題評価者 t2"
-            " where 課題番号=%1 and t2.評価者番号=t1.評価者番号 order by t1.評価者番号"_s.arg(problemNo),
-            connection),
-        u"評価者番号"_s, u"評価者氏名"_s);
+    return entries(Recordset(connection,
+                             u"select t1.評価者番号,t1.評価者氏名 from 評価者 t1,課題評価者 t2"
+                             " where 課題番号=? and t2.評価者番号=t1.評価者番号 order by t1.評価者番号",
+                             leadingNumber(problemNo)),
+                   u"評価者番号"_s, u"評価者氏名"_s);
 }
 
 QString currentRound(Connection& connection, const QString& problemNo) {
-    const Recordset rows(u"select max(比較回数) as round from 課題 where 課題番号=%1"_s.arg(problemNo),
-                         connection);
+    const Recordset rows(connection, u"select max(比較回数) as round from 課題 where 課題番号=?",
+                         leadingNumber(problemNo));
     const Value& round = rows[u"Round"_s];
     return round.isNull() ? u"1"_s : round.toText();
 }

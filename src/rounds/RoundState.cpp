@@ -17,22 +17,20 @@ QString nameOrNumber(const QString& name, const QString& number) {
 } // namespace
 
 bool hasResults(const ProblemRound& of, qint32 evaluatorNo) {
-    return !Recordset(
-                u"select * from 評価結果 where レベル = 2 and 課題番号=%1 and 比較回数=%2"
-                " and 評価者番号=%3 order by 子要因番号"_s.arg(of.problemNo)
-                    .arg(of.round)
-                    .arg(evaluatorNo),
-                of.connection)
+    return !Recordset(of.connection,
+                      u"select * from 評価結果 where レベル = 2 and 課題番号=? and 比較回数=?"
+                      " and 評価者番号=? order by 子要因番号",
+                      of.problemNo, of.round, evaluatorNo)
                 .eof();
 }
 
 QString resultsLine(const ProblemRound& of) {
     QStringList with; // numbers, as text
     for (Recordset rows(
-             u"select distinct 評価者番号 from 評価結果 where レベル=2 and 課題番号=%1 and 比較回数=%2"
-             " order by 評価者番号"_s.arg(of.problemNo)
-                 .arg(of.round),
-             of.connection);
+             of.connection,
+             u"select distinct 評価者番号 from 評価結果 where レベル=2 and 課題番号=? and 比較回数=?"
+             " order by 評価者番号",
+             of.problemNo, of.round);
          !rows.eof(); rows.moveNext())
         with << rows[u"評価者番号"_s].toText();
 

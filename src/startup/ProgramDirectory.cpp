@@ -44,7 +44,7 @@ void createDatabase(const QString& file, Contents contents) {
     if (contents == Contents::Sample)
         addProblem(connection, sampleProblem());
     else // the evaluator screen proposes the number after the greatest one, so there has to be one
-        connection.execute(u"INSERT INTO 評価者 (評価者番号,評価者氏名,所属部門) VALUES (1,'評価者１','')"_s);
+        connection.execute(u"INSERT INTO 評価者 (評価者番号,評価者氏名,所属部門) VALUES (1,'評価者１','')");
     connection.close();
     created.publish();
 }

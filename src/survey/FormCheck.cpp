@@ -65,10 +65,9 @@ class Check {
 
     void checkEvaluator(Connection& connection) {
         const auto number = *answers_.evaluatorNo;
-        const Recordset assigned(u"select 評価者番号 from 課題評価者 where 課題番号=%1 and 評価者番号=%2"_s
-                                     .arg(questionnaire_.problem.number)
-                                     .arg(number),
-                                 connection);
+        const Recordset assigned(connection,
+                                 u"select 評価者番号 from 課題評価者 where 課題番号=? and 評価者番号=?",
+                                 questionnaire_.problem.number, number);
         if (assigned.eof())
             return fault({}, u"評価者 %1「%2」は課題評価者ではありません。"_s.arg(QString::number(number),
                                                                                   answers_.evaluator));
@@ -209,12 +208,10 @@ class Check {
 int goalsAnsweredBefore(Connection& connection, const Questionnaire& questionnaire,
                         const CheckedAnswers& checked) {
     QSet<qint32> answered;
-    for (Recordset rows(
-             u"select 目的要因番号 from 一対比較 where 課題番号=%1 and 比較回数=%2 and 評価者番号=%3 "
-             "group by 目的要因番号"_s.arg(questionnaire.problem.number)
-                 .arg(questionnaire.round)
-                 .arg(checked.evaluator.number),
-             connection);
+    for (Recordset rows(connection,
+                        u"select 目的要因番号 from 一対比較 where 課題番号=? and 比較回数=? and 評価者番号=? "
+                        "group by 目的要因番号",
+                        questionnaire.problem.number, questionnaire.round, checked.evaluator.number);
          !rows.eof(); rows.moveNext())
         answered.insert(rows[u"目的要因番号"_s].toLong());
     return static_cast<int>(std::ranges::count_if(

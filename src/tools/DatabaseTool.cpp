@@ -46,7 +46,7 @@ void sayRowCounts(const QString& file) {
     Connection connection;
     openDatabaseFile(connection, file);
     for (const auto& table : schemaTables()) {
-        const Recordset count(u"SELECT count(*) AS 行数 FROM %1"_s.arg(table.name), connection);
+        const Recordset count(connection, SchemaSql{u"SELECT count(*) AS 行数 FROM %1"_s.arg(table.name)});
         say(u"  %1: %2 行"_s.arg(table.name, count[u"行数"_s].toText()));
     }
 }

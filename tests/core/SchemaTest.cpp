@@ -11,7 +11,8 @@ class SchemaTest : public ScreenTest {};
 TEST_F(SchemaTest, NamesTheTablesAndColumnsThatAreMissing) {
     EXPECT_EQ(schemaTables().size(), 11U);
     for (const auto& table : schemaTables()) // as the engine read the same statements
-        EXPECT_EQ(table.columns, Recordset(u"SELECT * FROM %1"_s.arg(table.name), *DbConn).fieldNames());
+        EXPECT_EQ(table.columns,
+                  Recordset(*DbConn, SchemaSql{u"SELECT * FROM "_s + table.name}).fieldNames());
     EXPECT_TRUE(missingFromSchema(*DbConn).isEmpty());
     run(u"DROP TABLE 総合係数"_s);
     run(u"DROP TABLE workfac"_s);

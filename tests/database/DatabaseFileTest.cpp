@@ -32,9 +32,9 @@ class DatabaseFileTest : public testing::Test {
         createEncryptedDatabase(path(u"a.mdb"_s), password);
         Connection connection;
         openDatabaseFile(connection, path(u"a.mdb"_s), password);
-        connection.execute(u"CREATE TABLE 要因 (要因名 TEXT)"_s);
+        connection.execute(u"CREATE TABLE 要因 (要因名 TEXT)");
         for (int row = 0; row < 300; ++row)
-            connection.execute(u"INSERT INTO 要因 VALUES ('耐震補強 SECRET')"_s);
+            connection.execute(u"INSERT INTO 要因 VALUES ('耐震補強 SECRET')");
         connection.close();
         return path(u"a.mdb"_s);
     }
@@ -74,14 +74,14 @@ TEST_F(DatabaseFileTest, ACopyHoldsWhatIsDurableWhileTheProgramWrites) {
     const QString file = filledDatabase();
     Connection program;
     openDatabaseFile(program, file, password);
-    program.execute(u"DELETE FROM 要因"_s); // not yet the end of the unit of work
+    program.execute(u"DELETE FROM 要因"); // not yet the end of the unit of work
     NewFile copy(path(u"copy.mdb"_s));
     copyDatabase(file, copy, password);
     copy.publish();
     EXPECT_FALSE(bytesOf(path(u"copy.mdb"_s)).contains("SECRET"));
     Connection connection;
     openDatabaseFile(connection, path(u"copy.mdb"_s), password);
-    EXPECT_EQ(Recordset(u"SELECT * FROM 要因"_s, connection).recordCount(), 300);
+    EXPECT_EQ(Recordset(connection, u"SELECT * FROM 要因").recordCount(), 300);
 }
 
 // Made by the command line tools of the library's two generations, each with its own defaults.
@@ -89,11 +89,11 @@ TEST_F(DatabaseFileTest, FilesOfBothGenerationsOpenAndTheirCopiesOpenEverywhere)
     Connection connection;
     openDatabaseFile(connection, filledDatabase(), password);
     const bool isLater =
-        Recordset(u"PRAGMA cipher_version"_s, connection)[u"cipher_version"_s].toText() >= u"4"_s;
+        Recordset(connection, u"PRAGMA cipher_version")[u"cipher_version"_s].toText() >= u"4"_s;
     const auto firstName = [](const QString& file) {
         Connection opened;
         openDatabaseFile(opened, file, password);
-        return Recordset(u"SELECT 要因名 FROM 要因"_s, opened)[u"要因名"_s].toText();
+        return Recordset(opened, u"SELECT 要因名 FROM 要因")[u"要因名"_s].toText();
     };
     for (const auto& [generation, opens] : {std::pair{3, true}, {4, isLater}}) {
         const QString file = path(u"generation-%1.mdb"_s.arg(generation));

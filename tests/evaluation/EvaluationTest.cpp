@@ -51,8 +51,9 @@ class EvaluationTest : public ScreenTest {
     }
     void expectRows(const QString& columns, const QString& where, const QList<QList<double>>& expected) {
         Recordset records(
-            u"select %1 from 評価結果 where %2 order by 親要因番号,子要因番号,レベル"_s.arg(columns, where),
-            *DbConn);
+            *DbConn,
+            SchemaSql{u"select %1 from 評価結果 where %2 order by 親要因番号,子要因番号,レベル"_s.arg(
+                columns, where)});
         ASSERT_EQ(records.recordCount(), expected.size());
         for (const auto& row : expected) {
             for (qsizetype field = 0; field < row.size(); ++field)

@@ -123,9 +123,9 @@ TEST_F(WholeRoadTest, AProblemIsBuiltComparedAndCalculatedThroughTheScreens) {
     click(u"評価計算", u"Command1"); // all evaluators
     EXPECT_EQ(told(u"評価計算", u"Command7"), notice(u"評価計算"_s, u" 評価値計算終了"_s));
 
-    Recordset totals(
-        u"select 評価者番号,子要因番号,総合評価値 from 評価結果 where レベル=2 and 課題番号=1 and 比較回数=1 order by 評価者番号,子要因番号"_s,
-        *DbConn);
+    Recordset totals(*DbConn,
+                     u"select 評価者番号,子要因番号,総合評価値 from 評価結果 where レベル=2 and 課題番号=1 "
+                     u"and 比較回数=1 order by 評価者番号,子要因番号");
     ASSERT_EQ(totals.recordCount(), 21);
     for (int evaluator = 1; evaluator <= 3; ++evaluator)
         for (const double total : judgements[static_cast<std::size_t>(evaluator - 1)].totals) {

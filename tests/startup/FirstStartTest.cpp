@@ -37,7 +37,7 @@ bool startsWith(const QString& directory, const QString& button) {
 int evaluatorsIn(const QString& directory) {
     Connection connection;
     openDatabaseFile(connection, directory + u"/DB/Hollin.mdb"_s);
-    return Recordset(u"SELECT * FROM 評価者"_s, connection).recordCount();
+    return Recordset(connection, u"SELECT * FROM 評価者").recordCount();
 }
 
 TEST(FirstStart, MakesWhatTheUserChoosesAndAsksOnlyOnce) {

@@ -110,12 +110,12 @@ ScreenTest::~ScreenTest() {
 // Left to the next action of a screen to make durable: waiting for the disk at each row would make up most of
 // the time that the tests take.
 void ScreenTest::run(const QString& sql) {
-    Common::DbConn->execute(sql);
+    Common::DbConn->execute(SchemaSql{sql});
 }
 
 QStringList ScreenTest::rows(const QString& sql) {
     QStringList texts;
-    for (Recordset records(sql, *Common::DbConn); !records.eof(); records.moveNext()) {
+    for (Recordset records(*Common::DbConn, SchemaSql{sql}); !records.eof(); records.moveNext()) {
         QStringList fields;
         for (const auto& name : records.fieldNames())
             fields << (records[name].isNull() ? u"NULL"_s : records[name].toText());
@@ -171,10 +171,10 @@ void ScreenTest::expectDurable() {
 
 std::unique_ptr<Connection> ScreenTest::otherProgram(const QStringList& statements) {
     Common::makeDurable();
-    Common::DbConn->execute(u"PRAGMA busy_timeout = 0"_s);
+    Common::DbConn->execute(u"PRAGMA busy_timeout = 0");
     auto other = std::make_unique<Connection>();
     openDatabaseFile(*other, directory() + u"/DB/Hollin.mdb"_s);
-    for (const auto& statement : statements) other->execute(statement);
+    for (const auto& statement : statements) other->execute(SchemaSql{statement});
     return other;
 }
 

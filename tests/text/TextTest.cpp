@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "database/SqlText.h"
 #include "support/Helpers.h"
 #include "support/ScreenTest.h"
 #include "text/Dates.h"
@@ -66,42 +65,6 @@ TEST(Dates, OnlyDaysOfTheCalendarAreDates) {
     for (const auto& text : {u"2026/2/29"_s, u"令和元年4月30日"_s, u"平成31年5月1日"_s, u"R0/4/1"_s,
                              u"8/4/1"_s, u""_s, u"明日"_s, u"2026/13/1"_s, u"20260401"_s})
         EXPECT_FALSE(parseDate(text)) << text.toStdString();
-}
-
-TEST(SqlText, NumbersAreSeparatedFromWordsOutsideQuotesOnly) {
-    for (const auto& [sql, separated] :
-         {std::pair{u"= '12AND''3OR' AND x = 1OR 2"_s, u"= '12AND''3OR' AND x = 1 OR 2"_s},
-          {u"values(1e-07,2.5E+10,3)"_s, u"values(1e-07,2.5E+10,3)"_s},
-          {u"MAX_1要因 5要因 1e"_s, u"MAX_1要因 5 要因 1 e"_s},
-          {u"'unclosed 1AND"_s, u"'unclosed 1AND"_s}})
-        EXPECT_EQ(separateNumbers(sql), separated);
-    EXPECT_EQ(quoted(u"O'Neill''"_s), u"'O''Neill'''''"_s);
-}
-
-TEST(SqlText, LiteralsAreLiftedOnlyWhereAParameterMeansTheSame) {
-    for (
-        const auto& [sql, lifted] : {
-            std::pair{u"update t set a=12,b='it''s' where c=3AND d=1.5"_s,
-                      u"update t set a=?,b=? where c=?AND d=? 12 it's 3 1.5"_s},
-            {u"insert into t select 5,a from u where b=7 group by 3 having c>4 order by 5"_s,
-             u"insert into t select ?,a from u where b=? group by 3 having c>? order by 5 5 7 4"_s},
-            {u"select 5 from (select 6 from t order by 7) where a in (select 8 limit 9)and b=10"_s,
-             u"select 5 from (select ? from t order by 7) where a in (select ? limit 9)and b=? 6 8 10"_s},
-            {u"with n(i) as (select 5) insert into t select 6,i from n"_s,
-             u"with n(i) as (select ?) insert into t select ?,i from n 5 6"_s},
-            {u"SELECT a AS 'b',4 FROM t WHERE c LIKE 'd%' AND e=x'41' AND f=-5 AND g=2AND h=1234567890123456789"_s,
-             u"SELECT a AS 'b',4 FROM t WHERE c LIKE 'd%' AND e=x'41' AND f=-5 AND g=2 AND h=1234567890123456789"_s},
-            {u"create table t (a default 5)"_s, u"create table t (a default 5)"_s},
-            {u"insert into t values(5,?)"_s, u"insert into t values(5,?)"_s},
-            {u"delete from t where a='open 5"_s, u"delete from t where a='open 5"_s},
-        }) {
-        QString told;
-        const auto [shape, literals] = liftLiterals(sql);
-        for (const auto& literal : literals)
-            told +=
-                u' ' + (literal.kind == Literal::Kind::Whole ? QString::number(literal.whole) : literal.text);
-        EXPECT_EQ(shape + told, lifted);
-    }
 }
 
 TEST(TextConversion, WidthsAndCodePage) {

@@ -36,19 +36,21 @@ class BatchTest : public testing::Test {
         openDatabaseFile(database, path(u"DB/Hollin.mdb"_s));
         for (const auto& [problem, round] : {std::pair{98, 1}, {1, 9}}) {
             database.execute(
-                u"insert into 一対比較 select %1,目的要因番号,比較元要因番号,比較対象要因番号,評価者番号,%2,"
-                "'',比較表示順,7 from 一対比較 where 課題番号=1 and 比較回数=1"_s.arg(problem)
-                    .arg(round));
+                u"insert into 一対比較 select ?,目的要因番号,比較元要因番号,比較対象要因番号,評価者番号,?,"
+                "'',比較表示順,7 from 一対比較 where 課題番号=1 and 比較回数=1",
+                problem, round);
             database.execute(
                 u"insert into 評価結果 select 課題番号,目的要因番号,比較元要因番号,評価者番号,"
-                "比較回数,7,2,7 from 一対比較 where 比較値=7 and 課題番号=%1 and 比較回数=%2"_s.arg(problem)
-                    .arg(round));
+                "比較回数,7,2,7 from 一対比較 where 比較値=7 and 課題番号=? and 比較回数=?",
+                problem, round);
         }
-        for (const auto& other :
-             {u"要因構成 select 98,子要因番号,親要因番号,子要因表示順,'0' from 要因構成"_s,
-              u"課題 values(98,0,9,9,9)"_s, u"要因 values(98,0,'他の課題','')"_s,
-              u"評価者 values(99,'他の評価者','')"_s, u"課題評価者 values(98,99,''),(98,2,'')"_s})
-            database.execute(u"insert into "_s + other);
+        for (const Sql other :
+             {Sql(u"insert into 要因構成 select 98,子要因番号,親要因番号,子要因表示順,'0' from 要因構成"),
+              Sql(u"insert into 課題 values(98,0,9,9,9)"),
+              Sql(u"insert into 要因 values(98,0,'他の課題','')"),
+              Sql(u"insert into 評価者 values(99,'他の評価者','')"),
+              Sql(u"insert into 課題評価者 values(98,99,''),(98,2,'')")})
+            database.execute(other);
         database.endUnitOfWork();
     }
     QString path(const QString& name) const { return folder_.filePath(name); }
@@ -122,12 +124,11 @@ TEST_F(BatchTest, NamedEvaluatorsAndActionsOnly) {
     EXPECT_EQ(screens(run(u"1 --calculate --evaluator 4 --evaluator 04"_s)), u"評価計算"_s);
     Connection database;
     openDatabaseFile(database, path(u"DB/Hollin.mdb"_s));
-    EXPECT_EQ(Recordset(u"select * from 評価結果 where 評価者番号=4 and 評価値<>7"_s, database).recordCount(),
+    EXPECT_EQ(Recordset(database, u"select * from 評価結果 where 評価者番号=4 and 評価値<>7").recordCount(),
               75);
     // Worked out apart from this program, along the two paths to the shared factor.
     const Recordset shared(
-        u"select * from 評価結果 where レベル=2 and 子要因番号=30 and 評価者番号=4 and 評価値<>7"_s,
-        database);
+        database, u"select * from 評価結果 where レベル=2 and 子要因番号=30 and 評価者番号=4 and 評価値<>7");
     EXPECT_NEAR(shared[u"総合評価値"_s].toDouble(), 0.6266, 5e-5);
     EXPECT_EQ(screens(run(u"1 --evaluator 2 --print 分析出力 --print 個人結果"_s)), u"個人結果 分析出力"_s);
 }
@@ -150,6 +151,6 @@ TEST_F(BatchTest, AnswersComeInFromFilesAndReplaceOthersOnlyWhenAsked) {
     EXPECT_EQ(run(u"1 --import %1 --replace"_s.arg(answered)).output, answered + u'\n');
     Connection database;
     openDatabaseFile(database, path(u"DB/Hollin.mdb"_s));
-    EXPECT_EQ(readNumber(u"select count(*) from 一対比較 where 評価者番号=2 and 比較値=1"_s, database), 56);
-    EXPECT_EQ(readNumber(u"select count(*) from 一対比較 where 評価者番号=2"_s, database), 3 * 56);
+    EXPECT_EQ(readNumber(database, u"select count(*) from 一対比較 where 評価者番号=2 and 比較値=1"), 56);
+    EXPECT_EQ(readNumber(database, u"select count(*) from 一対比較 where 評価者番号=2"), 3 * 56);
 }

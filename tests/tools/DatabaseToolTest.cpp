@@ -49,7 +49,7 @@ TEST_F(DatabaseToolTest, RefusalsAreExplainedWithExitCodesAndChangeNothing) {
     QFile::copy(path(u"a.mdb"_s), lacking);
     Connection connection;
     openDatabaseFile(connection, lacking);
-    connection.execute(u"DROP TABLE 総合係数"_s);
+    connection.execute(u"DROP TABLE 総合係数");
     connection.close();
     const QStringList files = QDir(folder_.path()).entryList(QDir::Files);
     const QByteArray before = bytesOf(path(u"a.mdb"_s));
@@ -116,7 +116,8 @@ TEST_F(DatabaseToolTest, SamplesAreEqualRowForRow) {
         Connection connection;
         openDatabaseFile(connection, file);
         for (const auto& table : schemaTables())
-            for (Recordset rows(u"SELECT * FROM "_s + table.name, connection); !rows.eof(); rows.moveNext())
+            for (Recordset rows(connection, SchemaSql{u"SELECT * FROM "_s + table.name}); !rows.eof();
+                 rows.moveNext())
                 for (const auto& column : table.columns) sample << rows[column].toText();
     }
     EXPECT_GT(samples[0].size(), 1000);
