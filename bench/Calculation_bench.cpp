@@ -16,6 +16,7 @@
 #include "hierarchy/NumberHierarchy.h"
 #include "judgement/PowerMethod.h"
 #include "rounds/EvaluatorRound.h"
+#include "rounds/RoundState.h"
 
 using namespace Qt::StringLiterals;
 using Common::DbConn;
@@ -135,6 +136,16 @@ void grade(benchmark::State& state) {
     }
 }
 
+// Whether the results of all belong to the answers: at most a tenth of their calculation.
+void roundState(benchmark::State& state) {
+    const WorkloadDirectory directory(static_cast<int>(state.range(0)));
+    directory.calculate();
+    for (const auto& step : state) {
+        static_cast<void>(step);
+        benchmark::DoNotOptimize(readRoundState(directory.round()));
+    }
+}
+
 // A matrix whose judgements contradict each other a little, so that the iteration takes its usual time.
 void powerMethod(benchmark::State& state) {
     const auto n = static_cast<qint16>(state.range(0));
@@ -154,4 +165,5 @@ BENCHMARK(calculate)->Apply(numbers<10, 30, Workload::mostEvaluators>);
 BENCHMARK(synthesis)->Apply(numbers<>);
 BENCHMARK(numbering)->Apply(numbers<>);
 BENCHMARK(grade)->Apply(numbers<10, 30, Workload::mostEvaluators>);
+BENCHMARK(roundState)->Apply(numbers<10, 30, Workload::mostEvaluators>);
 BENCHMARK(powerMethod)->Apply(numbers<3, 7, 20>)->Unit(benchmark::kMicrosecond);

@@ -10,6 +10,7 @@
 #include "hierarchy/FamilyRows.h"
 #include "printing/ReportPage.h"
 #include "rounds/RoundSelection.h"
+#include "rounds/RoundState.h"
 #include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
@@ -126,6 +127,7 @@ void printAnalysis(PrintService& print, const ProblemRound& of, const Analysis& 
     const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, of.round),
                                    evaluatorLine(of.connection, analysis.evaluators)};
     ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
+    page.foot(readRoundState(of).footLine(page.footColumns()));
     printFamilies(page, names, analysis.tree, [&names](const FactorValues& factor) {
         return figures(names[factor.place.factorNo], factor);
     });

@@ -81,11 +81,12 @@ void printFactors(ReportPage& page, const std::vector<GroupRow>& rows, qint32 ev
 
 // The document of one evaluator. `rows` are made for the first document and kept for the others.
 void PrintGroupReport(PrintService& print, const EvaluatorRound& of, const QString& problem,
-                      const std::function<const std::vector<GroupRow>&()>& rows) {
+                      const RoundState& state, const std::function<const std::vector<GroupRow>&()>& rows) {
     const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
     print.fillSlots(evaluator, problem, of.round);
     ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, of.round)}, columns},
                     {u"報告作成"_s, problem, evaluator});
+    page.foot(state.footLine(page.footColumns()));
     page.coveringLetter(print.FileDir + u"\\message.txt"_s);
     printFactors(page, rows(), of.evaluatorNo);
     page.finish();
@@ -110,9 +111,11 @@ bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const Re
         if (rows.empty()) rows = groupRows(names, std::move(factors));
         return rows;
     };
+    const auto state = readRoundState(chosen);
     for (const auto& evaluator : chosen.evaluators) {
         progress(done++, count, evaluator.entry);
-        PrintGroupReport(print, evaluatorRound(chosen, evaluator.number), names[chosen.problemNo], rowsOnce);
+        PrintGroupReport(print, evaluatorRound(chosen, evaluator.number), names[chosen.problemNo], state,
+                         rowsOnce);
     }
     progress(count, count, {});
     Common::inform(u" 印刷終了"_s);

@@ -57,6 +57,10 @@ void Screen::sayOf(const QStringList& names, const ElidedLabel::Sentence& senten
     QAccessible::updateAccessibility(&changed);
 }
 
+QString Screen::told() const {
+    return status_ == nullptr ? QString() : status_->text();
+}
+
 QWidget* Screen::lineBelow() const {
     return status_;
 }

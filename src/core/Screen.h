@@ -56,6 +56,7 @@ class Screen : public Form {
     void say(const QString& text, bool warns = false);
     // The same about things with names: where the line has no room, the names are cut.
     void sayOf(const QStringList& names, const ElidedLabel::Sentence& sentence, bool warns = false);
+    QString told() const; // what it says now
     void clearStatus();
     // What the action under way has done already: an error does not take it back, and the line that tells of
     // the error tells it, too.

@@ -6,6 +6,7 @@
 #include "figures/Figures.h"
 #include "figures/PrintFigures.h"
 #include "rounds/ReportSelection.h"
+#include "rounds/RoundState.h"
 #include "ui_FiguresScreen.h"
 
 using namespace Qt::StringLiterals;
@@ -66,9 +67,12 @@ void 図::Combo1_Click() {
     const QString round = currentRound(*DbConn, problemNo);
     const ProblemRound chosen{*DbConn, Value(problemNo).toLong(), Value(round).toInteger()};
     auto results = readRoundResults(chosen);
+    const auto state = readRoundState(chosen);
+    results.foot = state.footLine(Sheet::columns);
     const auto earlier = earlierRounds(chosen);
     ProblemEntry = ui_->Combo1->currentText();
     ui_->Label5->setText(round);
+    showState(state);
     results_ = std::move(results);
     stability_.reset();
     QStringList evaluators;
@@ -80,6 +84,13 @@ void 図::Combo1_Click() {
     fill(ui_->Combo4, u"（比べない）"_s, rounds);
     if (!rounds.isEmpty()) ui_->Combo4->setCurrentIndex(1);
     runEvent([this] { showFigure(); }); // the problem is chosen, also when its figure cannot be drawn
+}
+
+void 図::showState(const RoundState& state) {
+    QFont font = ui_->results->font();
+    font.setBold(!state.isComplete());
+    ui_->results->setFont(font);
+    ui_->results->setText(state.line());
 }
 
 図::Figure 図::figure() const {
@@ -151,6 +162,7 @@ bool 図::showRun(int done) {
 }
 
 void 図::Command1_Click() {
+    if (refuseStabilityOfOld(readRoundState({*DbConn, results_->problemNo, results_->round}))) return;
     const auto comparisons = readRoundComparisons(*DbConn, *results_);
     stopped_ = false;
     ui_->progress->setRange(0, stabilityRuns);

@@ -13,6 +13,7 @@ namespace Ui {
 class FiguresScreen;
 }
 enum class PictureType;
+struct RoundState;
 
 class 図 : public OutputScreen {
   public:
@@ -27,7 +28,8 @@ class 図 : public OutputScreen {
   private:
     enum class Figure { Coefficients, Agreement, Sensitivity, Stability };
 
-    void Combo1_Click();   // problem
+    void Combo1_Click(); // problem
+    void showState(const RoundState& state);
     void Command1_Click(); // calculates the stability
     void Command7_Click(); // prints
     void savePictures(PictureType type);

@@ -26,6 +26,7 @@ struct RoundResults {
     std::vector<EvaluatorValues> local;  // local weights, for each edge of the graph
     std::vector<EvaluatorValues> totals; // overall weights, for each leaf of the graph
     QHash<qint32, QString> names;        // of all factors of the graph
+    QString foot{}; // whose results are missing or older than the answers, for the foot of a figure
 
     std::optional<std::size_t> positionOf(qint32 evaluatorNo) const;
     qint32 leafNo(std::size_t leaf) const {

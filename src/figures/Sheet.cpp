@@ -79,6 +79,7 @@ Sheet::Sheet(const FigureTitle& title, int page, int pages)
          elidedText(title.problem, width - 6.0 * PrintService::TextColumns(title.group) - 24) + u"   "_s +
              title.group);
     text({0, titleHeight + lineHeight, width, lineHeight}, title.reading);
+    text({0, FigureSheet::height, width, lineHeight}, title.foot); // in the margin, where nothing else stands
 }
 
 Sheet::~Sheet() = default;

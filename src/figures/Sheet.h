@@ -31,6 +31,7 @@ struct FigureTitle {
     QString problem; // with its round
     QString group;   // who it is about
     QString reading; // how to read the figure, in a sentence or two
+    QString foot{};  // a line below the figure
 };
 
 // Inks that stay apart in black and white and for every colour vision: they differ in lightness.
@@ -49,6 +50,7 @@ class Sheet {
     static constexpr double top = 84;     // the figure begins below the title
     static constexpr double bottom = 712; // and ends here
     static constexpr int textSize = 12;
+    static constexpr int columns = FigureSheet::width * 2 / textSize; // half-width ones of a line
 
     Sheet(const FigureTitle& title, int page, int pages);
     ~Sheet();

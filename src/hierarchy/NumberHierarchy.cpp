@@ -55,16 +55,16 @@ Value digitWorth(double worth) {
 
 void NumberHierarchy(Connection& connection, const QString& problemNo, const qint16& grouped) {
     const qint32 problem = Value(problemNo).toLong();
-    auto [numberBase, pathMultiplier] = readRadix(connection, problem);
+    auto radix = readRadix(connection, problem); // not taken apart: not every compiler captures its parts
     connection.execute(u"delete from tempfac");
     connection.execute(u"insert into tempfac (parent,child,seq,lev,dno) values(?1,?1,0,0,0)", problem);
     const auto parents = readNumber(
         connection, u"select count(distinct 親要因番号) as ncnt from 要因構成 where 課題番号=?", problem);
     descend(connection, problem, parents, [&](int level) {
-        if (grouped != pathMode) return connection.execute(groupedLevel, problem, level, numberBase);
-        connection.execute(pathLevel, problem, level, digitWorth(pathMultiplier));
+        if (grouped != pathMode) return connection.execute(groupedLevel, problem, level, radix.numberBase);
+        connection.execute(pathLevel, problem, level, digitWorth(radix.pathMultiplier));
         // Each level's digit counts for less, below the structure level behind the point.
-        pathMultiplier /= static_cast<double>(numberBase);
+        radix.pathMultiplier /= static_cast<double>(radix.numberBase);
     });
 }
 

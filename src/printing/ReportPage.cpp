@@ -182,6 +182,10 @@ void ReportPage::matrix(const QString& title, const QStringList& names, const QL
     newTable(title, columns, rows);
 }
 
+int ReportPage::footColumns() const {
+    return columnsIn(rightMargin(print_) - leftMargin);
+}
+
 void ReportPage::newPart(const QList<HeadingLine>& lines) {
     leavePage();
     heading_.lines = lines;
@@ -237,6 +241,8 @@ void ReportPage::startPage() {
 
 void ReportPage::leavePage() {
     closeTable();
+    if (linesPrinted_ && !foot_.isEmpty())
+        printCell({{}, leftMargin, rightMargin(print_) - leftMargin}, foot_, print_.MaxLines + 1);
     if (print_.LineNo > 0) print_.EndPage();
     print_.LineNo = 0;
     pageStarted_ = false;

@@ -94,6 +94,11 @@ class ReportPage {
     // the marks above the columns. It stays on one page where it fits on one.
     void matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells);
 
+    // A line at the foot of every page of the table from here on; none where it is empty.
+    void foot(const QString& line) { foot_ = line; }
+    // Half-width columns that the foot has.
+    int footColumns() const;
+
     // The next row begins a new page, whose heading has these lines: the next evaluator of the document.
     void newPart(const QList<HeadingLine>& lines);
 
@@ -140,6 +145,7 @@ class ReportPage {
     ReportPrinter& printer_;
     ReportHeading heading_;
     QString tableTitle_;
+    QString foot_;
     bool tableContinued_ = false; // the table has stood on an earlier page
     bool pageStarted_ = false;
     bool linesPrinted_ = false;

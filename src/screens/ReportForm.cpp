@@ -20,7 +20,6 @@ ReportForm::ReportForm(const ReportWork& work)
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label2), static_cast<QWidget*>(ui_->List1),
                             static_cast<QWidget*>(ui_->Command1)})
         widget->setVisible(work.hasEvaluators);
-    ui_->results->setVisible(work.ofWholeRound);
     for (QWidget* widget : {static_cast<QWidget*>(ui_->Label4), static_cast<QWidget*>(ui_->Command17)})
         widget->setVisible(work.printsReport);
     ui_->device->setVisible(work.printsReport);
@@ -63,28 +62,43 @@ void ReportForm::Combo1_Click() {
     const QStringList evaluators = evaluatorEntries(*DbConn, problemNo);
     const QString round = currentRound(*DbConn, problemNo);
     const auto of = shownRound(*DbConn, problemNo, round);
-    const QString results = of && work_.ofWholeRound ? resultsLine(*of) : QString();
-    const auto answered = of ? readAnsweredGoals(*of) : AnsweredGoals();
+    const auto state = of ? readRoundState(*of) : RoundState();
     ui_->Label5->setText(round);
     ui_->List1->clear();
     ui_->List1->addItems(evaluators);
-    ui_->results->setWholeText(results);
-    if (of) markEvaluators(answered);
+    ui_->results->clear();
+    if (of) showState(state);
     problemChosen();
 }
 
+// Whose results there are, in bold where not all are there or belong to the answers.
+void ReportForm::showState(const RoundState& state) {
+    QFont font = ui_->results->font();
+    font.setBold(!state.isComplete());
+    ui_->results->setFont(font);
+    ui_->results->setWholeText(state.line());
+    markEvaluators(state);
+}
+
 // A symbol at each evaluator whose comparisons of the round are not all there, with a tool tip.
-void ReportForm::markEvaluators(const AnsweredGoals& answered) {
-    const auto all = static_cast<int>(answered.goals.size());
+void ReportForm::markEvaluators(const RoundState& state) {
     for (int row = 0; row < ui_->List1->count(); ++row) {
         auto* item = ui_->List1->item(row);
-        const int count = answered.count(Value(entryNumber(item->text())).toLong());
-        item->setIcon(count == all ? listMark(*ui_->List1, false)
-                                   : style()->standardIcon(count == 0 ? QStyle::SP_MessageBoxCritical
-                                                                      : QStyle::SP_MessageBoxWarning));
-        item->setToolTip(count == all ? QString()
-                                      : u"一対比較は %1 / %2 目的要因まで済んでいます"_s.arg(count).arg(all));
+        const int count = state.evaluators.at(static_cast<std::size_t>(row)).goals; // in the list's order
+        const bool isAll = count == state.goals;
+        item->setIcon(isAll ? listMark(*ui_->List1, false)
+                            : style()->standardIcon(count == 0 ? QStyle::SP_MessageBoxCritical
+                                                               : QStyle::SP_MessageBoxWarning));
+        item->setToolTip(
+            isAll ? QString() : u"一対比較は %1 / %2 目的要因まで済んでいます"_s.arg(count).arg(state.goals));
     }
+}
+
+// A calculation takes what there is, also half of it.
+void ReportForm::tellWhatIsAmiss(const RoundSelection& chosen, const RoundState& state) {
+    std::vector<qint32> numbers;
+    for (const auto& evaluator : chosen.evaluators) numbers.push_back(evaluator.number);
+    if (const auto notes = state.notesOf(numbers); !notes.isEmpty()) say(told() + notes, true);
 }
 
 void ReportForm::Command7_Click() {
@@ -98,6 +112,11 @@ void ReportForm::Command7_Click() {
         [&] { return work_.run(print_, *chosen, options, progress()); },
         work_.whenNothing.isEmpty() ? u"作成した書類はありません。"_s : work_.whenNothing.arg(count));
     if (!accepted) return goTo(listToMend(ui_->Combo1, ui_->List1));
+    if (work_.use == RoundUse::Makes) {
+        const auto state = readRoundState(*chosen);
+        showState(state);
+        tellWhatIsAmiss(*chosen, state);
+    }
     worked(*chosen);
 }
 

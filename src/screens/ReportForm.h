@@ -10,7 +10,7 @@
 namespace Ui {
 class ReportForm;
 }
-struct AnsweredGoals;
+struct RoundState;
 class QVBoxLayout;
 
 class ReportForm : public OutputScreen {
@@ -26,7 +26,8 @@ class ReportForm : public OutputScreen {
     QVBoxLayout* optionsLayout();
     // A button that goes over to the figures of the chosen problem.
     void offerFigures();
-    // What one screen does besides: when a problem has been chosen, and after its work.
+    // What one screen does besides: when a problem has been chosen, and after its work. What is read for a
+    // choice is read before the screen changes.
     virtual void problemChosen() {}
     virtual void worked(const RoundSelection& /*chosen*/) {}
 
@@ -35,7 +36,9 @@ class ReportForm : public OutputScreen {
   private:
     void Combo1_Click();   // a problem: its round, its evaluators, whose results are there
     void Command7_Click(); // the work; a run-time error is shown under the screen's name
-    void markEvaluators(const AnsweredGoals& answered);
+    void showState(const RoundState& state);
+    void markEvaluators(const RoundState& state);
+    void tellWhatIsAmiss(const RoundSelection& chosen, const RoundState& state);
 
     const ReportWork& work_;
     std::unique_ptr<Ui::ReportForm> ui_;

@@ -13,12 +13,16 @@ struct ReportOptions {
     bool showValues = true; // 個人結果: the evaluator's weights in the tree, or zeros
 };
 
+// Nothing, or it makes results, or it is made of them: before that, and after they are made, whoever asks is
+// told whose there are.
+enum class RoundUse { None, Makes, Takes };
+
 struct ReportWork {
     QString screen;     // also title of its message boxes, and the name of its documents
     QString caption;    // of the button that does it
     QString option;     // of hollin-batch that asks for it
     bool hasEvaluators; // whether evaluators are chosen, or all of the round are meant
-    bool ofWholeRound;  // whether results of all evaluators go in
+    RoundUse use;       // what it has to do with the results of the round
     bool printsReport;  // whether there is an output target to choose
     // False when it was refused; the user has been told why.
     bool (*run)(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,

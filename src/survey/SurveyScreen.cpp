@@ -6,6 +6,7 @@
 
 #include "files/TextFile.h"
 #include "rounds/ReportSelection.h"
+#include "rounds/RoundState.h"
 #include "sheets/TableFile.h"
 #include "survey/SurveyWorks.h"
 #include "ui_SurveyScreen.h"
@@ -208,5 +209,6 @@ void 調査票::Command7_Click() {
         setDone(u"%1 件の調査票は登録しました。"_s.arg(++done));
     }
     ui_->Command7->setEnabled(!checkedFiles().isEmpty());
-    say(u"%1 件の調査票を登録しました。"_s.arg(done));
+    const auto state = readRoundState(*round);
+    say(u"%1 件の調査票を登録しました。"_s.arg(done) + state.line(), !state.isComplete());
 }

@@ -183,13 +183,20 @@ ExitCode perform(const Request& request) {
     const bool completed = runAction(u"hollin-batch"_s, [&] {
         Common::openDatabase(applicationDirectory());
         const RoundSelection chosen = selectionOf(*Common::DbConn, request);
-        if (!(succeeded = importFiles(chosen, request))) return;
         QString told;
+        const auto tellState = [&] { tellOnce(told, readRoundState(chosen).line()); };
+        succeeded = importFiles(chosen, request);
+        if (!request.answerFiles.isEmpty()) tellState();
+        if (!succeeded) return;
         for (const ReportWork* work : request.works) {
-            if (work->ofWholeRound) tellOnce(told, resultsLine(chosen));
-            if (!(succeeded = perform(*work, chosen))) return;
+            if (work->use == RoundUse::Takes) tellState();
+            succeeded = perform(*work, chosen);
+            if (work->use == RoundUse::Makes) tellState();
+            if (!succeeded) return;
         }
-        if (request.figures) succeeded = drawFigures(request, chosen);
+        if (!request.figures) return;
+        tellState();
+        succeeded = drawFigures(request, chosen);
     });
     return completed && succeeded ? done : failed;
 }

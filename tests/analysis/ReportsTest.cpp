@@ -159,9 +159,17 @@ TEST_F(ReportsTest, TheScreensSayWhoseResultsGoIn) {
     for (const auto& screen : {group, analysis, final}) {
         Forms.show(screen);
         choose(screen, u"Combo1", 0);
-        EXPECT_EQ(text(screen, u"results"), u"評価結果 1 / 2 名（なし: 評価者7／課題評価者以外: 評価者5）"_s);
+        EXPECT_EQ(text(screen, u"results"),
+                  u"評価結果 1 / 2 名（計算が中断: 評価者7、課題評価者以外: 評価者5）"_s);
+        EXPECT_TRUE(control(screen, u"results")->font().bold());
         EXPECT_EQ(report(screen, {1}).size(), 1);
         EXPECT_EQ(hasFocus(screen, u"List1"), screen == group); // where someone else can be chosen
+        if (screen == final) continue;
+        if (screen == group) report(screen, {0}); // of someone who has results
+        const auto page =
+            printedPages(directory() + u"/file/"_s + documents().filter(screen).value(0)).last();
+        EXPECT_EQ(page.row(screen == group ? 246 : 168).join(u' '),
+                  u"評価結果 1 / 2 名（計算が中断: 評価者7、課題評価者以外: 評価者5）"_s);
     }
 }
 
@@ -179,6 +187,11 @@ TEST_F(ReportsTest, TheListsMarkWhoseComparisonsAreMissing) {
                                      u"一対比較は 0 / 3 目的要因まで済んでいます"_s}));
         EXPECT_EQ(list->item(2)->text(), u"7:評価者7"_s);
     }
+    report(u"評価計算"_s, {0, 1});
+    EXPECT_EQ(text(u"評価計算", u"Status"),
+              u"2 名の評価値を計算し、保存しました。食い違いはありません。途中: 評価者5 2/3 目的"_s);
+    EXPECT_EQ(text(u"評価計算", u"results"),
+              u"評価結果 3 / 3 名（途中: 評価者5 2/3 目的、回答より古い: 評価者7）"_s);
 }
 
 TEST_F(ReportsTest, TheGradeComparesDeviationsWithThoseOfTheFamilySize) {

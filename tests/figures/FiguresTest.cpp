@@ -153,6 +153,25 @@ TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
     EXPECT_TRUE(isOpen(u"メニュー"));
 }
 
+TEST_F(FiguresTest, FiguresOfOldResultsSaySoAndTheRankingIsNotShakenWithNewAnswers) {
+    run(u"update 一対比較 set 比較値=7 where 課題番号=1 and 比較回数=1 and 評価者番号=5 and 目的要因番号=11"_s);
+    const QString state = u"評価結果 3 / 3 名（回答より古い: 評価者5）"_s;
+    Common::ProblemEntry = u"1:候補地の選定"_s;
+    Common::Forms.show(u"図"_s);
+    EXPECT_EQ(text(u"図", u"results"), state);
+    click(u"図", u"Command17");
+    for (const int figure : {0, 1, 2}) {
+        choose(u"図", u"Combo2", figure);
+        click(u"図", u"Command4");
+        const QDir folder(directory() + u"/file"_s);
+        const auto newest = folder.entryList({u"*.svg"_s}, QDir::Files, QDir::Time).value(0);
+        EXPECT_TRUE(bytesOf(folder.filePath(newest)).contains(state.toUtf8())) << newest.toStdString();
+    }
+    choose(u"図", u"Combo2", 3);
+    EXPECT_TRUE(told(u"図", u"Command1").at(0).text.contains(u"順位の安定は図にできません"));
+    EXPECT_FALSE(control(u"図", u"Command7")->isEnabled());
+}
+
 TEST_F(FiguresTest, WithoutResultsTheScreenOffersNothing) {
     run(u"delete from 評価結果"_s);
     Common::ProblemEntry = u"1:候補地の選定"_s;
