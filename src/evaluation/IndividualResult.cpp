@@ -64,8 +64,8 @@ std::vector<TreeRow> readEvaluatedTree(const EvaluatorRound& of, const TreeLevel
         levels);
 }
 
-std::vector<TreeRow> readBareTree(const EvaluatorRound& of, const TreeLevels& levels) {
-    return readTreeRows({of.connection,
+std::vector<TreeRow> readBareTree(Connection& connection, const TreeLevels& levels) {
+    return readTreeRows({connection,
                          u"select t1.factor as parent,t1.work1 as child,t1.work2 as dno,0 as val,0 as cval"
                          " from workfac t1 order by t1.work2"},
                         levels);
@@ -93,12 +93,6 @@ std::vector<ComparisonTable> readComparisons(const EvaluatorRound& of, const std
     }
     std::erase_if(comparisons, [](const auto& table) { return table.items.empty(); });
     return comparisons;
-}
-
-IndividualResult collect(const EvaluatorRound& of, bool showValues, const TreeLevels& levels) {
-    const auto bareTree = readBareTree(of, levels);
-    return {showValues ? readEvaluatedTree(of, levels) : bareTree, readComparisons(of, bareTree),
-            readTotals(of)};
 }
 
 void printTree(ReportPage& page, FactorNames& names, const std::vector<TreeRow>& tree) {
@@ -146,13 +140,17 @@ bool PrintIndividualResult(PrintService& print, const RoundSelection& chosen, co
     const auto evaluated = [&chosen](qint32 evaluatorNo) { return hasResults(chosen, evaluatorNo); };
     if (!allHave(chosen, evaluated, u"評価回数"_s, u"評価結果"_s)) return false;
     const auto levels = numberForReport(chosen.connection, chosen.problemNo);
+    const auto bareTree = readBareTree(chosen.connection, levels);
     FactorNames names(chosen.connection);
     const auto count = static_cast<int>(chosen.evaluators.size());
     int done = 0;
     for (const auto& evaluator : chosen.evaluators) {
         progress(done++, count, evaluator.entry);
         const auto of = evaluatorRound(chosen, evaluator.number);
-        printOne(print, names, of, collect(of, options.showValues, levels));
+        printOne(print, names, of,
+                 {.tree = options.showValues ? readEvaluatedTree(of, levels) : bareTree,
+                  .comparisons = readComparisons(of, bareTree),
+                  .totals = readTotals(of)});
     }
     progress(count, count, {});
     Common::inform(u" 印刷終了"_s);
