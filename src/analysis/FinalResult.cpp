@@ -89,6 +89,7 @@ bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
 
 std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32 problemNo) {
     std::vector<RankedCoefficient> ranked;
+    double sum = 0;
     for (Recordset rows(
              connection,
              u"select 要因番号,係数値 from 総合係数 where 課題番号=? order by 係数値 desc,要因番号",
@@ -97,9 +98,36 @@ std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32
         const QString coefficient = formatNumber(rows[u"係数値"_s].toDouble(), coefficientPattern);
         const bool tie = !ranked.empty() && ranked.back().coefficient == coefficient;
         ranked.push_back({tie ? ranked.back().rank : static_cast<int>(ranked.size()) + 1,
-                          factorName(connection, rows[u"要因番号"_s].toLong()), coefficient});
+                          factorName(connection, rows[u"要因番号"_s].toLong()),
+                          coefficient,
+                          {}});
+        sum += rows[u"係数値"_s].toDouble();
     }
+    for (auto& each : ranked)
+        each.share = formatNumber(sum > 0 ? 100 * Value(each.coefficient).toDouble() / sum : 0, u"0.0"_s);
     return ranked;
+}
+
+bool areOfPresentResults(const ProblemRound& of) {
+    try {
+        Recordset results(of.connection,
+                          u"select 子要因番号,総合評価値 from 評価結果"
+                          " where レベル = 2 and 課題番号=? and 比較回数=? order by 子要因番号",
+                          of.problemNo, of.round);
+        Recordset stored(of.connection,
+                         u"select 要因番号,係数値 from 総合係数 where 課題番号=? order by 要因番号",
+                         of.problemNo);
+        for (; !results.eof() && !stored.eof(); stored.moveNext()) {
+            const auto factorNo = results[u"子要因番号"_s].toLong();
+            if (factorNo != stored[u"要因番号"_s].toLong() ||
+                nextCoefficient(results, {}) !=
+                    formatNumber(stored[u"係数値"_s].toDouble(), coefficientPattern))
+                return false;
+        }
+        return results.eof() && stored.eof();
+    } catch (const RuntimeError&) { // results that have no coefficients
+        return false;
+    }
 }
 
 QString Quote(const QString& text) {

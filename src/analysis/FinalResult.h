@@ -29,10 +29,14 @@ struct RankedCoefficient {
     int rank = 0;
     QString factor;
     QString coefficient;
+    QString share; // of the sum of all, in %
 };
 
 // Those of a problem, the highest first.
 std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32 problemNo);
+
+// Whether the stored coefficients are those that the results of this round give now.
+bool areOfPresentResults(const ProblemRound& of);
 
 // The text between double quotes; those inside it stay as they are.
 QString Quote(const QString& text);

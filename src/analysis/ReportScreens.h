@@ -3,6 +3,7 @@
 
 #include "screens/ReportForm.h"
 
+class QLabel;
 class QTableWidget;
 
 // Calculation: weights and inconsistency report of the chosen evaluators.
@@ -35,9 +36,12 @@ class 最終結果 : public ReportForm {
     最終結果();
 
   protected:
-    void problemChosen() override;
+    void problemChosen(const std::optional<ProblemRound>& of) override;
     void worked(const RoundSelection& chosen) override;
 
   private:
-    QTableWidget* coefficients_; // of the last work, the highest first
+    void showCoefficients(const ProblemRound& of);
+
+    QTableWidget* coefficients_; // that are stored, the highest first
+    QLabel* whose_;              // whether they belong to the present results
 };

@@ -68,7 +68,7 @@ void ReportForm::Combo1_Click() {
     ui_->List1->addItems(evaluators);
     ui_->results->clear();
     if (of) showState(state);
-    problemChosen();
+    problemChosen(of);
 }
 
 // Whose results there are, in bold where not all are there or belong to the answers.

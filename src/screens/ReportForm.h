@@ -28,7 +28,7 @@ class ReportForm : public OutputScreen {
     void offerFigures();
     // What one screen does besides: when a problem has been chosen, and after its work. What is read for a
     // choice is read before the screen changes.
-    virtual void problemChosen() {}
+    virtual void problemChosen(const std::optional<ProblemRound>& /*of*/) {}
     virtual void worked(const RoundSelection& /*chosen*/) {}
 
     ReportOptions options;

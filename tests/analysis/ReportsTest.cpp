@@ -224,9 +224,26 @@ TEST_F(ReportsTest, CoefficientsAreStoredAndWrittenToTheByte) {
     const auto* table = control<QTableWidget>(final, u"coefficients");
     QStringList shown;
     for (int row = 0; row < table->rowCount(); ++row)
-        for (int column = 0; column < 3; ++column) shown << table->item(row, column)->text();
-    EXPECT_EQ(shown.join(u' '),
-              u"1 維持費 0.7361 2 広さ 0.5944 3 建設費 0.4368 4 騒音 0.3707 5 景観 0.2015"_s);
+        for (int column = 0; column < 4; ++column) shown << table->item(row, column)->text();
+    EXPECT_EQ(
+        shown.join(u' '),
+        u"1 維持費 0.7361 31.5 2 広さ 0.5944 25.4 3 建設費 0.4368 18.7 4 騒音 0.3707 15.8 5 景観 0.2015 8.6"_s);
+    // When a problem is chosen they are there at once, with whose they are.
+    const QString present = u"今の評価結果の係数です。"_s;
+    EXPECT_EQ(text(final, u"whose"), present);
+    for (
+        const auto& [change, isPresent] :
+        {std::pair{
+             u"update 評価結果 set 総合評価値=総合評価値*1.01 where レベル=2 and 子要因番号=24 and 比較回数=1"_s,
+             false},
+         {u"update 評価結果 set 総合評価値=総合評価値/1.01 where レベル=2 and 子要因番号=24 and 比較回数=1"_s,
+          true},
+         {u"delete from 総合係数 where 課題番号=1 and 要因番号=24"_s, false}}) {
+        run(change);
+        choose(final, u"Combo1", 0);
+        EXPECT_EQ(text(final, u"whose") == present, isPresent) << change.toStdString();
+    }
+    report(final, {});
     EXPECT_EQ(text(final, u"Status"), u"候補地の選定.csv を作成しました。（%1/file）"_s.arg(directory()));
     // the next round's rows replace them; a factor counts the evaluators that have a row for it
     run(u"update 課題 set 比較回数=2"_s);
