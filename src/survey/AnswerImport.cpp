@@ -33,6 +33,7 @@ bool importAnswers(const ProblemRound& round, const QStringList& paths, bool rep
     for (const auto& file : files) {
         const auto tell = [&](const QString& line) { told(file.path + u": "_s + line); };
         for (const auto& line : findingLines(file)) tell(line);
+        if (!file.hasFault()) tell(completeLine(file));
         if (const auto why = refusal(file, replace); !why.isEmpty()) {
             tell(why);
             all = false;

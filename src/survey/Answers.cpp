@@ -5,6 +5,7 @@
 #include "sheets/TableFile.h"
 #include "survey/AnswerForm.h"
 #include "text/Numbers.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 using namespace AnswerForm;
@@ -97,7 +98,8 @@ class FormReader {
         else if (!text(Answer).isEmpty()) {
             pair.position = positionOf(text(Answer));
             if (!pair.position)
-                fault(pair.place, u"回答「%1」は選択肢にありません。"_s.arg(text(Answer).left(20)));
+                fault(pair.place,
+                      u"回答「%1」は選択肢にありません。"_s.arg(joinedLines(text(Answer)).left(20)));
         }
         answers_.pairs.append(pair);
     }

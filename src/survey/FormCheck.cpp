@@ -101,7 +101,13 @@ class Check {
         auto pairs = pairs_.value(goal.factor.number);
         if (pairs.isEmpty())
             return fault(
-                {}, u"目的要因 %1の行がありません。要因構成が変わっています。"_s.arg(named(goal.factor)));
+                {}, u"目的要因 %1の行がありません。消されたか、用紙を作った後で加わった目的要因です。"_s.arg(
+                        named(goal.factor)));
+        if (const auto added = addedSince(goal, pairs); !added.isEmpty())
+            return fault(
+                {},
+                u"目的要因 %1に、調査票にない要因があります: %2。行が消されたか、用紙を作った後で加わった要因です。"_s
+                    .arg(named(goal.factor), added.join(u'、')));
         int answered = 0;
         std::vector<float> values;
         for (const auto& pair : goal.pairs()) {
@@ -115,17 +121,33 @@ class Check {
             answered += answer->position.has_value();
             values.push_back(answer->position ? scaleValue(*answer->position) : 0);
         }
-        for (const auto* surplus : pairs)
-            fault(surplus->place,
-                  u"目的番号 %1 に組 %2 はありません。要因構成が変わっています。"_s.arg(goal.factor.number)
-                      .arg(surplus->pairNo));
-        if (answered == pairCount(goal.items()))
-            addComplete(goal, values);
-        else if (answered > 0)
+        tellSurplus({pairs.begin(), pairs.end()});
+        if (answered == pairCount(goal.items())) return addComplete(goal, values);
+        checked_.open << named(goal.factor);
+        if (answered > 0)
             notice({}, u"目的要因 %1は途中です（%2 / %3 組）。この目的要因は登録されません。"_s
                            .arg(named(goal.factor))
                            .arg(answered)
                            .arg(pairCount(goal.items())));
+    }
+
+    // The children that no row names, when the form is whole without them.
+    static QStringList addedSince(const QuestionGoal& goal, const QHash<qint32, const AnsweredPair*>& pairs) {
+        QSet<qint32> met;
+        for (const auto* pair : pairs) met << pair->leftNo << pair->rightNo;
+        QStringList added;
+        for (const auto& child : goal.children)
+            if (!met.contains(child.number)) added << named(child);
+        const auto then = goal.items() - static_cast<int>(added.size());
+        return pairs.size() == pairCount(then) ? added : QStringList();
+    }
+
+    void tellSurplus(std::vector<const AnsweredPair*> pairs) {
+        std::ranges::sort(pairs); // as their rows stand in the form
+        for (const auto* pair : pairs)
+            fault(pair->place,
+                  u"目的番号 %1 に組 %2 はありません。要因構成が変わっています。"_s.arg(pair->goalNo)
+                      .arg(pair->pairNo));
     }
 
     void checkFactors(const AnsweredPair& answer, const QuestionPair& pair) {
@@ -263,6 +285,11 @@ QStringList findingLines(const CheckedAnswers& answers) {
         lines << (finding.kind == Finding::Fault ? u"誤り: "_s : u"注意: "_s) + finding.line();
     }
     return lines;
+}
+
+QString completeLine(const CheckedAnswers& answers) {
+    const auto line = u"%1 / %2 目的"_s.arg(answers.complete.size()).arg(answers.goals);
+    return answers.open.isEmpty() ? line : line + u"（残り: "_s + answers.open.join(u'、') + u'）';
 }
 
 QStringList consistencyLines(const CheckedAnswers& answers, bool onlyInconsistent) {

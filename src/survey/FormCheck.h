@@ -24,6 +24,7 @@ struct CheckedAnswers {
     QString problemAndRound; // as the form says
     int goals = 0;           // of the questionnaire
     QList<CompleteGoal> complete;
+    QStringList open; // the other goals, when the form could be set against them
     QList<Finding> findings;
     int replaced = 0; // complete goals for which there are answers already
 
@@ -43,6 +44,8 @@ void checkAgainstEachOther(QList<CheckedAnswers>& files);
 // has seen to it that the file can be stored.
 void storeAnswers(const ProblemRound& round, const CheckedAnswers& answers);
 
+// "12 / 14 目的（残り: …）".
+QString completeLine(const CheckedAnswers& answers);
 // What is to be told of a file, one text for each finding and for each complete goal.
 QStringList findingLines(const CheckedAnswers& answers);
 QStringList consistencyLines(const CheckedAnswers& answers, bool onlyInconsistent);

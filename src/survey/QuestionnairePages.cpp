@@ -19,7 +19,6 @@ constexpr int firstDigit = 3; // the words over the ends reach beyond the digits
 constexpr int scaleColumns = 55;
 constexpr int nameColumns = 25;
 constexpr int pairColumns = 5;
-constexpr int questionColumns = 112;             // of a page
 constexpr double halfWidth = 10 * 25.4 / 72 / 2; // mm, at 10 pt
 constexpr double leftMargin = 5;                 // mm
 
@@ -79,19 +78,9 @@ QStringList wrapped(QString name) {
     return lines;
 }
 
-// The number by which the goal is found in the grid, and the question; a long name of the goal is cut in it.
+// The number by which the goal is found in the grid, and the question.
 QString numberedQuestion(const QuestionGoal& goal) {
-    const auto number = formatNumber(goal.factor.number, u"0000"_s) + u"　"_s;
-    constexpr int repeated = 8; // "（続き）" at the top of a page
-    const int room =
-        questionColumns - repeated - PrintService::TextColumns(number + questionOf(QuestionGoal{{}, {}}));
-    auto shown = goal;
-    if (PrintService::TextColumns(goal.factor.name) > room)
-        shown.factor.name =
-            leadingCharacters(goal.factor.name,
-                              PrintService::FitChars(goal.factor.name, static_cast<qint16>(room - 2))) +
-            u'…';
-    return number + questionOf(shown);
+    return formatNumber(goal.factor.number, u"0000"_s) + u"　"_s + questionOf(goal);
 }
 
 struct PairRows {
@@ -119,12 +108,15 @@ void printGoal(ReportPage& page, const QuestionGoal& goal) {
     }
 }
 
-void printFor(PrintService& print, const Questionnaire& questionnaire, const QString& evaluator) {
+void printFor(PrintService& print, const Questionnaire& questionnaire, const Factor& evaluator) {
     const auto& problem = questionnaire.problem.name;
-    print.fillSlots(evaluator, problem, questionnaire.round);
+    print.fillSlots(evaluator.name, problem, questionnaire.round);
     ReportPage page(print,
-                    {u"調査票"_s, {evaluator + u"様"_s, problemLine(problem, questionnaire.round)}, {}},
-                    {u"調査票"_s, problem, evaluator});
+                    {u"調査票"_s,
+                     {u"評価者 %1　%2様"_s.arg(QString::number(evaluator.number), evaluator.name),
+                      problemLine(problem, questionnaire.round)},
+                     {}},
+                    {u"調査票"_s, problem, evaluator.name});
     page.coveringLetter(print.FileDir + u"\\survey.txt"_s);
     for (const auto& goal : questionnaire.goals) printGoal(page, goal);
     page.finish();
@@ -134,11 +126,14 @@ void printFor(PrintService& print, const Questionnaire& questionnaire, const QSt
 
 bool PrintQuestionnaires(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
                          const Progress& progress) {
-    const auto questionnaire = questionnaireOf(chosen);
+    auto questionnaire = questionnaireOf(chosen);
+    // In the order of the grid, into which somebody will type the answers.
+    std::ranges::sort(questionnaire.goals, {}, [](const auto& goal) { return goal.factor.number; });
     int done = 0;
     for (const auto& evaluator : chosen.evaluators) {
         progress(done++, static_cast<int>(chosen.evaluators.size()), evaluator.entry);
-        printFor(print, questionnaire, evaluatorName(chosen.connection, evaluator.number));
+        printFor(print, questionnaire,
+                 {evaluator.number, evaluatorName(chosen.connection, evaluator.number)});
     }
     return true;
 }

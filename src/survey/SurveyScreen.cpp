@@ -166,7 +166,8 @@ void 調査票::showDetails() {
     if (row < 0 || row >= files_.size()) return ui_->Text1->clear();
     const auto& file = files_[row];
     ui_->Text1->setPlainText(
-        (QStringList{file.path} + findingLines(file) + consistencyLines(file, false)).join(u'\n'));
+        (QStringList{file.path, completeLine(file)} + findingLines(file) + consistencyLines(file, false))
+            .join(u'\n'));
 }
 
 QList<qsizetype> 調査票::checkedFiles() const {

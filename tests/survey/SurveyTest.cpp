@@ -10,10 +10,12 @@
 #include "files/NewFile.h"
 #include "printing/MadeFiles.h"
 #include "printing/PrintService.h"
+#include "sheets/TableFile.h"
 #include "support/Desktop.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
 #include "support/ScreenTest.h"
+#include "support/Zip.h"
 #include "survey/AnswerForm.h"
 #include "survey/AnswerSheet.h"
 #include "survey/FormCheck.h"
@@ -125,8 +127,24 @@ TEST_F(SurveyTest, FilledFormsOfEveryKindAreStoredAlike) {
         EXPECT_EQ(storedPairs(2), pairsOfTwo) << path.toStdString();
     }
     // As it is handed out, the spreadsheet says who and what, and nothing is answered yet.
-    const auto empty =
-        checked(saved(u"c.xlsx"_s, answerSpreadsheet(questionnaireOf(round()), {5, u"評価者5"_s})));
+    const auto form = answerSpreadsheet(questionnaireOf(round()), {5, u"評価者5"_s});
+    const auto empty = checked(saved(u"c.xlsx"_s, form));
+    const auto sheet = QString::fromUtf8(unzipped(form, "xl/worksheets/sheet2.xml"));
+    for (const auto& part :
+         {u"<sheetProtection sheet=\"1\""_s,
+          u"sqref=\"D9\"><formula1>\"左が 9,左が 8,左が 7,左が 6,左が 5,左が 4,左が 3,左が 2,同じ,右が 2,"_s,
+          u"sqref=\"D11:D13\"><formula1>\"左が 9"_s, u"<f>COUNT(B8:B13)-COUNTA(D8:D13)</f>"_s,
+          u"IF(D9=\"同じ\",\"「\"&amp;C9&amp;\"」と「\"&amp;E9&amp;\"」は同じくらい重要\""_s,
+          u"IF(LEFT(D9,1)=\"左\",C9,E9)&amp;\"」のほうが\"&amp;CHOOSE(VALUE(RIGHT(D9,1))-1,"_s})
+        EXPECT_TRUE(sheet.contains(part)) << part.toStdString();
+    readTableFiles({empty.path}, [](const TableFile& file) {
+        QStringList lines;
+        for (const auto& row : file.tables[0].rows) lines << row[0].text;
+        EXPECT_THAT(lines, testing::IsSupersetOf(
+                               {u"　左が 9 … 左のほうが極めて重要"_s, u"　左が 3 … 左のほうがやや重要"_s,
+                                u"　左が 2 … 左のほうが「同じくらい」と「やや」の間くらい重要"_s}));
+    });
+    EXPECT_EQ(completeLine(empty), u"0 / 2 目的（残り: 0001「候補地」、0011「費用」）"_s);
     EXPECT_EQ(findingLines(empty), QStringList());
     EXPECT_EQ(empty.evaluator.number, 5);
     EXPECT_FALSE(empty.canBeStored());
@@ -159,6 +177,13 @@ TEST_F(SurveyTest, EachFaultIsToldWithItsPlaceAndStopsTheFile) {
          u"誤り: 11 行　要因が変わっています（調査票は「建設費」と「用地費」、いまは0021「建設費」と0023「用地費」）。"_s},
         {u"費用,左が 3"_s, u"経費,左が 3"_s,
          u"注意: 8 行　要因の名前が変わっています（調査票「経費」、いまは0011「費用」）。"_s},
+        {u"左が 3"_s, u"\"左が\n3か4\""_s, u"誤り: 8 行　回答「左が 3か4」は選択肢にありません。"_s},
+        {u"11,1,建設費,右が 2,維持費,,21,22\r\n11,2,建設費,右が 2,用地費,,21,23\r\n"_s,
+         {},
+         u"誤り: 目的要因 0011「費用」に、調査票にない要因があります: 0021「建設費」。行が消されたか、用紙を作った後で加わった要因です。"_s},
+        {u"1,1,費用,左が 3,環境,,11,12\r\n"_s,
+         {},
+         u"誤り: 目的要因 0001「候補地」の行がありません。消されたか、用紙を作った後で加わった目的要因です。"_s},
         {u"11,3,"_s, u"11,三,"_s, u"誤り: 12 行　「組」が番号ではありません。"_s},
         {u"目的番号,"_s, u"番号,"_s,
          u"誤り: 調査票の回答用紙ではありません（見出し「目的番号」「回答」などの行がありません）。"_s},
