@@ -116,7 +116,7 @@ QJsonObject dataOf(const Questionnaire& questionnaire, const Factor& evaluator) 
         {u"scale"_s, scaleArray([](int position) { return double{scaleValue(position)}; })},
         {u"choices"_s, scaleArray(choice)},
         {u"words"_s, scaleArray(wordUnder)},
-        {u"meanings"_s, QJsonArray{scaleArray(meaningOf)}},
+        {u"meanings"_s, QJsonArray{QJsonValue(scaleArray(meaningOf))}},
         {u"verdicts"_s, verdicts()},
         {u"goals"_s, goalsOf(questionnaire)},
         {u"factors"_s, factorsOf(questionnaire)},

@@ -270,7 +270,7 @@ TEST_F(StructureEditorTest, UnsavedChildrenAreNotDroppedWithoutAQuestion) {
     const std::vector<std::function<void()>> ways{
         [this] { choose(editor, u"Combo1", 1); },        [this] { chooseParent(1); },
         [this] { click(editor, u"Command4"); },          [this] { click(editor, u"Command2"); },
-        [this] { Common::Forms.find(editor)->close(); },
+        [] { Common::Forms.find(editor)->close(); },
     };
     for (const auto& way : ways) {
         answers = {MessageAnswer::No};
