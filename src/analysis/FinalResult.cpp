@@ -16,7 +16,7 @@ using namespace Common;
 namespace {
 
 const QString coefficientPattern = u"#0.0000"_s;
-constexpr qsizetype longestFileName = 248; // bytes: 255, less what the file's name has while it is written
+constexpr qsizetype longestFileName = 255; // bytes
 
 // The coefficient of the factor whose rows come next, as text. Leaves the record set at the next factor.
 QString nextCoefficient(Recordset& rows, const QString& name) {
@@ -77,13 +77,18 @@ bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
         const auto factorNo = rows[u"子要因番号"_s].toLong();
         const QString name = factorName(connection, factorNo);
         const QString coefficient = nextCoefficient(rows, name);
-        names += u',' + Quote(name);
+        names += u',' + Quote(cellOfText(name));
         coefficients += u',' + coefficient;
         connection.execute(u"insert into 総合係数 (課題番号,要因番号,係数値) values(?,?,?)", of.problemNo,
                            factorNo, Value(coefficient).toDouble());
     }
     connection.endUnitOfWork(); // the file shows what is on the disk
-    writeCodePageLines(filePath(folder, problem), {names, coefficients});
+    try {
+        writeCodePageLines(filePath(folder, problem), {names, coefficients});
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(
+            error, error.description() + u"\n係数は保存しました。CSV ファイルだけが書き出されていません。"_s);
+    }
     return true;
 }
 

@@ -9,8 +9,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Problem {
+    enum Kind { OfAction, OfStart, OfReopening };
     QString description;
-    bool preventsStart = false;
+    Kind kind = OfAction;
 };
 
 std::optional<Problem> problemOf(const std::function<void()>& body) {
@@ -18,12 +19,26 @@ std::optional<Problem> problemOf(const std::function<void()>& body) {
         body();
         return std::nullopt;
     } catch (const StartError& error) {
-        return Problem{error.description(), true};
+        return Problem{error.description(), Problem::OfStart};
+    } catch (const ReopenError& error) {
+        return Problem{error.description(), Problem::OfReopening};
     } catch (const RuntimeError& error) {
         return Problem{error.description()};
     } catch (const std::exception& error) { // a fault of the program itself, or no memory left
         return Problem{u"内部エラーが発生しました。\n(%1)"_s.arg(QString::fromUtf8(error.what()))};
     }
+}
+
+void tell(const Problem& problem, const QString& caption) {
+    Common::MsgText = problem.description;
+    if (problem.kind != Problem::OfReopening) {
+        Common::Presenter(Common::MsgText, caption, MessageStyle::Exclamation);
+        return;
+    }
+    // Every way out leads through the menu: whoever cannot wait must still be able to leave.
+    Common::MsgText += u"\nこの画面に戻ります。戻らずにプログラムを終了しますか ？"_s;
+    if (Common::Presenter(Common::MsgText, caption, MessageStyle::Discard) == MessageAnswer::Yes)
+        QCoreApplication::exit(1);
 }
 
 } // namespace
@@ -34,12 +49,10 @@ bool runAction(const QString& caption, const std::function<void()>& body) {
     const auto notDurable = problemOf(Common::makeDurable);
     for (const auto& problem : {failed, notDurable}) {
         if (!problem) continue;
-        if (problem->preventsStart) {
+        if (problem->kind == Problem::OfStart)
             reportUnhandled(problem->description);
-        } else {
-            Common::MsgText = problem->description;
-            Common::Presenter(Common::MsgText, caption, MessageStyle::Exclamation);
-        }
+        else
+            tell(*problem, caption);
     }
     return !failed && !notDurable;
 }

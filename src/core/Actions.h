@@ -12,6 +12,12 @@ class StartError : public RuntimeError {
     explicit StartError(const RuntimeError& cause) : RuntimeError(cause) {}
 };
 
+// The same later on: the screen that the user wanted to leave stays, unless he ends the program.
+class ReopenError : public RuntimeError {
+  public:
+    explicit ReopenError(const RuntimeError& cause) : RuntimeError(cause) {}
+};
+
 // Runs the body of an event procedure and ends its unit of work. A run-time error's description is shown with
 // the exclamation icon under `caption`; what was written before the error stays. True when there was none.
 bool runAction(const QString& caption, const std::function<void()>& body);

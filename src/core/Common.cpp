@@ -46,8 +46,9 @@ void requireWidth(qint16 width) {
 void openDatabase(const QString& applicationDirectory) {
     makeDurable(); // the connection that goes must not take unsaved rows with it
     AppDir = applicationDirectory;
-    DbConn = std::make_unique<Connection>();
-    openDatabaseFile(*DbConn, AppDir + u"\\DB\\Hollin.mdb"_s);
+    auto fresh = std::make_unique<Connection>();
+    openDatabaseFile(*fresh, AppDir + u"\\DB\\Hollin.mdb"_s);
+    DbConn = std::move(fresh);
 }
 
 void makeDurable() {

@@ -56,8 +56,9 @@ extern MessagePresenter Presenter;
 extern std::function<void(const QString& screen)> HelpPresenter; // opens the manual at a screen's section
 extern ReportPrinter Printer;
 
-// Opens a fresh connection to DB/Hollin.mdb beside the program in place of the previous one. Raises a
-// database error when the file is missing, no database or locked by another password.
+// Opens a fresh connection to DB/Hollin.mdb beside the program in place of the previous one, which stays when
+// that fails. Raises a database error when the file is missing, no database, in use, or locked by another
+// password.
 void openDatabase(const QString& applicationDirectory);
 
 // Makes durable what the action has written so far, or raises an error, with the database as it was before

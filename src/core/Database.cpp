@@ -1,6 +1,8 @@
 #include "core/Database.h"
 
+#include "core/DatabaseVersion.h"
 #include "database/Connection.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,4 +13,10 @@ void openDatabaseFile(Connection& connection, const QString& file, const QString
                                    u";Persist Security Info=False;"_s + u"Jet OLEDB:Database Password="_s +
                                    password);
     connection.open({}, {}, -1);
+    try {
+        requireKnownVersion(connection, file);
+    } catch (const RuntimeError&) {
+        connection.close();
+        throw;
+    }
 }

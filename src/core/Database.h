@@ -8,6 +8,7 @@ class Connection;
 inline const QString databasePassword = QStringLiteral("tobul");
 
 // Sets up the connection to an existing database file ("\" or "/" between folders) and opens it. Raises a
-// database error when it is missing, no database, damaged, or protected by another password.
+// database error when it is missing, no database, damaged, protected by another password, or of a later
+// version.
 void openDatabaseFile(Connection& connection, const QString& file,
                       const QString& password = databasePassword);

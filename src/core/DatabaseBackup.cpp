@@ -1,8 +1,10 @@
 #include "core/DatabaseBackup.h"
 
 #include <QFileInfo>
+#include <functional>
 
 #include "core/Database.h"
+#include "core/DatabaseVersion.h"
 #include "core/Schema.h"
 #include "database/Connection.h"
 #include "database/DatabaseFile.h"
@@ -33,6 +35,27 @@ QString whyUnreadable(const QString& file, const RuntimeError& error) {
     }
 }
 
+// Copies the file, changes the copy, and looks whether it is sound before it gets its name.
+void makeCopy(const QString& file, const QString& copy, const std::function<void(Connection&)>& change) {
+    removeAbandonedFiles(QFileInfo(nativePath(copy)).path());
+    NewFile target(nameOfNewDatabase(copy));
+    const auto failed = [&](const QString& why) {
+        return RuntimeError(ErrorCode::Database,
+                            u"データベースの控えを作れません。\n%1 → %2\n%3"_s.arg(file, copy, why));
+    };
+    try {
+        copyDatabase(file, target, databasePassword);
+        Connection made;
+        openDatabaseFile(made, target.temporaryPath());
+        change(made);
+        made.close();
+    } catch (const RuntimeError& error) {
+        throw failed(whyUnreadable(file, error));
+    }
+    if (const QString fault = faultIn(target.temporaryPath()); !fault.isEmpty()) throw failed(fault);
+    target.publish();
+}
+
 } // namespace
 
 void requireSoundDatabase(const QString& file) {
@@ -42,17 +65,14 @@ void requireSoundDatabase(const QString& file) {
 }
 
 void backUpDatabase(const QString& file, const QString& copy) {
-    removeAbandonedFiles(QFileInfo(nativePath(copy)).path());
-    NewFile target(nameOfNewDatabase(copy));
-    const auto failed = [&](const QString& why) {
-        return RuntimeError(ErrorCode::Database,
-                            u"データベースの控えを作れません。\n%1 → %2\n%3"_s.arg(file, copy, why));
-    };
-    try {
-        copyDatabase(file, target, databasePassword);
-    } catch (const RuntimeError& error) {
-        throw failed(whyUnreadable(file, error));
-    }
-    if (const QString fault = faultIn(target.temporaryPath()); !fault.isEmpty()) throw failed(fault);
-    target.publish();
+    makeCopy(file, copy, [](Connection&) {});
+}
+
+bool upgradeDatabase(const QString& file, const QString& copy) {
+    Connection connection;
+    openDatabaseFile(connection, file);
+    if (databaseVersion(connection) == newestVersion) return false;
+    connection.close();
+    makeCopy(file, copy, upgradeTables);
+    return true;
 }

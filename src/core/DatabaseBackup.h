@@ -10,3 +10,6 @@ void requireSoundDatabase(const QString& file);
 // Makes the file `copy` with what `file` holds, also while a program has it open, and looks whether it is
 // sound before it gets its name. Raises an error when it exists, cannot be made, or is not sound.
 void backUpDatabase(const QString& file, const QString& copy);
+
+// The same with the tables of the newest version. False, and no copy, when the file has them already.
+bool upgradeDatabase(const QString& file, const QString& copy);

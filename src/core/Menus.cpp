@@ -96,9 +96,11 @@ bool Menu::open(const QString& screen) {
 
 void メニュー::Form_Load() {
     Common::MsgTitle = windowTitle();
+    const bool isFirst = !Common::DbConn || !Common::DbConn->isOpen();
     try {
         Common::openDatabase(applicationDirectory());
     } catch (const RuntimeError& error) {
+        if (!isFirst) throw ReopenError(error);
         throw StartError(error);
     }
 }

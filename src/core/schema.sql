@@ -119,3 +119,6 @@ CREATE TABLE workfac (
 );
 CREATE INDEX workfac_factor ON workfac (factor, work1);
 CREATE INDEX workfac_work2 ON workfac (work2);
+
+-- Older databases come here by the steps of DatabaseVersion.
+PRAGMA user_version = 1;

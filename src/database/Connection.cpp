@@ -70,6 +70,12 @@ void Connection::run(const QString& sql, std::initializer_list<Value> values) {
     }
 }
 
+void Connection::beginUnitOfWork() {
+    if (!isInUnitOfWork() &&
+        sqlite3_exec(database_.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
+        fail(u"データベースの処理に失敗しました。"_s);
+}
+
 void Connection::endUnitOfWork() {
     if (isOpen()) endUnitOfWork(database_.get());
 }
@@ -141,9 +147,7 @@ Connection::Statements::node_type Connection::compile(const QString& sql) const 
 }
 
 bool Connection::step(const Statement& statement) {
-    if (sqlite3_get_autocommit(database_.get()) && !sqlite3_stmt_readonly(statement.get()) &&
-        sqlite3_exec(database_.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
-        fail(u"データベースの処理に失敗しました。"_s);
+    if (!sqlite3_stmt_readonly(statement.get())) beginUnitOfWork();
     switch (sqlite3_step(statement.get())) {
         case SQLITE_ROW:
             return true;

@@ -44,6 +44,9 @@ class Connection {
     }
     void execute(const SchemaSql& sql) { run(sql.text, {}); }
 
+    // Opens the unit of work before anything is written: what is looked up from here on, no other program
+    // changes until it ends.
+    void beginUnitOfWork();
     // Makes durable, all together, what was written since the last call; nothing to do is no error. When it
     // fails the database is as it was before the unit of work, and the error is raised.
     void endUnitOfWork();

@@ -37,6 +37,9 @@ QByteArray settings(const Cipher& cipher, const QString& database) {
 }
 
 QString explanation(int code) {
+    if (code == SQLITE_READONLY_DBMOVED)
+        return u"開いた後に、データベースのファイルが移動、置き換え、または削除されました。"
+               "メニューに戻ると、今あるファイルを開き直します。"_s;
     switch (code & 0xff) {
         case SQLITE_NOTADB:
             return u"データベースのファイルではないか、パスワードが違います。"_s;
@@ -116,13 +119,17 @@ Database openEncryptedFile(const QString& path, const QString& password) {
     return database ? std::move(database) : tryToOpen(path, password, laterCipher);
 }
 
-bool hasOwnCipher(sqlite3* database) {
+// What a statement says of the file: one number.
+static int numberOf(sqlite3* database, const char* sql) {
     sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, "PRAGMA page_size", -1, &statement, nullptr);
-    const bool isOwn =
-        sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_int(statement, 0) == ownCipher.pageSize;
+    sqlite3_prepare_v2(database, sql, -1, &statement, nullptr);
+    const int number = sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int(statement, 0) : 0;
     sqlite3_finalize(statement);
-    return isOwn;
+    return number;
+}
+
+bool hasOwnCipher(sqlite3* database) {
+    return numberOf(database, "PRAGMA page_size") == ownCipher.pageSize;
 }
 
 // The file as the database "copy".
@@ -140,7 +147,11 @@ bool exportWithOwnCipher(sqlite3* database, const QString& file, const QString& 
     return attach(database, file.toUtf8(), password.toUtf8()) &&
            execute(database, settings(ownCipher, u"copy"_s).constData()) &&
            // One transaction: what another program writes meanwhile is in the copy as a whole or not at all.
-           execute(database, "BEGIN; SELECT sqlcipher_export('copy'); COMMIT; DETACH copy");
+           execute(database, "BEGIN; SELECT sqlcipher_export('copy')") &&
+           // The one thing that the library leaves out.
+           execute(database, "PRAGMA copy.user_version = " +
+                                 QByteArray::number(numberOf(database, "PRAGMA user_version"))) &&
+           execute(database, "COMMIT; DETACH copy");
 }
 
 QString closedFolderHint(const QString& path) {

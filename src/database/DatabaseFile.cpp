@@ -60,7 +60,7 @@ void createEncryptedDatabase(const QString& path, const QString& password) {
     file.close();
     const auto database = openEncryptedFile(existingFile(path), password);
     // Writes the first page, so that the file is a database that opens with this password only.
-    run(database, "PRAGMA user_version = 1", u"データベースを作成できません。\n%1"_s.arg(path));
+    run(database, "PRAGMA user_version = 0", u"データベースを作成できません。\n%1"_s.arg(path));
 }
 
 void removeColdJournal(const QString& path, const QString& password) {

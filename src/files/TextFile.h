@@ -11,7 +11,7 @@ QString nativePath(const QString& path);
 inline const QString permissionHint = QStringLiteral("フォルダーとファイルの権限を確かめてください。");
 
 // The lines of a text file, without their ends. Raises error 53 when there is no such file, 76 when its
-// folder is missing, 75 when it cannot be read.
+// folder is missing, 75 when it cannot be read, is no regular file, or has more than 1 MB.
 QStringList readLines(const QString& path);
 
 // Writes the lines in windows-31j with carriage return and line feed. The old file stays as it was unless the

@@ -247,19 +247,25 @@ void 要因構成登録::Command1_Click() {
     const auto children = savedChildren(children_);
     if (children.empty()) return refuseAt(ui_->MSFlexGrid1, u"要因（子）が設定されてません"_s);
     const auto parentNo = chosenParent().factorNo;
-    if (const auto refused = refusedChild(*DbConn, StructProblemNo, parentNo, children))
-        return refuseChild(*refused);
-    if (!mayLoseChildren()) return;
+    // What is looked at is what will be replaced: another program may write while a question stands.
+    int agreed = 0;
+    for (;;) {
+        DbConn->beginUnitOfWork();
+        if (const auto refused = refusedChild(*DbConn, StructProblemNo, parentNo, children))
+            return refuseChild(*refused);
+        const int lost = childrenLostAtGap(*DbConn, StructProblemNo, parentNo, children_);
+        if (lost <= agreed) break;
+        if (!mayLose(lost)) return;
+        agreed = lost;
+    }
     saveChildren(*DbConn, StructProblemNo, parentNo, children);
     removeOrphans(*DbConn, StructProblemNo);
     finishSave(rebuiltStructure(problem()), children.size());
 }
 
 // A row left free by a slip of the hand must not take stored children, and what stands below them, away.
-bool 要因構成登録::mayLoseChildren() {
-    const int lost = childrenLostAtGap(*DbConn, StructProblemNo, chosenParent().factorNo, children_);
-    if (lost == 0 ||
-        confirmDiscard(u"空いた行より下の要因（子）は登録されません。\n登録済みの要因（子） %1 件が"
+bool 要因構成登録::mayLose(int lost) {
+    if (confirmDiscard(u"空いた行より下の要因（子）は登録されません。\n登録済みの要因（子） %1 件が"
                        "その下の構成とともに削除されます。登録しますか ？"_s.arg(lost)))
         return true;
     ui_->MSFlexGrid1->setFocus();

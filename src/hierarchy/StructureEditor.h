@@ -65,7 +65,7 @@ class 要因構成登録 : public Screen {
     void showPosition();
     void refuseChild(const RefusedChild& refused);
     void finishSave(Structure structure, std::size_t saved);
-    bool mayLoseChildren();
+    bool mayLose(int lost);
     bool mayDiscardChildren(const QString& question);
     int parentIndex(const NodePlace& place) const;
     int firstFreeRow(int from) const; // 1 to 20, 0 when there is none from there on

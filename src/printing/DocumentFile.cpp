@@ -10,8 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A file name takes 255 bytes. The screen, the date, a number and the suffix of the file while it is being
-// written leave this much for each of the two names.
+// A file name takes 255 bytes. The screen, the date and a number leave this much for each of the two names.
 constexpr qsizetype namePartBytes = 90;
 
 // Characters that file systems do not take, in their full-width form.

@@ -57,15 +57,20 @@ void 評価者登録::Command1_Click() {
     if (!requireNumber(ui_->Text1, u"評価者番号が不正です。"_s)) return;
     if (!requireText(ui_->Text3, u"評価者氏名が不正です。"_s)) return;
     const qint32 number = wholeNumberIn(ui_->Text1);
-    const Recordset same(*DbConn, u"SELECT 評価者氏名 FROM 評価者 WHERE 評価者番号 = ?", number);
-    if (!same.eof()) return refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
-    if (!confirm(u"登録しますか ？"_s)) return;
+    const auto isFree = [this, number] { return isFreeNumber(number); };
+    if (!isFree() || !mayWrite(u"登録しますか ？"_s, isFree)) return;
     addEvaluator(number);
     const QString next = proposedNumber();
     makeDurable();
     goTo(ui_->Text1);
     Forms.unload(list());
     sayDone(shownNumber(number), ui_->Text3->text(), u"登録しました。次の番号は %1 です。"_s.arg(next));
+}
+
+bool 評価者登録::isFreeNumber(qint32 number) {
+    const Recordset same(*DbConn, u"SELECT 評価者氏名 FROM 評価者 WHERE 評価者番号 = ?", number);
+    if (!same.eof()) refuse(u"評価者番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
+    return same.eof();
 }
 
 void 評価者登録::addEvaluator(qint32 number) {
@@ -78,9 +83,12 @@ void 評価者登録::addEvaluator(qint32 number) {
 void 評価者登録::Command2_Click() {
     if (!requireText(ui_->Text3, u"評価者氏名が不正です。"_s)) return;
     const double number = numberIn(ui_->Text1);
-    if (Recordset(*DbConn, u"SELECT * FROM 評価者 WHERE 評価者番号 = ?", number).eof())
-        return refuseMissingEvaluator();
-    if (!confirm(u"変更しますか ？"_s)) return;
+    const auto exists = [this, number] {
+        const Recordset stored(*DbConn, u"SELECT * FROM 評価者 WHERE 評価者番号 = ?", number);
+        if (stored.eof()) refuseMissingEvaluator();
+        return !stored.eof();
+    };
+    if (!exists() || !mayWrite(u"変更しますか ？"_s, exists)) return;
     DbConn->execute(u"UPDATE 評価者 SET 評価者氏名 = ?, 所属部門 = ? WHERE 評価者番号 = ?",
                     ui_->Text3->text(), ui_->Text4->text(), number);
     makeDurable();

@@ -24,6 +24,7 @@ class 評価者登録 : public RegistrationScreen {
     void Command3_Click(); // "表示"
 
     void addEvaluator(qint32 number);
+    bool isFreeNumber(qint32 number);
     void refuseMissingEvaluator();
 
     std::unique_ptr<Ui::EvaluatorRegistration> ui_;

@@ -60,15 +60,20 @@ void FactorRegistration::Form_Load() {
 void FactorRegistration::Command1_Click() {
     if (!canRegister()) return;
     const qint16 number = toInteger(leadingNumber(ui_->Text1->text()));
-    if (!Recordset(*DbConn, u"SELECT 要因名 FROM 要因 WHERE 要因番号 = ?", number).eof())
-        return refuse(u"要因番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
-    if (!confirm(u"登録しますか ？"_s)) return;
+    const auto isFree = [this, number] { return isFreeNumber(number); };
+    if (!isFree() || !mayWrite(u"登録しますか ？"_s, isFree)) return;
     addFactor(number);
     const QString next = proposedNumber();
     makeDurable();
     goTo(ui_->Text1);
     closeFactorList();
     sayDone(shownNumber(number), ui_->Text3->text(), u"登録しました。次の番号は %1 です。"_s.arg(next));
+}
+
+bool FactorRegistration::isFreeNumber(qint16 number) {
+    const Recordset same(*DbConn, u"SELECT 要因名 FROM 要因 WHERE 要因番号 = ?", number);
+    if (!same.eof()) refuse(u"要因番号 '%1' 既に存在します。"_s.arg(ui_->Text1->text()));
+    return same.eof();
 }
 
 bool FactorRegistration::canRegister() {
@@ -90,9 +95,10 @@ void FactorRegistration::addFactor(qint16 number) {
 void FactorRegistration::Command2_Click() {
     if (!requireNumber(ui_->Text2, u"要因区分が不正です。"_s)) return;
     if (!requireText(ui_->Text3, u"要因名が不正です。"_s)) return;
-    if (!factorExists()) return refuseMissingFactor();
+    const auto exists = [this] { return factorExists(); };
+    if (!exists()) return;
     const qint32 factorClass = wholeNumberIn(ui_->Text2);
-    if (!confirm(u"変更しますか ？"_s)) return;
+    if (!mayWrite(u"変更しますか ？"_s, exists)) return;
     DbConn->execute(u"UPDATE 要因 SET 要因区分 = ?, 要因名 = ?, 要因内容 = ? WHERE 要因番号 = ?", factorClass,
                     ui_->Text3->text(), ui_->Text4->text(), numberIn(ui_->Text1));
     makeDurable();
@@ -112,8 +118,10 @@ void FactorRegistration::Command3_Click() {
     sayDone(shownNumber(factor[u"要因番号"_s].toLong()), ui_->Text3->text(), u"表示しました。"_s);
 }
 
-bool FactorRegistration::factorExists() const {
-    return !Recordset(*DbConn, u"SELECT * FROM 要因 WHERE 要因番号 = ?", numberIn(ui_->Text1)).eof();
+bool FactorRegistration::factorExists() {
+    const Recordset stored(*DbConn, u"SELECT * FROM 要因 WHERE 要因番号 = ?", numberIn(ui_->Text1));
+    if (stored.eof()) refuseMissingFactor();
+    return !stored.eof();
 }
 
 void FactorRegistration::refuseMissingFactor() {

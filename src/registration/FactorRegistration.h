@@ -32,7 +32,9 @@ class FactorRegistration : public RegistrationScreen {
 
     bool canRegister();
     void addFactor(qint16 number);
-    bool factorExists() const;
+    // Each tells when it is not so.
+    bool isFreeNumber(qint16 number);
+    bool factorExists();
     void refuseMissingFactor();
 
     const FactorScreenKind& kind_;

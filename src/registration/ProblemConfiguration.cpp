@@ -46,12 +46,13 @@ void 課題構成登録::Text1_DblClick() {
 
 void 課題構成登録::Command1_Click() {
     if (!problemCanBeConfigured() || !settingsAreNumbers()) return;
-    const Recordset same(*DbConn, u"SELECT * FROM 課題 WHERE 課題番号 = ?", numberIn(ui_->Text1));
-    if (!same.eof()) {
-        refuseAt(ui_->Text1, u"'%1' は既に存在します。"_s.arg(ui_->Text1->text()));
+    const auto isFree = [this] {
+        const Recordset same(*DbConn, u"SELECT * FROM 課題 WHERE 課題番号 = ?", numberIn(ui_->Text1));
+        return same.eof() || refusedAt(ui_->Text1, u"'%1' は既に存在します。"_s.arg(ui_->Text1->text()));
+    };
+    // The factor may have become no problem meanwhile.
+    if (!isFree() || !mayWrite(u"登録しますか ？"_s, [&] { return problemCanBeConfigured() && isFree(); }))
         return;
-    }
-    if (!confirm(u"登録しますか ？"_s)) return;
     addProblem();
     const QString name = problemName();
     makeDurable();
@@ -92,13 +93,17 @@ void 課題構成登録::addProblem() {
 void 課題構成登録::Command2_Click() {
     if (!settingsAreNumbers()) return;
     const double number = numberIn(ui_->Text1);
-    if (Recordset(*DbConn, u"SELECT * FROM 課題 WHERE 課題番号 = ?", number).eof())
-        return refuseMissingProblem();
+    const auto exists = [this, number] {
+        const Recordset stored(*DbConn, u"SELECT * FROM 課題 WHERE 課題番号 = ?", number);
+        if (stored.eof()) refuseMissingProblem();
+        return !stored.eof();
+    };
+    if (!exists()) return;
     const qint32 problemClass = wholeNumberIn(ui_->Text2);
     const qint32 levels = wholeNumberIn(ui_->Text3);
     const qint32 branches = wholeNumberIn(ui_->Text4);
     const qint32 round = wholeNumberIn(ui_->Text5);
-    if (!confirm(u"変更しますか ？"_s)) return;
+    if (!mayWrite(u"変更しますか ？"_s, exists)) return;
     DbConn->execute(
         u"UPDATE 課題 SET 課題区分 = ?, 構成レベル = ?, 最大分岐数 = ?, 比較回数 = ? WHERE 課題番号 = ?",
         problemClass, levels, branches, round, number);

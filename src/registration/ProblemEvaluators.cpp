@@ -87,8 +87,8 @@ void 課題評価者登録::Command1_Click() {
 void 課題評価者登録::Command2_Click() {
     if (!isChosen(u"評価者が選択されてません"_s)) return;
     const QStringList evaluators = selectedEvaluators();
-    if (!isNew(evaluators)) return;
-    if (!confirm(u"当該課題に選択された評価者を追加登録しますか ？"_s)) return;
+    const auto stillNew = [&] { return isNew(evaluators); };
+    if (!stillNew() || !mayWrite(u"当該課題に選択された評価者を追加登録しますか ？"_s, stillNew)) return;
     assign(evaluators);
     finishChange(u"追加しました。"_s);
 }

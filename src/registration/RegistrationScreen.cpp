@@ -32,6 +32,12 @@ bool RegistrationScreen::requireText(QLineEdit* field, const QString& text) {
     return !field->text().trimmed().isEmpty() || refusedAt(field, text);
 }
 
+bool RegistrationScreen::mayWrite(const QString& question, const std::function<bool()>& check) {
+    if (!confirm(question)) return false;
+    DbConn->beginUnitOfWork();
+    return check();
+}
+
 void RegistrationScreen::sayDone(const QString& number, const QString& name, const QString& done) {
     for (auto* field : findChildren<QLineEdit*>()) field->setModified(false);
     sayOf({name}, [=](const QStringList& names) { return u"%1 '%2' を%3"_s.arg(number, names[0], done); });

@@ -23,6 +23,11 @@ class RegistrationScreen : public Screen {
     static bool requireNumberOrBlank(QLineEdit* field, const QString& text);
     static bool requireText(QLineEdit* field, const QString& text);
 
+    // The question; then the check that was passed before it once more, now in the unit of work that will
+    // write: another program may have written while the question stood. The check tells by itself what is
+    // wrong.
+    static bool mayWrite(const QString& question, const std::function<bool()>& check);
+
     // "0007 '環境' を登録しました。": what the fields hold is stored, and no longer to be lost.
     void sayDone(const QString& number, const QString& name, const QString& done);
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/TextConversion.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -16,6 +18,6 @@ QString quoted(QString text) {
 
 QString csvRow(const QStringList& cells) {
     QStringList row;
-    for (const auto& cell : cells) row << quoted(cell);
+    for (const auto& cell : cells) row << quoted(cellOfText(cell));
     return row.join(u',') + u"\r\n"_s;
 }

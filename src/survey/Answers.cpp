@@ -73,7 +73,7 @@ class FormReader {
             if (label == roundLabel) answers_.round = number;
             if (label != evaluatorLabel) continue;
             answers_.evaluatorNo = number;
-            answers_.evaluator = row.value(cell.key() + 2).text;
+            answers_.evaluator = textOfCell(row.value(cell.key() + 2).text);
         }
     }
 
@@ -84,7 +84,7 @@ class FormReader {
         if (text(PairNo).isEmpty() && text(LeftNo).isEmpty() && text(Answer).isEmpty() &&
             answer.kind != CellKind::Formula)
             return;
-        AnsweredPair pair{place(rowNo), 0, 0, 0, 0, text(Left), text(Right), {}};
+        AnsweredPair pair{place(rowNo), 0, 0, 0, 0, textOfCell(text(Left)), textOfCell(text(Right)), {}};
         for (const auto& [column, number] : {std::pair{GoalNo, &pair.goalNo},
                                              {PairNo, &pair.pairNo},
                                              {LeftNo, &pair.leftNo},

@@ -17,6 +17,7 @@
 #include "judgement/Limits.h"
 #include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"
+#include "rounds/ReportSelection.h"
 #include "rounds/RoundSelection.h"
 #include "survey/AnswerForm.h"
 #include "text/Dates.h"
@@ -31,6 +32,12 @@ constexpr qsizetype mostFindings = 50; // of one file: whoever reads them has lo
 
 QString named(const Factor& factor) {
     return formatNumber(factor.number, u"0000"_s) + u"「"_s + factor.name + u"」"_s;
+}
+
+bool isAssigned(Connection& connection, qint32 problemNo, qint32 evaluatorNo) {
+    return !Recordset(connection, u"select 評価者番号 from 課題評価者 where 課題番号=? and 評価者番号=?",
+                      problemNo, evaluatorNo)
+                .eof();
 }
 
 class Check {
@@ -65,10 +72,7 @@ class Check {
 
     void checkEvaluator(Connection& connection) {
         const auto number = *answers_.evaluatorNo;
-        const Recordset assigned(connection,
-                                 u"select 評価者番号 from 課題評価者 where 課題番号=? and 評価者番号=?",
-                                 questionnaire_.problem.number, number);
-        if (assigned.eof())
+        if (!isAssigned(connection, questionnaire_.problem.number, number))
             return fault({}, u"評価者 %1「%2」は課題評価者ではありません。"_s.arg(QString::number(number),
                                                                                   answers_.evaluator));
         const auto name = evaluatorName(connection, number);
@@ -300,7 +304,44 @@ QStringList consistencyLines(const CheckedAnswers& answers, bool onlyInconsisten
     return lines;
 }
 
+namespace {
+
+// Raises error 5 when what the answers were checked against is no longer so: another program may have written
+// since.
+void requireUnchanged(const ProblemRound& round, const CheckedAnswers& answers) {
+    const auto numbers = [](const QList<Factor>& factors) {
+        QList<qint32> found;
+        for (const auto& factor : factors) found << factor.number;
+        return found;
+    };
+    const auto questionnaire = questionnaireOf(round);
+    const auto isAsked = [&](const CompleteGoal& goal) {
+        return std::ranges::any_of(questionnaire.goals, [&](const QuestionGoal& asked) {
+            return asked.factor.number == goal.factor.number &&
+                   numbers(asked.children) == numbers(goal.children);
+        });
+    };
+    QString changed;
+    if (currentRound(round.connection, QString::number(round.problemNo)).toInt() != round.round)
+        changed = u"課題の比較回数"_s;
+    else if (!isAssigned(round.connection, round.problemNo, answers.evaluator.number))
+        changed = u"課題評価者"_s;
+    else if (!std::ranges::all_of(answers.complete, isAsked))
+        changed = u"要因構成"_s;
+    else if (goalsAnsweredBefore(round.connection, questionnaire, answers) > answers.replaced)
+        changed = u"以前の回答"_s;
+    if (!changed.isEmpty())
+        throw RuntimeError(
+            ErrorCode::InvalidCall,
+            u"読み込んだ後に%1が変わったため、登録していません。もう一度読み込んでください。\n%2"_s.arg(
+                changed, answers.path));
+}
+
+} // namespace
+
 void storeAnswers(const ProblemRound& round, const CheckedAnswers& answers) {
+    round.connection.beginUnitOfWork();
+    requireUnchanged(round, answers);
     for (const auto& goal : answers.complete) {
         std::vector<qint32> items;
         for (const auto& child : goal.children) items.push_back(child.number);

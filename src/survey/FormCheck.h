@@ -41,7 +41,8 @@ CheckedAnswers checkForm(Connection& connection, const Questionnaire& questionna
 void checkAgainstEachOther(QList<CheckedAnswers>& files);
 
 // Stores the complete goals in place of earlier answers, with the date of today; one unit of work. The caller
-// has seen to it that the file can be stored.
+// has seen to it that the file can be stored; raises error 5 when another program has changed since what that
+// was decided by.
 void storeAnswers(const ProblemRound& round, const CheckedAnswers& answers);
 
 // "12 / 14 目的（残り: …）".

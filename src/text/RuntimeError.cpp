@@ -35,3 +35,6 @@ RuntimeError::RuntimeError(ErrorCode code, const QString& description)
     : std::runtime_error(description.toStdString()),
       number_(static_cast<int>(code)),
       description_(description) {}
+
+RuntimeError::RuntimeError(const RuntimeError& cause, const QString& description)
+    : std::runtime_error(description.toStdString()), number_(cause.number_), description_(description) {}

@@ -23,6 +23,8 @@ class RuntimeError : public std::runtime_error {
     // The description is the standing text of the code.
     explicit RuntimeError(ErrorCode code);
     RuntimeError(ErrorCode code, const QString& description);
+    // The cause, told in other words.
+    RuntimeError(const RuntimeError& cause, const QString& description);
 
     int number() const { return number_; }
     const QString& description() const { return description_; }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <utility>
 
+#include "text/Numbers.h"
 #include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -139,6 +140,18 @@ QByteArray toCodePage(const QString& text) {
         bytes += *encoded;
     }
     return bytes;
+}
+
+static bool beginsFormula(QStringView text) {
+    return !text.isEmpty() && QStringView(u"=+-@\t\r").contains(text.front());
+}
+
+QString cellOfText(const QString& text) {
+    return beginsFormula(text) && !isNumeric(text) ? u'\'' + text : text;
+}
+
+QString textOfCell(const QString& cell) {
+    return cell.startsWith(u'\'') && beginsFormula(QStringView(cell).sliced(1)) ? cell.sliced(1) : cell;
 }
 
 QString fromFileBytes(const QByteArray& bytes) {

@@ -30,5 +30,10 @@ std::optional<QByteArray> characterInCodePage(char32_t character);
 // The text in the code page windows-31j. Raises error 5 that names the first character which it lacks.
 QByteArray toCodePage(const QString& text);
 
+// A text for a cell of a text file: one that a spreadsheet program would take for a formula and run begins
+// with an apostrophe there; and the text of such a cell.
+QString cellOfText(const QString& text);
+QString textOfCell(const QString& cell);
+
 // Text file content: UTF-8 when the bytes are valid UTF-8 (a byte order mark is dropped), else windows-31j.
 QString fromFileBytes(const QByteArray& bytes);

@@ -123,6 +123,14 @@ QString entryOf(const QStringList& offered, const QString& number, const QString
     throw RuntimeError(ErrorCode::InvalidCall, u"%1 %2 は登録されていません。"_s.arg(what, number));
 }
 
+std::vector<ChosenEvaluator> evaluatorsFor(const QStringList& entries) {
+    try {
+        return chosenEvaluators(entries);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error, error.description() + u"\n--evaluator で選び、何回かに分けてください。"_s);
+    }
+}
+
 RoundSelection selectionOf(Connection& connection, const Request& request) {
     const QString problem = entryOf(problemEntries(connection), request.problemNo, u"課題"_s);
     const QString round =
@@ -137,7 +145,8 @@ RoundSelection selectionOf(Connection& connection, const Request& request) {
     return {{connection, Value(request.problemNo).toLong(), Value(round).toInteger()},
             problem,
             round,
-            chosenEvaluators(chosen)};
+            std::ranges::any_of(request.works, &ReportWork::hasEvaluators) ? evaluatorsFor(chosen)
+                                                                           : std::vector<ChosenEvaluator>()};
 }
 
 // False when the work was refused or failed; it has said why.

@@ -26,6 +26,7 @@ constexpr std::u16string_view usage =
     u"を付けると例題を入れます。\n"
     u"  hollin-database check FILE              データベースに誤りがないか調べます。\n"
     u"  hollin-database backup FILE COPY        データベースの控えを作ります。使用中でも作れます。\n"
+    u"  hollin-database upgrade FILE COPY       古い版のデータベースから、今の版のものを作ります。\n"
     u"既にあるファイルには上書きしません。";
 
 void say(const QString& text) {
@@ -64,6 +65,13 @@ int backup(const QStringList& files, bool) {
     return success;
 }
 
+int upgrade(const QStringList& files, bool) {
+    say(upgradeDatabase(files[0], files[1])
+            ? u"今の版のデータベースを作成しました: %1"_s.arg(files[1])
+            : u"今の版のデータベースです。変えるものはありません: %1"_s.arg(files[0]));
+    return success;
+}
+
 struct Command {
     std::u16string_view name;
     int files;
@@ -74,6 +82,7 @@ constexpr std::array commands{
     Command{u"create", 1, true, create},
     Command{u"check", 1, false, check},
     Command{u"backup", 2, false, backup},
+    Command{u"upgrade", 2, false, upgrade},
 };
 
 QString text(std::u16string_view view) {

@@ -288,7 +288,9 @@ TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
                                         {QString(300, u'A'), u"長すぎる"_s}}) {
         run(u"delete from 総合係数"_s);
         run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(problem));
-        EXPECT_TRUE(failure(final).contains(says)) << problem.toStdString();
+        const auto failed = failure(final);
+        EXPECT_TRUE(failed.contains(says)) << problem.toStdString();
+        EXPECT_TRUE(failed.contains(u"係数は保存しました"));
         EXPECT_EQ(rows(u"select * from 総合係数"_s).size(), 5);
     }
     run(u"update 要因 set 要因名='候補.' where 要因番号=1"_s);
@@ -299,11 +301,14 @@ TEST_F(ReportsTest, AFileThatCannotBeWrittenLeavesTheRowsAndTheEarlierFile) {
     EXPECT_TRUE(failure(final).contains(u"😀"));
     EXPECT_EQ(file(u"候補..csv"_s), before);
 
-    run(u"update 要因 set 要因名='費用' where 要因番号=21"_s);
+    run(u"update 要因 set 要因名='=2+2' where 要因番号=21"_s);
+    report(final, {});
+    EXPECT_TRUE(file(u"候補..csv"_s).contains(",\"'=2+2\","));
+    const auto last = file(u"候補..csv"_s);
     auto other = reader();
     EXPECT_TRUE(failure(final).contains(u"使用しています"));
     other.reset();
-    EXPECT_EQ(file(u"候補..csv"_s), before);
+    EXPECT_EQ(file(u"候補..csv"_s), last);
     QDir(directory() + u"/file"_s).removeRecursively();
     for (const auto& screen : {final, analysis}) {
         EXPECT_TRUE(failure(screen).startsWith(u"パスが見つかりません。")) << screen.toStdString();

@@ -119,6 +119,28 @@ TEST_F(CommonTest, AMissingDatabaseEndsTheProgram) {
     }
 }
 
+// Later a file that is in use or gone keeps the user where he is, with the connection that he had.
+TEST_F(CommonTest, OnTheWayBackTheScreenStaysUnlessTheUserEndsTheProgram) {
+    const QString file = directory() + u"/DB/Hollin.mdb"_s;
+    Forms.show(u"登録メニュー"_s);
+    run(u"INSERT INTO 要因 VALUES (1,0,'課題','')"_s);
+    makeDurable();
+    QFile::rename(file, file + u".moved"_s);
+    for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+        answers = {answer};
+        const auto messages = told(u"登録メニュー"_s, u"Command2"_s);
+        ASSERT_EQ(messages.size(), 1U);
+        EXPECT_EQ(messages[0].title, u"登録メニュー"_s);
+        EXPECT_EQ(messages[0].style, MessageStyle::Discard);
+        EXPECT_TRUE(messages[0].text.contains(u"データベースのファイルが見つかりません。"));
+        EXPECT_TRUE(isOpen(u"登録メニュー"_s) && !isOpen(u"メニュー"_s) && DbConn->isOpen());
+    }
+    QFile::rename(file + u".moved"_s, file);
+    click(u"登録メニュー"_s, u"Command2"_s);
+    EXPECT_TRUE(isOpen(u"メニュー"_s));
+    EXPECT_EQ(stored(u"SELECT 要因名 FROM 要因"_s), u"課題"_s);
+}
+
 TEST_F(CommonTest, AnErrorWhileChoosingLeavesTheScreenAsItWas) {
     run(u"INSERT INTO 要因 VALUES (1,0,'一',''),(2,0,'二',''),(3,1,'子','')"_s);
     run(u"INSERT INTO 課題 VALUES (1,0,2,5,1),(2,0,2,5,7)"_s);

@@ -122,6 +122,23 @@ TEST_F(ConnectionTest, WhatWasReportedIsOnTheDisk) {
     EXPECT_EQ(stored(u"select factor from workfac"_s), u"1"_s);
 }
 
+TEST_F(ConnectionTest, AFileThatIsNoLongerUnderItsNameTakesNothingMore) {
+    QFile::copy(databasePath(), directory() + u"/other.mdb"_s);
+    for (const bool isReplaced : {false, true}) {
+        Common::openDatabase(directory());
+        QFile::rename(databasePath(), directory() + u"/moved.mdb"_s);
+        if (isReplaced) QFile::copy(directory() + u"/other.mdb"_s, databasePath());
+        const auto refused = raisedBy([this] {
+            run(u"insert into workfac (factor) values(1)"_s);
+            DbConn->endUnitOfWork();
+        });
+        EXPECT_TRUE(refused.description.contains(u"移動、置き換え、または削除されました"))
+            << refused.description.toStdString();
+        QFile::remove(databasePath());
+        QFile::rename(directory() + u"/moved.mdb"_s, databasePath());
+    }
+}
+
 TEST_F(ConnectionTest, AKillInTheMiddleLeavesTheStateBefore) {
     run(u"insert into workfac (factor) values(1)"_s);
     DbConn->endUnitOfWork();

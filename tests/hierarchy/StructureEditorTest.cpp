@@ -199,6 +199,22 @@ TEST_F(StructureEditorTest, NothingThatWasSetIsReplacedOrLostUnasked) {
     EXPECT_EQ(told(editor, u"Command1").size(), 0U);
 }
 
+TEST_F(StructureEditorTest, WhatAnotherProgramStoresWhileTheQuestionStandsIsAskedForToo) {
+    structure(u"1:11,12,13"_s);
+    open(3);
+    chooseParent(1);
+    grid()->setCurrent(2, 1);
+    for (int step = 0; step < 2; ++step) QTest::keyClick(grid(), Qt::Key_Down, Qt::AltModifier);
+    setRow(5, 15);
+    EXPECT_EQ(children(), u"11 13 - 12 15"_s);
+    answers = {MessageAnswer::Yes, MessageAnswer::No};
+    writtenMeanwhile = {u"insert into 要因構成 values(1,1,15,4,'0')"_s};
+    const auto asked = told(editor, u"Command1");
+    ASSERT_EQ(asked.size(), 2U);
+    EXPECT_TRUE(asked[0].text.contains(u" 1 件") && asked[1].text.contains(u" 2 件"));
+    EXPECT_EQ(rows(u"select * from 要因構成"_s).size(), 4);
+}
+
 TEST_F(StructureEditorTest, ChildrenThatCannotStandThereAreRefusedBeforeAnythingIsWritten) {
     structure(u"1:11 11:12 12:13"_s);
     structure(u"2:30 30:13"_s, 2); // what stands above it elsewhere may stand below it here

@@ -2,6 +2,7 @@
 #include "printing/ReportPage.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QSettings>
@@ -181,6 +182,17 @@ TEST_F(ReportTest, FaultsOfTheFileNameTheirLineAndLeaveNothing) {
         EXPECT_EQ(raised.number, error) << content;
         EXPECT_TRUE(raised.description.contains(u"message.txt (2 行目)"_s));
     }
+    const QString letter = messageFile(QByteArray((1 << 20) + 1, 'a'));
+    const QString file = folder.filePath(u"file/message.txt"_s);
+    const auto refused = [&] {
+        return raisedBy([&] { printReport([&](ReportPage& page) { page.coveringLetter(letter); }); })
+            .description;
+    };
+    EXPECT_TRUE(refused().contains(u"大きすぎる"));
+    QFile::remove(file);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(file).constData(), 0600), 0);
+    EXPECT_TRUE(refused().contains(u"普通のファイルではない")); // and nobody waits for whoever writes into it
+    QFile::remove(file);
     const auto pages = printReport([](ReportPage& page) { page.row({u"again"_s}); });
     EXPECT_EQ(pages.size(), 1);
     EXPECT_EQ(pages[0].word(u"r"_s).text, QString());

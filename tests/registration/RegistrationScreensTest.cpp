@@ -158,6 +158,44 @@ TEST_F(RegistrationScreensTest, WhatCannotBeStoredStaysInTheFields) {
         }
 }
 
+TEST_F(RegistrationScreensTest, WhatAnotherProgramWroteWhileTheQuestionStoodIsLookedUpAgain) {
+    run(u"INSERT INTO 課題 VALUES (1,0,2,5,1)"_s);
+    const struct {
+        QString screen, number, button, written, refusal;
+    } cases[] = {
+        // Each goes on from what the one before left.
+        {u"評価者登録"_s, u"6"_s, u"Command1"_s, u"INSERT INTO 評価者 VALUES (6,'他','')"_s,
+         u"評価者番号 '6' 既に存在します。"_s},
+        {u"評価者登録"_s, u"6"_s, u"Command2"_s, u"DELETE FROM 評価者 WHERE 評価者番号 = 6"_s,
+         u"評価者番号 '6' は存在しません。"_s},
+        {u"要因登録"_s, u"6"_s, u"Command1"_s, u"INSERT INTO 要因 VALUES (6,0,'他','')"_s,
+         u"要因番号 '6' 既に存在します。"_s},
+        {u"課題構成登録"_s, u"6"_s, u"Command1"_s, u"INSERT INTO 課題 VALUES (6,9,9,9,9)"_s,
+         u"'6' は既に存在します。"_s},
+        {u"課題構成登録"_s, u"6"_s, u"Command2"_s, u"DELETE FROM 課題 WHERE 課題番号 = 6"_s,
+         u"課題番号 '6' は存在しません。"_s},
+        {u"課題構成登録"_s, u"6"_s, u"Command1"_s, u"UPDATE 要因 SET 要因区分 = 1 WHERE 要因番号 = 6"_s,
+         u"課題番号 '6' は課題要因として要因テーブルに存在しません。"_s},
+        {u"課題登録"_s, u"6"_s, u"Command2"_s, u"DELETE FROM 要因 WHERE 要因番号 = 6"_s,
+         u"要因番号 '6' は存在しません。"_s},
+    };
+    const auto everything = [this] {
+        return factors() + u'/' + stored(u"SELECT * FROM 評価者"_s) + u'/' + stored(u"SELECT * FROM 課題"_s);
+    };
+    const QString before = everything();
+    for (const auto& [name, number, button, written, refusal] : cases) {
+        open(name);
+        for (const QStringView field : {u"Text1", u"Text2", u"Text3", u"Text4", u"Text5"})
+            if (Common::Forms.find(name)->findChild<QLineEdit*>(field.toString()))
+                type({{field, field == u"Text1" ? number : u"0"_s}});
+        writtenMeanwhile = {written};
+        const auto messages = told(name, button);
+        ASSERT_EQ(messages.size(), 2U) << refusal.toStdString();
+        EXPECT_EQ(messages[1].text, refusal);
+    }
+    EXPECT_EQ(everything(), before); // what the other program added it took away again
+}
+
 TEST_F(RegistrationScreensTest, FieldsKeepOneLineOfWhatIsPasted) {
     open(u"要因登録");
     auto* name = control<QLineEdit>(screen, u"Text3");

@@ -91,6 +91,7 @@ ScreenTest::ScreenTest() {
         shown_.push_back({title, text, style});
         expectDurable();
         if (!isQuestion(style)) return MessageAnswer::Ok;
+        if (!writtenMeanwhile.isEmpty()) otherProgram(std::exchange(writtenMeanwhile, {}));
         if (answers.empty()) return MessageAnswer::Yes;
         const auto answer = answers.front();
         answers.pop_front();

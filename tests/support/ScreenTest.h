@@ -81,6 +81,8 @@ class ScreenTest : public ::testing::Test {
     // with Yes.
     std::vector<ShownMessage> takeMessages() { return std::exchange(shown_, {}); }
     std::deque<MessageAnswer> answers;
+    // What another program writes while the next question stands.
+    QStringList writtenMeanwhile;
 
     // Another program at work on the file until the result goes: one that reads lets nothing become durable,
     // one that writes lets nothing be read either.

@@ -150,6 +150,40 @@ TEST_F(SurveyTest, FilledFormsOfEveryKindAreStoredAlike) {
     EXPECT_FALSE(empty.canBeStored());
 }
 
+TEST_F(SurveyTest, WhatChangedSinceTheFileWasReadStopsItsStoring) {
+    const auto answers = checked(saved(u"a.csv"_s, filled(answersOfTwo).toUtf8()));
+    ASSERT_TRUE(answers.canBeStored());
+    for (const auto& [change, undo, what] :
+         {std::tuple{u"update 課題 set 比較回数=3"_s, u"update 課題 set 比較回数=2"_s, u"課題の比較回数"_s},
+          {u"delete from 課題評価者 where 評価者番号=2"_s, u"insert into 課題評価者 values(1,2,'')"_s,
+           u"課題評価者"_s},
+          {u"update 要因構成 set 子要因番号=29 where 子要因番号=23"_s,
+           u"update 要因構成 set 子要因番号=23 where 子要因番号=29"_s, u"要因構成"_s},
+          {u"insert into 一対比較 values(1,11,21,22,2,2,'',1,5)"_s, u"delete from 一対比較 where 比較値=5"_s,
+           u"以前の回答"_s}}) {
+        run(change);
+        EXPECT_TRUE(raisedBy([&] {
+                        storeAnswers(round(), answers);
+                    }).description.contains(what + u"が変わったため"_s))
+            << what.toStdString();
+        run(undo);
+        EXPECT_EQ(storedPairs(2), QString());
+    }
+    storeAnswers(round(), answers);
+    EXPECT_EQ(storedPairs(2), pairsOfTwo);
+}
+
+// A spreadsheet program would run it, and whoever receives the file has not written it.
+TEST_F(SurveyTest, ANameIsNoFormulaInATextFileAndComesInAsItIs) {
+    for (const auto& name : {u"=2+2"_s, u"@SUM(A1)"_s, u"-費用,+維持"_s, u"+1"_s}) {
+        run(u"update 要因 set 要因名='%1' where 要因番号=11"_s.arg(name));
+        const QString text = filled(answersOfTwo);
+        EXPECT_EQ(text.contains(u"'"_s + name), name != u"+1") << name.toStdString();
+        EXPECT_EQ(findingLines(checked(saved(u"a.csv"_s, text.toUtf8()))), QStringList())
+            << name.toStdString();
+    }
+}
+
 TEST_F(SurveyTest, EachFaultIsToldWithItsPlaceAndStopsTheFile) {
     const struct {
         QString from, to, told;

@@ -154,3 +154,21 @@ TEST_F(BatchTest, AnswersComeInFromFilesAndReplaceOthersOnlyWhenAsked) {
     EXPECT_EQ(readNumber(database, u"select count(*) from 一対比較 where 評価者番号=2 and 比較値=1"), 56);
     EXPECT_EQ(readNumber(database, u"select count(*) from 一対比較 where 評価者番号=2"), 3 * 56);
 }
+
+TEST_F(BatchTest, OnlyWorksThatTakeEvaluatorsAskForAtMost101) {
+    ASSERT_EQ(run(u"1 --calculate"_s).exitCode, 0);
+    Connection database;
+    openDatabaseFile(database, path(u"DB/Hollin.mdb"_s));
+    for (int number = 101; number <= 202; ++number)
+        database.execute(u"insert into 評価者 values(?,'他','')", number);
+    database.execute(u"insert into 課題評価者 select 1,評価者番号,'' from 評価者 where 評価者番号>100");
+    database.close();
+    for (const auto& works :
+         {u"1 --coefficients"_s, u"1 --print 分析出力 --figures"_s, u"1 --calculate --evaluator 1"_s}) {
+        const auto outcome = run(works);
+        EXPECT_EQ(outcome.exitCode, 0) << works.toStdString() << outcome.errors.toStdString();
+    }
+    const auto refused = run(u"1 --calculate"_s);
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.errors.contains(u"--evaluator")) << refused.errors.toStdString();
+}

@@ -108,6 +108,29 @@ TEST_F(DatabaseToolTest, ACopyTakesThePlaceOfADatabaseWhoseProgramWasKilled) {
     }
 }
 
+TEST_F(DatabaseToolTest, LaterVersionsAreRefusedAndEarlierOnesBroughtUpToDate) {
+    ASSERT_EQ(run(u"create a.mdb"_s).exitCode, 0);
+    const auto mark = [this](Sql version) {
+        Connection connection;
+        openDatabaseFile(connection, path(u"a.mdb"_s));
+        connection.execute(version);
+    };
+    EXPECT_TRUE(run(u"upgrade a.mdb b.mdb"_s).output.contains(u"変えるものはありません"));
+    EXPECT_FALSE(QFile::exists(path(u"b.mdb"_s)));
+    mark(u"PRAGMA user_version = 0");
+    EXPECT_EQ(run(u"check a.mdb"_s).exitCode, 0);
+    EXPECT_TRUE(run(u"upgrade a.mdb b.mdb"_s).output.contains(path(u"b.mdb"_s)));
+    EXPECT_TRUE(run(u"upgrade b.mdb c.mdb"_s).output.contains(u"変えるものはありません"));
+    mark(u"PRAGMA user_version = 2");
+    for (const auto& command : {u"check a.mdb"_s, u"backup a.mdb d.mdb"_s, u"upgrade a.mdb d.mdb"_s}) {
+        const auto outcome = run(command);
+        EXPECT_EQ(outcome.exitCode, 1);
+        EXPECT_TRUE(outcome.errors.contains(u"もっと新しい版の Hollin")) << outcome.errors.toStdString();
+    }
+    EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden),
+              (QStringList{u"a.mdb"_s, u"b.mdb"_s}));
+}
+
 TEST_F(DatabaseToolTest, SamplesAreEqualRowForRow) {
     QStringList samples[2];
     for (auto& sample : samples) {

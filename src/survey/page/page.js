@@ -71,6 +71,8 @@
 
   // --- the file that goes back
 
+  // No cell is a formula for the spreadsheet program that may open the file.
+  const plain = (cell) => (/^[=+\-@\t\r]/.test(cell) && Number.isNaN(Number(cell)) ? `'${cell}` : cell);
   const quoted = (cell) => (/[",\r\n]/.test(cell) ? `"${cell.replaceAll('"', '""')}"` : cell);
   // The cells of a row that asks for a pair by name of column; null for another row.
   function pairOf(row) {
@@ -84,7 +86,7 @@
       const position = answers.get(pairOf(row)?.key);
       return row.map((cell, column) => (position === undefined || column !== data.columns.answer ? cell : data.choices[position]));
     });
-    return "\ufeff" + rows.map((row) => row.map(quoted).join(",") + "\r\n").join("");
+    return "\ufeff" + rows.map((row) => row.map(plain).map(quoted).join(",") + "\r\n").join("");
   }
 
   function parsed(text) {
