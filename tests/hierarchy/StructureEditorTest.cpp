@@ -284,8 +284,8 @@ TEST_F(StructureEditorTest, UnsavedChildrenAreNotDroppedWithoutAQuestion) {
     chooseParent(11);
     doubleClick(21);
     const std::vector<std::function<void()>> ways{
-        [this] { choose(editor, u"Combo1", 1); },        [this] { chooseParent(1); },
-        [this] { click(editor, u"Command4"); },          [this] { click(editor, u"Command2"); },
+        [this] { choose(editor, u"Combo1", 1); },    [this] { chooseParent(1); },
+        [this] { click(editor, u"Command4"); },      [this] { click(editor, u"Command2"); },
         [] { Common::Forms.find(editor)->close(); },
     };
     for (const auto& way : ways) {
