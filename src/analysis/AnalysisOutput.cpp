@@ -126,7 +126,7 @@ void printAnalysis(PrintService& print, const ProblemRound& of, const Analysis& 
     const QString problem = names[of.problemNo];
     const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, of.round),
                                    evaluatorLine(of.connection, analysis.evaluators)};
-    ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}});
+    ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}, of.round});
     page.foot(readRoundState(of).footLine(page.footColumns()));
     printFamilies(page, names, analysis.tree, [&names](const FactorValues& factor) {
         return figures(names[factor.place.factorNo], factor);

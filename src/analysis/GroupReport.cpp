@@ -85,7 +85,7 @@ void PrintGroupReport(PrintService& print, const EvaluatorRound& of, const QStri
     const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
     print.fillSlots(evaluator, problem, of.round);
     ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, of.round)}, columns},
-                    {u"報告作成"_s, problem, evaluator});
+                    {u"報告作成"_s, problem, evaluator, of.round});
     page.foot(state.footLine(page.footColumns()));
     page.coveringLetter(print.FileDir + u"\\message.txt"_s);
     printFactors(page, rows(), of.evaluatorNo);

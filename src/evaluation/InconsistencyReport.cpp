@@ -36,7 +36,7 @@ void printInconsistencyReport(PrintService& print, const ProblemRound& of,
     const bool single = runEnd(findings, 0) == findings.count();
 
     ReportPage page(print, {u"評価計算"_s, {}, columns},
-                    {u"評価計算"_s, problem, single ? evaluatorAt(0) : u"全評価者"_s});
+                    {u"評価計算"_s, problem, single ? evaluatorAt(0) : u"全評価者"_s, of.round});
     for (int begin = 0; begin < findings.count();) {
         const int end = runEnd(findings, begin);
         const QString evaluator = evaluatorAt(begin);

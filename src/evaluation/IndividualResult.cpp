@@ -126,7 +126,7 @@ void printOne(PrintService& print, FactorNames& names, const EvaluatorRound& of,
     const QString problem = names[of.problemNo];
     ReportPage page(
         print, {u"個人結果"_s, {{evaluator, u"様"_s}, {problem, u"（%1）"_s.arg(of.round)}}, treeColumns},
-        {u"個人結果"_s, problem, evaluator});
+        {u"個人結果"_s, problem, evaluator, of.round});
     printTree(page, names, result.tree);
     for (const auto& table : result.comparisons) printComparisons(page, names, table);
     printTotals(page, names, result.totals);

@@ -68,6 +68,6 @@ void saveFigures(PrintService& print, const std::vector<FigureSheet>& sheets, co
                  PictureType type) {
     const bool isSvg = type == PictureType::Svg;
     for (const auto& sheet : sheets)
-        print.writeFile({u"図"_s, problem, sheet.figure}, isSvg ? u"svg"_s : u"png"_s,
+        print.writeFile({u"図_"_s + sheet.figure, problem, {}}, isSvg ? u"svg"_s : u"png"_s,
                         isSvg ? svg(sheet) : png(sheet));
 }

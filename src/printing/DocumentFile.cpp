@@ -10,7 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A file name takes 255 bytes. The screen, the date and a number leave this much for each of the two names.
+// A file name takes 255 bytes. The screen, the round, the date and a number leave this much for each of the two
+// names.
 constexpr qsizetype namePartBytes = 90;
 
 // Characters that file systems do not take, in their full-width form.
@@ -33,7 +34,8 @@ QString fileNamePart(const QString& text) {
 
 QString joined(const DocumentName& name, const QString& time) {
     QStringList parts;
-    for (const auto& part : {name.screen, name.problem, name.evaluator, time})
+    const auto round = name.round > 0 ? u"%1回目"_s.arg(name.round) : QString();
+    for (const auto& part : {name.evaluator, name.screen, name.problem, round, time})
         if (!part.isEmpty()) parts.append(fileNamePart(part));
     return parts.join(u'_');
 }

@@ -6,11 +6,12 @@
 
 #include "printing/Printer.h"
 
-// "個人結果_課題_評価者", in characters that file systems take, each name cut to what a file name has room
-// for.
+// "評価者_個人結果_課題_2回目", in characters that file systems take, each name cut to what a file name has
+// room for.
 QString documentTitle(const DocumentName& name);
 
-// Writes the bytes into a file of its own, "個人結果_課題_評価者_20260401-090000.pdf" for the type "pdf", and
-// never over another one; its path. Raises error 75 or 76 when it cannot be written; no file is left then.
+// Writes the bytes into a file of its own, "評価者_個人結果_課題_2回目_20260401-090000.pdf" for the type
+// "pdf", and never over another one; its path. Raises error 75 or 76 when it cannot be written; no file is
+// left then.
 QString writeDocument(const QString& folder, const DocumentName& name, const QString& type,
                       const QByteArray& bytes);

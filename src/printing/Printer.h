@@ -16,11 +16,13 @@ struct PrinterDevice {
     QString queue; // print queue; empty for the built-in device that writes PDF files
 };
 
-// What a document is called: the name of its PDF file and of its print job. Empty parts are left out.
+// What a document is called: the name of its PDF file and of its print job. Empty parts are left out. Whose
+// it is comes first: dialogs and lists of files cut long names at their end.
 struct DocumentName {
     QString screen;
     QString problem;
     QString evaluator;
+    int round = 0; // 0 for none
 };
 
 enum class Orientation { Portrait = 1, Landscape = 2 };

@@ -89,6 +89,7 @@ void OutputScreen::openFolder() {
 
 bool OutputScreen::makeDocuments(const QString& subject, const std::function<bool()>& work,
                                  const QString& nothing) {
+    showTarget(); // printers come and go
     openFolder_->hide();
     files_.clear();
     const MadeFiles documents;

@@ -205,7 +205,7 @@ bool writeForms(PrintService& print, const RoundSelection& chosen, const QString
     for (const auto& [number, entry] : chosen.evaluators) {
         progress(done++, static_cast<int>(chosen.evaluators.size()), entry);
         const Factor evaluator{number, evaluatorName(chosen.connection, number)};
-        print.writeFile({u"調査票"_s, questionnaire.problem.name, evaluator.name}, type,
+        print.writeFile({u"調査票"_s, questionnaire.problem.name, evaluator.name, questionnaire.round}, type,
                         form(questionnaire, evaluator));
     }
     return true;

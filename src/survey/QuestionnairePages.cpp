@@ -116,7 +116,7 @@ void printFor(PrintService& print, const Questionnaire& questionnaire, const Fac
                      {u"評価者 %1　%2様"_s.arg(QString::number(evaluator.number), evaluator.name),
                       problemLine(problem, questionnaire.round)},
                      {}},
-                    {u"調査票"_s, problem, evaluator.name});
+                    {u"調査票"_s, problem, evaluator.name, questionnaire.round});
     page.coveringLetter(print.FileDir + u"\\survey.txt"_s);
     for (const auto& goal : questionnaire.goals) printGoal(page, goal);
     page.finish();

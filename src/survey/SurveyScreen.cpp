@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QShortcut>
 
 #include "files/TextFile.h"
 #include "rounds/ReportSelection.h"
@@ -48,6 +49,9 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
             column,
             std::max(width, ui_->Table1->horizontalHeader()->sectionSizeHint(column) + betweenColumns));
     ui_->Table1->verticalHeader()->hide();
+    auto* takeOffKey = new QShortcut(Qt::Key_Delete, ui_->Table1);
+    takeOffKey->setContext(Qt::WidgetShortcut);
+    onEvent(takeOffKey, &QShortcut::activated, [this] { takeOff(); });
 
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });
     std::size_t next = 0;
@@ -84,6 +88,7 @@ void 調査票::Combo1_Click() {
     ui_->List1->clear();
     ui_->List1->addItems(evaluators);
     ui_->Label5->setText(round);
+    answers_.clear();
     files_.clear(); // they were set against the problem chosen before
     showFiles();
 }
@@ -102,10 +107,14 @@ std::optional<RoundSelection> 調査票::problemRound() {
 
 void 調査票::Command6_Click() {
     if (!problemRound()) return ui_->Combo1->setFocus();
+    static QString folder; // where the files were last, as long as the program runs
+    if (folder.isEmpty()) folder = nativePath(print_.FileDir);
     const auto paths =
-        QFileDialog::getOpenFileNames(this, u"回答の入った調査票を選ぶ"_s, nativePath(print_.FileDir),
+        QFileDialog::getOpenFileNames(this, u"回答の入った調査票を選ぶ"_s, folder,
                                       u"調査票 (%1);;すべてのファイル (*)"_s.arg(tableFilePatterns()));
-    if (!paths.isEmpty()) readFiles(paths);
+    if (paths.isEmpty()) return;
+    folder = QFileInfo(paths.constFirst()).path();
+    readFiles(paths);
 }
 
 void 調査票::readFiles(const QStringList& paths) {
@@ -114,21 +123,62 @@ void 調査票::readFiles(const QStringList& paths) {
     const auto round = problemRound();
     if (!round) return;
     const auto questionnaire = questionnaireOf(*round);
-    QList<CheckedAnswers> files;
-    readAnswers(paths, [&](const Answers& answers) {
-        tell(static_cast<int>(files.size()), static_cast<int>(paths.size()),
-             QFileInfo(answers.path).fileName());
-        files.append(checkForm(*DbConn, questionnaire, answers));
+    QList<Answers> all;
+    std::ranges::copy_if(answers_, std::back_inserter(all), [&](const Answers& shown) {
+        return !stored_.contains(shown.path) && !paths.contains(shown.path);
     });
+    const auto kept = all.size();
+    readAnswers(paths, [&](const Answers& answers) {
+        tell(static_cast<int>(all.size() - kept), static_cast<int>(paths.size()),
+             QFileInfo(answers.path).fileName());
+        all.append(answers);
+    });
+    hold(questionnaire, std::move(all));
+    ui_->Table1->selectRow(static_cast<int>(kept));
+    ui_->Table1->setFocus();
+    const auto storable = std::ranges::count_if(files_, &CheckedAnswers::canBeStored);
+    say(u"%1 件を読み込みました。一覧の %2 件のうち登録できるもの %3 件。"_s.arg(files_.size() - kept)
+            .arg(files_.size())
+            .arg(storable),
+        storable < files_.size());
+}
+
+// All are checked anew: what they are held against, the database and one another, may have changed.
+void 調査票::hold(const Questionnaire& questionnaire, QList<Answers> all) {
+    QList<CheckedAnswers> files;
+    for (const auto& answers : all) files.append(checkForm(*DbConn, questionnaire, answers));
     checkAgainstEachOther(files);
+    const QStringList leftOut = pathsLeftOut();
+    answers_ = std::move(all);
     files_ = std::move(files);
     stored_.clear();
     showFiles();
-    ui_->Table1->selectRow(0);
-    ui_->Table1->setFocus();
-    const auto storable = std::ranges::count_if(files_, &CheckedAnswers::canBeStored);
-    say(u"%1 件を読み込みました。登録できるもの %2 件。"_s.arg(files_.size()).arg(storable),
-        storable < files_.size());
+    for (int row = 0; row < files_.size(); ++row)
+        if (leftOut.contains(files_[row].path))
+            ui_->Table1->item(row, FileName)->setCheckState(Qt::Unchecked);
+}
+
+// Of two files that answer the same, the user takes one off the list.
+void 調査票::takeOff() {
+    const int row = ui_->Table1->currentRow();
+    const auto round = problemRound();
+    if (row < 0 || row >= answers_.size() || !round) return;
+    auto others = answers_;
+    others.removeAt(row);
+    others.removeIf([this](const Answers& answers) { return stored_.contains(answers.path); });
+    hold(questionnaireOf(*round), std::move(others));
+    say(u"一覧から外しました。"_s);
+}
+
+// Files that could be stored and are not to be.
+QStringList 調査票::pathsLeftOut() const {
+    QStringList paths;
+    for (int row = 0; row < files_.size(); ++row) {
+        const auto* item = ui_->Table1->item(row, FileName);
+        if (item->flags().testFlag(Qt::ItemIsUserCheckable) && item->checkState() == Qt::Unchecked)
+            paths << files_[row].path;
+    }
+    return paths;
 }
 
 void 調査票::showFiles() {

@@ -19,7 +19,8 @@ class 調査票 : public OutputScreen {
 
     void Form_Load() override;
 
-    // Reads the files and shows what they say; nothing is stored yet. They take the place of those shown.
+    // Reads the files and shows what they say; nothing is stored yet. They are added to
+    // those shown that have not been stored; one that was read before is read anew.
     void readFiles(const QStringList& paths);
 
   private:
@@ -31,13 +32,17 @@ class 調査票 : public OutputScreen {
     // What is to be answered, for the chosen evaluators: on paper, as spreadsheets, as texts.
     void make(const ReportWork& work);
     std::optional<RoundSelection> problemRound();
+    void hold(const Questionnaire& questionnaire, QList<Answers> all);
+    void takeOff(); // Delete: the current file
     void showFiles();
     void showRow(int row);
     void showDetails();
     QList<qsizetype> checkedFiles() const;
+    QStringList pathsLeftOut() const;
     bool mayReplace(const QList<qsizetype>& files);
 
     std::unique_ptr<Ui::SurveyScreen> ui_;
+    QList<Answers> answers_;      // of the files shown
     QList<CheckedAnswers> files_; // parallel to the rows of the table
     QStringList stored_;          // paths of those that have been stored
 };

@@ -49,7 +49,7 @@ TEST_F(ReportsTest, TheGroupReportSetsTheEvaluatorBesideTheGroup) {
               u"2 名：PDF 2 件を作成しました。フォルダーを表示するプログラムがありません。（%1/file）"_s.arg(
                   directory()));
     EXPECT_TRUE(control(group, u"folder")->isVisible());
-    EXPECT_EQ(printedRows(u"報告作成_候補地の選定_評価者5_"_s),
+    EXPECT_EQ(printedRows(u"評価者5_報告作成_候補地の選定_1回目_"_s),
               u"評価者5様:候補地の選定:1 / 候補地の選定（1回） / あなた 全体 / "
               "目的要因 要因 評価値 順位 最小値 最大値 算術平均 幾何平均 / "
               "候補地の選定 費用 0.8736 2 0.3816 1.0000 0.7517 0.6934 / "
@@ -90,14 +90,14 @@ TEST_F(ReportsTest, APairWithoutOwnValueIsBlankAndTotalsStandBehindDeepKeys) {
     run(u"delete from 評価結果 where 評価者番号=5 and 親要因番号=12"_s);
     run(u"update 課題 set 最大分岐数=100000"_s); // the keys of level 2 are greater than that of the totals
     report(group, {1});
-    EXPECT_TRUE(printedRows(u"報告作成"_s)
+    EXPECT_TRUE(printedRows(u"評価者5_報告作成"_s)
                     .contains(u" / 環境 騒音 0.4750 1.0000 0.7375 0.6892 / "
                               "環境 景観 0.1882 1.0000 0.5941 0.4338 / 総合評価値"));
 }
 
 TEST_F(ReportsTest, TheAnalysisShowsGradeSpreadAndClasses) {
     EXPECT_EQ(report(analysis, {}), notice(analysis, u" 評価一覧終了"_s));
-    EXPECT_EQ(printedRows(u"分析出力_候補地の選定_"_s),
+    EXPECT_EQ(printedRows(u"分析出力_候補地の選定_1回目_"_s),
               u"候補地の選定（1回） / 評価者 3名：評価者2、評価者5、評価者7 / 分布（0 が最小、6 が最大） / "
               "要因名 最小値 最大値 平均値 偏差値 幾平均 0 1 2 3 4 5 6 / "
               "候補地の選定 / 費用 0.3816 1.0000 0.7517 0.2668 0.6934 1 0 0 0 0 0 2 / "

@@ -321,7 +321,7 @@ TEST_F(EvaluationTest, FindingsArePrintedForEachEvaluator) {
     EXPECT_EQ(folder.entryList({u"*.pdf"_s}), QStringList());
     other.reset();
     EXPECT_EQ(told(screen, u"Command7"_s).size(), 1U);
-    const auto documents = folder.entryList({u"評価計算_候補地_*.pdf"_s});
+    const auto documents = folder.entryList({u"*_評価計算_候補地_1回目_*.pdf"_s});
     ASSERT_EQ(documents.size(), 1);
     const auto pages = printedPages(folder.filePath(documents[0]));
     ASSERT_EQ(pages.size(), 2);

@@ -13,7 +13,7 @@ class IndividualResultTest : public RoundTest {};
 
 TEST_F(IndividualResultTest, TreeComparisonsAndTotalsArePrinted) {
     EXPECT_EQ(report(screen, {0}), notice(screen, u" 印刷終了"_s));
-    EXPECT_EQ(printedRows(u"個人結果_候補地の選定_評価者2_"_s),
+    EXPECT_EQ(printedRows(u"評価者2_個人結果_候補地の選定_1回目_"_s),
               u"候補地の選定（1） / 要因名 評価値 累積評価値 / "
               "候補地の選定 / 費用 1 1 / 環境 0.3029 0.3029 / 広さ 0.5503 0.5503 / "
               "費用 / 建設費 1 1 / 維持費 0.5 0.5 / "
@@ -36,11 +36,11 @@ TEST_F(IndividualResultTest, EachEvaluatorHasADocumentOfTheCurrentRound) {
     control<QCheckBox>(screen, u"Check1")->click();
     report(screen, {1});
     EXPECT_EQ(documents().size(), 3);
-    const auto bare = printedRows(u"個人結果_候補地の選定_評価者7_"_s);
+    const auto bare = printedRows(u"評価者7_個人結果_候補地の選定_2回目_"_s);
     EXPECT_TRUE(
         bare.startsWith(u"候補地の選定（2） / 要因名 評価値 累積評価値 / 候補地の選定 / 費用 0 0 / "));
     EXPECT_TRUE(bare.contains(u" / ① 維持費 － 1/3 1/7 / "));
-    EXPECT_TRUE(printedRows(u"個人結果_候補地の選定_評価者5_"_s).contains(u" / 騒音 0.1235 0.4055 / "));
+    EXPECT_TRUE(printedRows(u"評価者5_個人結果_候補地の選定_2回目_"_s).contains(u" / 騒音 0.1235 0.4055 / "));
     EXPECT_EQ(rows(u"select * from 評価結果"_s), before);
 }
 

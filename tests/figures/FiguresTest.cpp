@@ -144,7 +144,7 @@ TEST_F(FiguresTest, TheScreenShowsPrintsAndSavesWhatWasChosen) {
     click(u"図", u"Command5");
     EXPECT_TRUE(text(u"図", u"Status").endsWith(u".png を作成しました。（%1/file）"_s.arg(directory())));
     const QDir folder(directory() + u"/file"_s);
-    const auto files = folder.entryList({u"図_候補地の選定_順位の安定_*"_s}, QDir::Files, QDir::Name);
+    const auto files = folder.entryList({u"図_順位の安定_候補地の選定_*"_s}, QDir::Files, QDir::Name);
     ASSERT_EQ(files.size(), 2);
     EXPECT_FALSE(QImage(folder.filePath(files.filter(u".png"_s).value(0))).isNull());
     const auto svg = QString::fromUtf8(bytesOf(folder.filePath(files.filter(u".svg"_s).value(0))));

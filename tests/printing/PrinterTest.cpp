@@ -80,11 +80,11 @@ TEST_F(PrinterTest, TextsStandAtTheirMillimetresOnPagesOfEitherOrientation) {
 TEST_F(PrinterTest, FilesBearTheNameOfTheDocumentAndReplaceNone) {
     selectPdf();
     for (const auto& [name, file] :
-         {std::pair{DocumentName{u"分析出力"_s, u"課題"_s, {}}, u"分析出力_課題"_s},
+         {std::pair{DocumentName{u"分析出力"_s, u"課題"_s, {}, 12}, u"分析出力_課題_12回目"_s},
           {DocumentName{u"個人結果"_s, u"A/B\\C:*?\n"_s, u"\"<>|.様"_s},
-           u"個人結果_A／B￥C：＊？＿_”＜＞｜.様"_s},
+           u"”＜＞｜.様_個人結果_A／B￥C：＊？＿"_s},
           {DocumentName{u"個人結果"_s, u"長"_s.repeated(80), u"𠮷"_s.repeated(80)},
-           u"個人結果_%1_%2"_s.arg(u"長"_s.repeated(30), u"𠮷"_s.repeated(22))}})
+           u"%2_個人結果_%1"_s.arg(u"長"_s.repeated(30), u"𠮷"_s.repeated(22))}})
         for (int i = 0; i < 3; ++i) { // within one second
             const auto written = QFileInfo(printOne(name)).fileName();
             EXPECT_EQ(written.left(file.size()), file);

@@ -77,10 +77,11 @@ class RoundTest : public ScreenTest {
     }
     QStringList documents() const { return QDir(directory() + u"/file"_s).entryList({u"*.pdf"_s}); }
     // The rows of a document below its first one, which has the date, joined by " / ".
-    QString printedRows(const QString& prefix) const {
+    QString printedRows(const QString& part) const {
         QStringList texts;
         const QDir folder(directory() + u"/file"_s);
-        for (const auto& page : printedPages(folder.filePath(folder.entryList({prefix + u'*'}).value(0))))
+        for (const auto& page :
+             printedPages(folder.filePath(folder.entryList({u'*' + part + u'*'}).value(0))))
             for (int row = 2; row < 40; ++row)
                 if (const auto words = page.row(6 * row); !words.isEmpty()) texts << words.join(u' ');
         return texts.join(u" / ");

@@ -1,10 +1,15 @@
 #include <gmock/gmock.h>
 #include <xlsxwriter.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTableWidget>
+#include <QTest>
+#include <QTimer>
 
 #include "core/FactorNames.h"
 #include "files/NewFile.h"
@@ -282,6 +287,32 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
     const auto two = saved(u"2.csv"_s, filled(answersOfTwo).toUtf8());
     const auto five = saved(u"5.csv"_s, filled({u"右が 4"_s}, 5).toUtf8());
     const auto wrong = saved(u"x.csv"_s, filled({u"左が 0"_s}, 5).toUtf8());
+    // The files come in through the dialog, in two goes; the second adds to the first, and opens where that
+    // was.
+    const auto load = [this](const QStringList& paths) {
+        QString opened;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            opened = dialog->directory().path();
+            QStringList quoted;
+            for (const auto& path : paths) quoted << u'"' + path + u'"';
+            dialog->findChild<QLineEdit*>()->setText(quoted.join(u' '));
+            static_cast<QDialog*>(dialog)->accept();
+        });
+        click(screen, u"Command6");
+        return opened;
+    };
+    load({wrong, two});
+    EXPECT_EQ(load({two, five}), QFileInfo(two).path());
+    EXPECT_EQ(text(screen, u"Status"), u"2 件を読み込みました。一覧の 3 件のうち登録できるもの 2 件。"_s);
+    auto* left = control<QTableWidget>(screen, u"Table1")->item(2, 0);
+    left->setCheckState(Qt::Unchecked);
+    load({wrong, two});
+    EXPECT_EQ(control<QTableWidget>(screen, u"Table1")->item(0, 0)->checkState(), Qt::Unchecked);
+    click(screen, u"Command2");
+    Common::Forms.show(screen);
+    choose(screen, u"Combo1", 0);
+    form = dynamic_cast<調査票*>(Common::Forms.find(screen));
     form->readFiles({two, five, wrong});
     auto* table = control<QTableWidget>(screen, u"Table1");
     const auto row = [table](int index) {
@@ -319,8 +350,12 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
 
     // Which of two answers to the same goal counts, nobody can say.
     form->readFiles({five, saved(u"5b.csv"_s, filled({u"左が 4"_s}, 5).toUtf8())});
+    table->selectRow(0); // what came before, with a fault of its own
+    QTest::keyClick(table, Qt::Key_Delete);
     EXPECT_EQ(row(0), row(1));
     EXPECT_TRUE(row(1).endsWith(u"誤りがあるため登録できません"));
+    QTest::keyClick(table, Qt::Key_Delete);
+    EXPECT_TRUE(row(0).contains(u"登録できます"));
     click(screen, u"Command2");
     EXPECT_TRUE(isOpen(u"比較者設定"));
 }
@@ -342,7 +377,7 @@ TEST_F(SurveyTest, PaperNamesEveryPairAndKeepsBlocksWhole) {
     click(screen, u"Command17");
     EXPECT_EQ(told(screen, u"Command3"), std::vector<ShownMessage>{});
     const QDir folder(directory() + u"/file"_s);
-    const auto documents = folder.entryList({u"調査票_候補地_評価者5_*.pdf"_s});
+    const auto documents = folder.entryList({u"評価者5_調査票_候補地_2回目_*.pdf"_s});
     ASSERT_EQ(documents.size(), 1);
     const auto pages = printedPages(folder.filePath(documents[0]));
     ASSERT_EQ(pages.size(), 4); // letter; two small goals; two of 21 pairs

@@ -64,7 +64,8 @@ class BatchTest : public testing::Test {
         QStringList names;
         for (const auto& line : outcome.output.split(u'\n', Qt::SkipEmptyParts)) {
             EXPECT_TRUE(QFile::exists(line)) << line.toStdString();
-            names << line.section(u'/', -1).section(u'_', 0, 0);
+            const auto parts = line.section(u'/', -1).split(u'_');
+            names << parts[parts.size() > 4 ? 1 : 0]; // behind the evaluator, where there is one
         }
         return names.join(u' ');
     }
