@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A file name takes 255 bytes. The screen, the round, the date and a number leave this much for each of the two
-// names.
+// A file name takes 255 bytes. The screen, the round, the date and a number leave this much for each of the
+// two names.
 constexpr qsizetype namePartBytes = 90;
 
 // Characters that file systems do not take, in their full-width form.
