@@ -31,12 +31,15 @@ constexpr int listMargin = 16; // pixels beside the entries of the chooser's lis
 const int equalPosition = nearestPosition(1);
 
 // The words of the odd steps of the scale, "1 同じくらい重要　3 やや重要 …", in a line that the window has
-// room for at its first size.
-QString scaleLegend() {
+// room for at its first size; the longer word for quality stands at its end alone.
+QString scaleLegend(Aspect aspect) {
     QString legend;
     for (int position = equalPosition; position >= 0; position -= 2)
-        legend += scaleText(position) + u' ' + scaleWords(position) + u"　"_s;
-    return legend + u"（1/3 は列がやや重要）"_s;
+        legend += scaleText(position) + u' ' +
+                  (aspect == Aspect::Importance ? scaleWords(position)
+                                                : scaleWords(position, aspect).remove(aspectWord(aspect))) +
+                  u"　"_s;
+    return legend + u"（1/3 は列が"_s + scaleWords(nearestPosition(3), aspect) + u"）"_s;
 }
 
 // Children of the goal factor that has the most.
@@ -99,7 +102,7 @@ class ScaleEntries : public QStyledItemDelegate {
     ui_->CmbCell->setParent(grid->viewport());
     ui_->CmbCell->setItemDelegate(new ScaleEntries(ui_->CmbCell, [this](int position) {
         const auto [row, column] = keyboard_.current();
-        return entry().isPair({row, column}) ? comparisonMeaning(itemMark(row), itemMark(column), position)
+        return entry().isPair({row, column}) ? comparisonMeaning(itemMark(row), itemMark(column), position, aspect())
                                              : QString();
     }));
     ui_->CmbCell->view()->installEventFilter(this);
@@ -127,7 +130,7 @@ void 比較値設定::Form_Load() {
     for (int position = 0; position < scalePositions; ++position) ui_->CmbCell->addItem(scaleText(position));
     ui_->CmbCell->hide();
     ui_->Label2->setWholeText(CmpProblemName);
-    ui_->Label8->setWholeText(scaleLegend());
+    ui_->Label8->setWholeText(scaleLegend(Aspect::Importance));
     ui_->Label9->setWholeText(u"評価者 "_s + CmpEvaluatorName);
     ui_->Label10->setText(u"%1 回目　　%2"_s.arg(CmpRound).arg(CmpDate));
     goals_ = readGoals(*DbConn, CmpProblemNo);
@@ -143,6 +146,16 @@ void 比較値設定::Form_Load() {
     ui_->MSFlexGrid1->claimNeededSize();
     centre();
     clearGrid();
+    readAspects();
+}
+
+// Without the choices that users have written down the grid can be filled all the same.
+void 比較値設定::readAspects() {
+    try {
+        aspects_ = readGoalAspects(*DbConn, CmpProblemNo, AppDir + u"\\file"_s);
+    } catch (const RuntimeError& error) {
+        say(joinedLines(error.description()), true);
+    }
 }
 
 EvaluatorRound 比較値設定::session() const {
@@ -181,6 +194,7 @@ void 比較値設定::startGoal() {
     goalNo_ = goalNo; // only a goal whose children are all shown can be saved
     children_ = std::move(children);
     keyboard_ = PairKeyboard(n);
+    ui_->Label8->setWholeText(scaleLegend(aspect()));
     ui_->MSFlexGrid1->showOnly(n + 1, n + 1);
     fitWindow();
     goTo({1, 2});
@@ -275,8 +289,8 @@ void 比較値設定::follow(const std::function<void()>& rules) {
     // The grid has gone on to the next pair; the status line keeps what was entered.
     if (const auto completed = keyboard_.takeCompleted())
         sayOf(namesOf(*completed),
-              [position = entry().position(*completed).value()](const QStringList& names) {
-                  return comparisonSentence(names[0], names[1], position);
+              [position = entry().position(*completed).value(), by = aspect()](const QStringList& names) {
+                  return comparisonSentence(names[0], names[1], position, by);
               });
     showState();
 }
@@ -408,8 +422,8 @@ void 比較値設定::showSentence() {
     auto position = entry().position(cell);
     if (chooser->isVisible() && marked.isValid()) position = marked.row();
     const bool isHalfTyped = keyboard_.isHalfTyped();
-    ui_->Label4->setSentence(namesOf(cell), [=](const QStringList& names) {
-        if (position && !isHalfTyped) return comparisonSentence(names[0], names[1], *position);
+    ui_->Label4->setSentence(namesOf(cell), [=, by = aspect()](const QStringList& names) {
+        if (position && !isHalfTyped) return comparisonSentence(names[0], names[1], *position, by);
         return u"%1 は %2 に比べて %3"_s.arg(names[0], names[1], isHalfTyped ? u"1/ …"_s : u"…"_s);
     });
 }

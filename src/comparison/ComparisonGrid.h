@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "comparison/GoalAspects.h"
 #include "comparison/PairKeyboard.h"
 #include "core/Screen.h"
 #include "rounds/AnsweredGoals.h"
@@ -40,6 +41,8 @@ class 比較値設定 : public Screen {
     void askForStart();
     void showChild(int item, const Factor& child);
     void fitWindow();
+    void readAspects();
+    Aspect aspect() const { return aspects_.value(goalNo_.value_or(0)); }
     EvaluatorRound session() const;
     std::optional<int> nextOpenGoal() const; // its entry in Combo1
 
@@ -62,6 +65,7 @@ class 比較値設定 : public Screen {
     std::unique_ptr<Ui::ComparisonGrid> ui_;
     std::vector<Factor> goals_; // parallel to the entries of Combo1
     AnsweredGoals answered_;
+    GoalAspects aspects_;
     std::optional<qint32> goalNo_; // the goal factor whose grid is shown
     std::vector<Factor> children_; // its children, in display order
     PairKeyboard keyboard_;

@@ -14,9 +14,8 @@ constexpr double equalDistance =
     1e-6; // what single precision makes of equal ones: √6 is as near to 2 as to 3
 
 // For the whole numbers 1 to 9; an even one is a compromise between its neighbours.
-constexpr std::array words{u"同じくらい重要",   u"同じ〜やや重要",       u"やや重要",
-                           u"やや〜かなり重要", u"かなり重要",           u"かなり〜非常に重要",
-                           u"非常に重要",       u"非常に〜きわめて重要", u"きわめて重要"};
+constexpr std::array words{u"同じくらい",   u"同じ〜やや", u"やや",           u"やや〜かなり", u"かなり",
+                           u"かなり〜非常に", u"非常に",     u"非常に〜きわめて", u"きわめて"};
 
 // The whole number of the position: n on the side above 1, the n of 1/n below.
 int wholeNumber(int position) {
@@ -46,16 +45,26 @@ int nearestPosition(double value) {
     return nearest;
 }
 
-QString scaleWords(int position) {
-    return QString::fromUtf16(words[static_cast<std::size_t>(wholeNumber(position) - 1)]);
+QString aspectWord(Aspect aspect) {
+    return aspect == Aspect::Quality ? u"優れている"_s : u"重要"_s;
 }
 
-QString comparisonMeaning(const QString& source, const QString& target, int position) {
-    if (position == equalPosition) return u"どちらも"_s + scaleWords(position);
-    return (position < equalPosition ? source : target) + u" のほうが"_s + scaleWords(position);
+QString comparisonQuestion(const QString& goal, Aspect aspect) {
+    return aspect == Aspect::Quality
+               ? u"「%1」について、左と右のどちらがどれだけ優れていますか（望ましいですか）。"_s.arg(goal)
+               : u"「%1」にとって、左と右のどちらがどれだけ重要ですか。"_s.arg(goal);
 }
 
-QString comparisonSentence(const QString& source, const QString& target, int position) {
+QString scaleWords(int position, Aspect aspect) {
+    return QString::fromUtf16(words[static_cast<std::size_t>(wholeNumber(position) - 1)]) + aspectWord(aspect);
+}
+
+QString comparisonMeaning(const QString& source, const QString& target, int position, Aspect aspect) {
+    if (position == equalPosition) return u"どちらも"_s + scaleWords(position, aspect);
+    return (position < equalPosition ? source : target) + u" のほうが"_s + scaleWords(position, aspect);
+}
+
+QString comparisonSentence(const QString& source, const QString& target, int position, Aspect aspect) {
     return u"%1 は %2 に比べて %3 → %4"_s.arg(source, target, scaleText(position),
-                                              comparisonMeaning(source, target, position));
+                                              comparisonMeaning(source, target, position, aspect));
 }

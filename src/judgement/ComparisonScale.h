@@ -16,9 +16,19 @@ constexpr int mirrorPosition(int position) {
 // The position whose value is nearest by ratio, the first of equally near ones; the ends of the scale beyond them.
 int nearestPosition(double value);
 
-// How much more important the preferred factor is: "やや重要" for 3 and for 1/3.
-QString scaleWords(int position);
-// "避難所 のほうがかなり重要", "どちらも同じくらい重要".
-QString comparisonMeaning(const QString& source, const QString& target, int position);
+// By what the items of a goal are compared: factors by their importance to it, what the decision is about by how
+// good it is in its view. In "建設費" the cheap alternative is the better one, not the more important one.
+enum class Aspect { Importance, Quality };
+
+// "重要", "優れている".
+QString aspectWord(Aspect aspect);
+// "「費用」にとって、左と右のどちらがどれだけ重要ですか。"
+QString comparisonQuestion(const QString& goal, Aspect aspect);
+// How much the preferred one surpasses the other: "やや重要" for 3 and for 1/3.
+QString scaleWords(int position, Aspect aspect = Aspect::Importance);
+// "避難所 のほうがかなり重要", "どちらも同じくらい優れている".
+QString comparisonMeaning(const QString& source, const QString& target, int position,
+                          Aspect aspect = Aspect::Importance);
 // "耐震化 は 避難所 に比べて 1/5 → 避難所 のほうがかなり重要": so that nobody takes 1/5 for 5.
-QString comparisonSentence(const QString& source, const QString& target, int position);
+QString comparisonSentence(const QString& source, const QString& target, int position,
+                           Aspect aspect = Aspect::Importance);

@@ -56,7 +56,7 @@ bool hasDatabase(const QString& directory) {
 void createMessageFiles(const QString& directory) {
     loadStartupResources();
     createFolder(directory + u"/file"_s);
-    for (const auto& name : {u"errmsg.txt"_s, u"message.txt"_s, u"survey.txt"_s})
+    for (const auto& name : {u"errmsg.txt"_s, u"message.txt"_s, u"questions.txt"_s, u"survey.txt"_s})
         createMessageFile(directory + u"/file/"_s + name, u":/startup/"_s + name);
 }
 

@@ -55,8 +55,9 @@ QString wordUnder(int position) {
 }
 
 // The name of the preferred one comes for "%1" or "%2".
-QString meaningOf(int position) {
-    return comparisonMeaning(u"「%1」"_s, u"「%2」"_s, position);
+QJsonArray meaningsOf(Aspect aspect) {
+    return scaleArray(
+        [aspect](int position) { return comparisonMeaning(u"「%1」"_s, u"「%2」"_s, position, aspect).remove(u' '); });
 }
 
 QJsonObject verdicts() {
@@ -74,7 +75,7 @@ QJsonArray goalsOf(const Questionnaire& questionnaire) {
         for (const auto& child : goal.children) children.append(child.number);
         goals.append(QJsonObject{{u"number"_s, goal.factor.number},
                                  {u"question"_s, questionOf(goal)},
-                                 {u"kind"_s, 0},
+                                 {u"aspect"_s, static_cast<int>(goal.aspect)},
                                  {u"children"_s, children}});
     }
     return goals;
@@ -116,7 +117,7 @@ QJsonObject dataOf(const Questionnaire& questionnaire, const Factor& evaluator) 
         {u"scale"_s, scaleArray([](int position) { return double{scaleValue(position)}; })},
         {u"choices"_s, scaleArray(choice)},
         {u"words"_s, scaleArray(wordUnder)},
-        {u"meanings"_s, QJsonArray{QJsonValue(scaleArray(meaningOf))}},
+        {u"meanings"_s, QJsonArray{meaningsOf(Aspect::Importance), meaningsOf(Aspect::Quality)}},
         {u"verdicts"_s, verdicts()},
         {u"goals"_s, goalsOf(questionnaire)},
         {u"factors"_s, factorsOf(questionnaire)},

@@ -11,6 +11,7 @@
 #include "sheets/Spreadsheet.h"
 #include "survey/AnswerForm.h"
 #include "survey/AnswerPage.h"
+#include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
 using namespace AnswerForm;
@@ -22,7 +23,7 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
         titleOf(questionnaire),
         evaluator.name + u"様"_s,
         {},
-        u"下の「%1」のシートで、目的ごとに、左と右の要因のどちらがどれだけ重要かをお答えください。"_s.arg(
+        u"下の「%1」のシートで、目的ごとに、左と右の要因のどちらがどれだけまさるか（重要か、目的によっては優れているか）をお答えください。"_s.arg(
             sheetName),
         u"黄色い欄を選ぶと右に▼が出ますので、押して（または Alt+↓ キーで）17 の選択肢から一つを選んでください。"_s,
         u"選ぶと、その意味が右に文で出ますので、お考えのとおりか確かめてください。"_s,
@@ -33,9 +34,9 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
         {},
         u"選択肢の意味"_s};
     for (int degree = scalePositions / 2 + 1; degree > 1; --degree)
-        lines << u"　左が %1 … 左のほうが%2重要"_s.arg(QString::number(degree), degreeInWords(degree));
-    lines << u"　同じ … 左と右は同じくらい重要"_s;
-    lines << u"　右が 2 ～ 右が 9 … 同じ言葉で、右のほうが重要"_s;
+        lines << u"　左が %1 … 左のほうが%2重要（優れている）"_s.arg(QString::number(degree), degreeInWords(degree));
+    lines << u"　同じ … 左と右は同じくらい重要（優れている）"_s;
+    lines << u"　右が 2 ～ 右が 9 … 同じ言葉で、右のほうが重要（優れている）"_s;
     return lines;
 }
 
@@ -119,11 +120,11 @@ QString degreeFormula(const QString& answer) {
 }
 
 // "「水道」のほうがやや重要", whatever is chosen.
-QString meaningFormula(lxw_row_t row) {
+QString meaningFormula(lxw_row_t row, Aspect aspect) {
     const auto cell = [row](Column column) { return QChar(u'A' + column) + QString::number(row + 1); };
     const auto answer = cell(Answer);
-    return uR"(=IF(%1="","",IF(%1="%4","「"&%2&"」と「"&%3&"」は同じくらい重要",IFERROR("「"&IF(LEFT(%1,1)="左",%2,%3)&"」のほうが"&%5&"重要","選択肢から選んでください")))"_s
-               .arg(answer, cell(Left), cell(Right), choice(scalePositions / 2), degreeFormula(answer)) +
+    return uR"(=IF(%1="","",IF(%1="%4","「"&%2&"」と「"&%3&"」は同じくらい%6",IFERROR("「"&IF(LEFT(%1,1)="左",%2,%3)&"」のほうが"&%5&"%6","選択肢から選んでください")))"_s
+               .arg(answer, cell(Left), cell(Right), choice(scalePositions / 2), degreeFormula(answer), aspectWord(aspect)) +
            u')';
 }
 
@@ -152,6 +153,7 @@ lxw_row_t writeGoal(lxw_worksheet* sheet, lxw_row_t row, const QuestionGoal& goa
         worksheet_write_blank(sheet, row, static_cast<lxw_col_t>(column), looks.question);
     writeNumber(sheet, row, GoalNo, goal.factor.number, looks.questionNo);
     writeText(sheet, row, Left, questionOf(goal), looks.question);
+    if (!goal.contents.isEmpty()) writeText(sheet, ++row, Left, joinedLines(goal.contents), looks.text);
     const lxw_row_t first = ++row;
     for (const auto& pair : goal.pairs()) {
         writeNumber(sheet, row, GoalNo, goal.factor.number, looks.number);
@@ -159,7 +161,7 @@ lxw_row_t writeGoal(lxw_worksheet* sheet, lxw_row_t row, const QuestionGoal& goa
         writeText(sheet, row, Left, pair.left.name, looks.name);
         worksheet_write_blank(sheet, row, Answer, looks.answer);
         writeText(sheet, row, Right, pair.right.name, looks.name);
-        worksheet_write_formula_str(sheet, row, Meaning, meaningFormula(row).toUtf8().constData(),
+        worksheet_write_formula_str(sheet, row, Meaning, meaningFormula(row, goal.aspect).toUtf8().constData(),
                                     looks.quiet, "");
         writeNumber(sheet, row, LeftNo, pair.left.number, looks.number);
         writeNumber(sheet, row, RightNo, pair.right.number, looks.number);
@@ -200,7 +202,7 @@ void writeForm(lxw_worksheet* sheet, const Questionnaire& questionnaire, const F
 
 bool writeForms(PrintService& print, const RoundSelection& chosen, const QString& type,
                 QByteArray (*form)(const Questionnaire&, const Factor& evaluator), const Progress& progress) {
-    const auto questionnaire = questionnaireOf(chosen);
+    const auto questionnaire = askedQuestionnaire(chosen, print.FileDir);
     int done = 0;
     for (const auto& [number, entry] : chosen.evaluators) {
         progress(done++, static_cast<int>(chosen.evaluators.size()), entry);
@@ -236,6 +238,8 @@ QList<QStringList> answerRows(const Questionnaire& questionnaire, const Factor& 
     for (const auto& goal : questionnaire.goals) {
         const auto number = QString::number(goal.factor.number);
         rows.append({number, {}, questionOf(goal), {}, {}, {}, {}, {}});
+        if (!goal.contents.isEmpty())
+            rows.append({number, {}, joinedLines(goal.contents), {}, {}, {}, {}, {}});
         for (const auto& pair : goal.pairs())
             rows.append({number,
                          QString::number(pair.number),

@@ -3,6 +3,7 @@
 #include <QSet>
 #include <array>
 
+#include "comparison/GoalAspects.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
@@ -69,12 +70,22 @@ Questionnaire questionnaireOf(const ProblemRound& round) {
     return {problem, round.round, goals, contentsOf(round.connection, round.problemNo)};
 }
 
+Questionnaire askedQuestionnaire(const ProblemRound& round, const QString& folder) {
+    auto questionnaire = questionnaireOf(round);
+    const auto aspects = readGoalAspects(round.connection, round.problemNo, folder);
+    for (auto& goal : questionnaire.goals) {
+        goal.aspect = aspects.value(goal.factor.number);
+        goal.contents = questionnaire.contents.value(goal.factor.number);
+    }
+    return questionnaire;
+}
+
 QString titleOf(const Questionnaire& questionnaire) {
     return u"調査票　%1（%2回）"_s.arg(questionnaire.problem.name, QString::number(questionnaire.round));
 }
 
 QString questionOf(const QuestionGoal& goal) {
-    return u"「%1」にとって、左と右のどちらがどれだけ重要ですか。"_s.arg(goal.factor.name);
+    return comparisonQuestion(goal.factor.name, goal.aspect);
 }
 
 QString degreeInWords(int degree) {

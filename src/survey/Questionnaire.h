@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "hierarchy/Structure.h"
+#include "judgement/ComparisonScale.h"
 #include "rounds/EvaluatorRound.h"
 
 struct QuestionPair {
@@ -17,6 +18,8 @@ struct QuestionPair {
 struct QuestionGoal {
     Factor factor;
     QList<Factor> children; // in display order
+    Aspect aspect = Aspect::Importance;
+    QString contents{}; // 要因内容: stands below the question
 
     int items() const { return static_cast<int>(children.size()); }
     QList<QuestionPair> pairs() const;
@@ -34,11 +37,14 @@ struct Questionnaire {
 
 // The problem as its structure stands now. Raises error 5 when there is nothing to compare in it.
 Questionnaire questionnaireOf(const ProblemRound& round);
+// The same to be asked, with the aspect of each goal; the folder has the choices of aspects. Raises what
+// `readGoalAspects` does, too.
+Questionnaire askedQuestionnaire(const ProblemRound& round, const QString& folder);
 
 // "調査票　課題（2回）".
 QString titleOf(const Questionnaire& questionnaire);
 
-// "「…」にとって、左と右のどちらがどれだけ重要ですか。"
+// "「…」にとって、左と右のどちらがどれだけ重要ですか。", or what fits the goal's aspect.
 QString questionOf(const QuestionGoal& goal);
 
 // The degrees of the comparison scale in words: 1 "同じくらい", 3 "やや", … 9 "極めて"; those between two

@@ -126,7 +126,7 @@ void printFor(PrintService& print, const Questionnaire& questionnaire, const Fac
 
 bool PrintQuestionnaires(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
                          const Progress& progress) {
-    auto questionnaire = questionnaireOf(chosen);
+    auto questionnaire = askedQuestionnaire(chosen, print.FileDir);
     // In the order of the grid, into which somebody will type the answers.
     std::ranges::sort(questionnaire.goals, {}, [](const auto& goal) { return goal.factor.number; });
     int done = 0;

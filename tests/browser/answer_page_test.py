@@ -37,6 +37,8 @@ class AnswerPage(unittest.TestCase):
             os.mkdir(f"{cls.directory}/{name}")
         output(f"{programs}/hollin-database", "create", f"{cls.directory}/DB/Hollin.mdb", "--sample")
         output(probe, "rename", cls.directory)
+        with open(f"{cls.directory}/file/questions.txt", "w", encoding="utf-8") as file:
+            file.write("1 1 優れている\n")
         cls.batch("--answer-pages", "--evaluator", "2", "--evaluator", "3")
         cls.pages = sorted(glob.glob(f"{cls.directory}/file/*.html"), key=lambda path: "高橋" in path)
         cls.browser = Browser(cls.directory)
@@ -102,10 +104,13 @@ class AnswerPage(unittest.TestCase):
         expected[keys[0]], expected[keys[5]] = 7, 5
         self.assertEqual(dict(self.pairs()), expected)
         self.assertIn("CI", browser.text("#verdict"))
+        self.assertIn("優れていますか", browser.text("#question"))
+        self.assertIn("のほうがかなり優れている（右が 5）", browser.text(f"[id='{keys[1]}'] .sentence"))
 
         browser.reload()
         self.assertEqual(self.count()[0], 6)
         keys = [key for key, _ in self.pairs()]
+        self.assertIn("重要ですか", browser.text("#question"))
         self.assertNotIn(keys[0], expected)  # on to the first goal that is open
         for position, key in enumerate(keys):
             browser.click(self.choice(key, position + 3))

@@ -6,7 +6,11 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "comparison/GoalAspects.h"
 #include "database/Recordset.h"
+#include "files/NewFile.h"
+#include "files/TextFile.h"
+#include "support/Helpers.h"
 #include "support/ScreenTest.h"
 #include "text/Dates.h"
 #include "widgets/ElidedLabel.h"
@@ -270,6 +274,41 @@ TEST_F(ComparisonTest, ASentenceSaysWhatTheMarkedValueMeans) {
     EXPECT_EQ(sentence->shownText().count(u"長"_s) > 20, true) << sentence->shownText().toStdString();
     EXPECT_TRUE(sentence->shownText().endsWith(u"… は ② 感震ブレーカーの配布 に比べて …"_s));
     EXPECT_LE(sentence->fontMetrics().horizontalAdvance(sentence->shownText()), sentence->width());
+}
+
+// 15 and 16 stand under 11 and 13 alike; under 12 stands 15 beside 14, which has no other parent.
+TEST_F(ComparisonTest, AlternativesAreComparedByQualityUnlessUsersChooseOtherwise) {
+    run(u"delete from 要因構成 where 親要因番号=11"_s);
+    structure(u"11:15,16 12:14,15"_s);
+    const auto byQuality = [&](const QString& file) {
+        const QString folder = directory() + u"\\file"_s;
+        if (!file.isNull()) writeWholeFile(nativePath(folder) + u"/questions.txt"_s, file.toUtf8());
+        QStringList goals;
+        for (const auto& [goal, aspect] : readGoalAspects(*DbConn, 1, folder).asKeyValueRange())
+            if (aspect == Aspect::Quality) goals << QString::number(goal);
+        goals.sort();
+        return goals.join(u' ');
+    };
+    EXPECT_EQ(byQuality({}), u"11 13"_s);
+    EXPECT_EQ(byQuality(u"# 1 12 優れている\r\n\r\n2 99 重要\r\n"_s), u"11 13"_s);
+    EXPECT_EQ(byQuality(u"１　１２，優れている\n 1 11 重要"_s), u"12 13"_s);
+    for (const auto& [file, why] :
+         {std::pair{u"# 1\n1 12"_s, u"「課題番号 目的番号 問い方」の形で書いてください。\n%1 2 行: 1 12"_s},
+          {u"1 12 よい"_s, u"問い方は「重要」か「優れている」です。\n%1 1 行: 1 12 よい"_s},
+          {u"1 14 重要"_s, u"要因 14 は課題 1 の目的要因ではありません。\n%1 1 行: 1 14 重要"_s},
+          {u"1 12 重要\n1 12 重要"_s, u"目的 12 は上の行にもあります。\n%1 2 行: 1 12 重要"_s}})
+        EXPECT_EQ(raisedBy([&, text = file] { byQuality(text); }).description,
+                  why.arg(directory() + u"/file/questions.txt"_s));
+    // The grid tells of the fault and can be filled all the same.
+    start();
+    EXPECT_EQ(text(grid, u"Label4"_s), u"① 交通 は ② 費用 に比べて …"_s);
+    byQuality(u"1 1 優れている"_s);
+    Forms.unload(grid);
+    start();
+    keys(u"3"_s);
+    EXPECT_EQ(text(grid, u"Status"_s), u"① 交通 は ② 費用 に比べて 3 → ① 交通 のほうがやや優れている"_s);
+    const auto* legend = control<QLabel>(grid, u"Label8"_s);
+    EXPECT_LE(legend->fontMetrics().horizontalAdvance(legend->text()), legend->width());
 }
 
 TEST_F(ComparisonTest, AfterSavingTheNextOpenGoalIsOneKeyAway) {

@@ -396,6 +396,11 @@ TEST_F(SurveyTest, PaperNamesEveryPairAndKeepsBlocksWhole) {
     for (int page = 2; page < 4; ++page)
         EXPECT_THAT(texts(pages[page]),
                     testing::Contains(u"21 候補106 "_s + digits.join(u' ') + u" 候補107"_s));
+    // What stands under both is what is chosen from.
+    EXPECT_THAT(
+        texts(pages[2]),
+        testing::Contains(
+            u"0021 「建設費」について、左と右のどちらがどれだけ優れていますか（望ましいですか）。"_s));
     // A word stands over its digit.
     double middle = 0;
     for (const auto& word : pages[1].words)

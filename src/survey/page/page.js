@@ -34,7 +34,7 @@
   }
   const filled = (text, ...values) => text.replace(/%(\d)/g, (mark, number) => values[number - 1]);
   const degree = (position) => String(Math.abs(position - equal) + 1);
-  const meaning = (goal, pair, position) => filled(data.meanings[goal.kind][position], pair.left.name, pair.right.name);
+  const meaning = (goal, pair, position) => filled(data.meanings[goal.aspect][position], pair.left.name, pair.right.name);
   const open = (pairs) => pairs.filter((pair) => !answers.has(pair.key));
   const tell = (text) => (byId("told").textContent = text);
 
@@ -286,8 +286,8 @@
   function oddPair(goal, odd) {
     const pair = goal.pairs[odd.pair];
     const text =
-      `ほかの回答ともっとも合わない組は、組 ${pair.number} です。回答は「${meaning(goal, pair, odd.given)}」、` +
-      `ほかの回答から考えられるのは「${meaning(goal, pair, odd.suggested)}」です。` +
+      `ほかの回答ともっとも合わない組は、組 ${pair.number} です。回答では ${meaning(goal, pair, odd.given)} ですが、` +
+      `ほかの回答からは ${meaning(goal, pair, odd.suggested)} と考えられます。` +
       "お考えのとおりであれば、そのままでかまいません。";
     return [element("p", { textContent: text }), element("div", { className: "buttons" }, namedPair(goal, odd.pair))];
   }
