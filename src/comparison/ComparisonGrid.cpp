@@ -102,8 +102,9 @@ class ScaleEntries : public QStyledItemDelegate {
     ui_->CmbCell->setParent(grid->viewport());
     ui_->CmbCell->setItemDelegate(new ScaleEntries(ui_->CmbCell, [this](int position) {
         const auto [row, column] = keyboard_.current();
-        return entry().isPair({row, column}) ? comparisonMeaning(itemMark(row), itemMark(column), position, aspect())
-                                             : QString();
+        return entry().isPair({row, column})
+                   ? comparisonMeaning(itemMark(row), itemMark(column), position, aspect())
+                   : QString();
     }));
     ui_->CmbCell->view()->installEventFilter(this);
     ui_->CmbCell->view()->window()->installEventFilter(this);

@@ -19,9 +19,8 @@ GoalAspects byRule(const ChildrenByParent& structure) {
         for (const auto child : children) ++parents[child];
     GoalAspects aspects;
     for (const auto& [goal, children] : structure.asKeyValueRange())
-        if (std::ranges::all_of(children, [&](qint32 child) {
-                return !structure.contains(child) && parents[child] > 1;
-            }))
+        if (std::ranges::all_of(
+                children, [&](qint32 child) { return !structure.contains(child) && parents[child] > 1; }))
             aspects[goal] = Aspect::Quality;
     return aspects;
 }
@@ -29,7 +28,8 @@ GoalAspects byRule(const ChildrenByParent& structure) {
 // "課題番号 目的番号 問い方", for all problems; blanks or commas in between.
 class Choices {
   public:
-    Choices(qint32 problemNo, const ChildrenByParent& structure) : problemNo_(problemNo), structure_(structure) {}
+    Choices(qint32 problemNo, const ChildrenByParent& structure)
+        : problemNo_(problemNo), structure_(structure) {}
 
     void read(const QString& path, GoalAspects& aspects) {
         int lineNo = 0;
@@ -58,7 +58,8 @@ class Choices {
     Aspect aspectOf(const QString& word) const {
         for (const auto aspect : {Aspect::Importance, Aspect::Quality})
             if (word == aspectWord(aspect)) return aspect;
-        fault(u"問い方は「%1」か「%2」です。"_s.arg(aspectWord(Aspect::Importance), aspectWord(Aspect::Quality)));
+        fault(u"問い方は「%1」か「%2」です。"_s.arg(aspectWord(Aspect::Importance),
+                                                    aspectWord(Aspect::Quality)));
     }
 
     [[noreturn]] void fault(const QString& why) const {

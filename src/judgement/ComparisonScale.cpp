@@ -14,8 +14,9 @@ constexpr double equalDistance =
     1e-6; // what single precision makes of equal ones: √6 is as near to 2 as to 3
 
 // For the whole numbers 1 to 9; an even one is a compromise between its neighbours.
-constexpr std::array words{u"同じくらい",   u"同じ〜やや", u"やや",           u"やや〜かなり", u"かなり",
-                           u"かなり〜非常に", u"非常に",     u"非常に〜きわめて", u"きわめて"};
+constexpr std::array words{u"同じくらい",   u"同じ〜やや",       u"やや",
+                           u"やや〜かなり", u"かなり",           u"かなり〜非常に",
+                           u"非常に",       u"非常に〜きわめて", u"きわめて"};
 
 // The whole number of the position: n on the side above 1, the n of 1/n below.
 int wholeNumber(int position) {
@@ -56,7 +57,8 @@ QString comparisonQuestion(const QString& goal, Aspect aspect) {
 }
 
 QString scaleWords(int position, Aspect aspect) {
-    return QString::fromUtf16(words[static_cast<std::size_t>(wholeNumber(position) - 1)]) + aspectWord(aspect);
+    return QString::fromUtf16(words[static_cast<std::size_t>(wholeNumber(position) - 1)]) +
+           aspectWord(aspect);
 }
 
 QString comparisonMeaning(const QString& source, const QString& target, int position, Aspect aspect) {

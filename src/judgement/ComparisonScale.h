@@ -13,11 +13,13 @@ float scaleValue(int position);
 constexpr int mirrorPosition(int position) {
     return scalePositions - 1 - position;
 }
-// The position whose value is nearest by ratio, the first of equally near ones; the ends of the scale beyond them.
+// The position whose value is nearest by ratio, the first of equally near ones; the ends of the scale beyond
+// them.
 int nearestPosition(double value);
 
-// By what the items of a goal are compared: factors by their importance to it, what the decision is about by how
-// good it is in its view. In "建設費" the cheap alternative is the better one, not the more important one.
+// By what the items of a goal are compared: factors by their importance to it, what the decision is about by
+// how good it is in its view. In "建設費" the cheap alternative is the better one, not the more important
+// one.
 enum class Aspect { Importance, Quality };
 
 // "重要", "優れている".

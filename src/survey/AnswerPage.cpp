@@ -56,8 +56,9 @@ QString wordUnder(int position) {
 
 // The name of the preferred one comes for "%1" or "%2".
 QJsonArray meaningsOf(Aspect aspect) {
-    return scaleArray(
-        [aspect](int position) { return comparisonMeaning(u"「%1」"_s, u"「%2」"_s, position, aspect).remove(u' '); });
+    return scaleArray([aspect](int position) {
+        return comparisonMeaning(u"「%1」"_s, u"「%2」"_s, position, aspect).remove(u' ');
+    });
 }
 
 QJsonObject verdicts() {

@@ -23,8 +23,8 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
         titleOf(questionnaire),
         evaluator.name + u"様"_s,
         {},
-        u"下の「%1」のシートで、目的ごとに、左と右の要因のどちらがどれだけまさるか（重要か、目的によっては優れているか）をお答えください。"_s.arg(
-            sheetName),
+        u"下の「%1」のシートで、目的ごとに、左と右の要因のどちらがどれだけまさるか（重要か、目的によっては優れているか）をお答えください。"_s
+            .arg(sheetName),
         u"黄色い欄を選ぶと右に▼が出ますので、押して（または Alt+↓ キーで）17 の選択肢から一つを選んでください。"_s,
         u"選ぶと、その意味が右に文で出ますので、お考えのとおりか確かめてください。"_s,
         u"選び直すことも、Delete キーで消すこともできます。途中で保存し、後で続けてもかまいません。"_s,
@@ -34,7 +34,8 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
         {},
         u"選択肢の意味"_s};
     for (int degree = scalePositions / 2 + 1; degree > 1; --degree)
-        lines << u"　左が %1 … 左のほうが%2重要（優れている）"_s.arg(QString::number(degree), degreeInWords(degree));
+        lines << u"　左が %1 … 左のほうが%2重要（優れている）"_s.arg(QString::number(degree),
+                                                                     degreeInWords(degree));
     lines << u"　同じ … 左と右は同じくらい重要（優れている）"_s;
     lines << u"　右が 2 ～ 右が 9 … 同じ言葉で、右のほうが重要（優れている）"_s;
     return lines;
@@ -124,7 +125,8 @@ QString meaningFormula(lxw_row_t row, Aspect aspect) {
     const auto cell = [row](Column column) { return QChar(u'A' + column) + QString::number(row + 1); };
     const auto answer = cell(Answer);
     return uR"(=IF(%1="","",IF(%1="%4","「"&%2&"」と「"&%3&"」は同じくらい%6",IFERROR("「"&IF(LEFT(%1,1)="左",%2,%3)&"」のほうが"&%5&"%6","選択肢から選んでください")))"_s
-               .arg(answer, cell(Left), cell(Right), choice(scalePositions / 2), degreeFormula(answer), aspectWord(aspect)) +
+               .arg(answer, cell(Left), cell(Right), choice(scalePositions / 2), degreeFormula(answer),
+                    aspectWord(aspect)) +
            u')';
 }
 
@@ -161,8 +163,8 @@ lxw_row_t writeGoal(lxw_worksheet* sheet, lxw_row_t row, const QuestionGoal& goa
         writeText(sheet, row, Left, pair.left.name, looks.name);
         worksheet_write_blank(sheet, row, Answer, looks.answer);
         writeText(sheet, row, Right, pair.right.name, looks.name);
-        worksheet_write_formula_str(sheet, row, Meaning, meaningFormula(row, goal.aspect).toUtf8().constData(),
-                                    looks.quiet, "");
+        worksheet_write_formula_str(sheet, row, Meaning,
+                                    meaningFormula(row, goal.aspect).toUtf8().constData(), looks.quiet, "");
         writeNumber(sheet, row, LeftNo, pair.left.number, looks.number);
         writeNumber(sheet, row, RightNo, pair.right.number, looks.number);
         ++row;
