@@ -7,20 +7,20 @@
 #include "core/Screens.h"
 #include "evaluation/IndividualResult.h"
 #include "files/ApplicationDirectory.h"
-#include "printing/PrintService.h"
-#include "rounds/ReportSelection.h"
+#include "printing/Output.h"
+#include "rounds/RoundEntries.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 // The document of the first evaluator.
-void report(benchmark::State& state, decltype(ReportWork::run) work) {
+void report(benchmark::State& state, decltype(Work::run) work) {
     const WorkloadDirectory directory(static_cast<int>(state.range(0)));
     directory.calculate();
-    PrintService service(Common::Printer);
-    service.load(Common::AppDir);
-    service.ToggleOutputTarget(); // documents are PDF
+    Output output(Printer::ofProgram());
+    output.load(Common::AppDir);
+    output.ToggleOutputTarget(); // documents are PDF
     const QString problem = problemEntries(*Common::DbConn).first();
     const auto entries = evaluatorEntries(*Common::DbConn, entryNumber(problem));
     const RoundSelection chosen{directory.round(), problem, QString::number(Workload::round),
@@ -28,7 +28,7 @@ void report(benchmark::State& state, decltype(ReportWork::run) work) {
     bool printed = true;
     for (const auto& step : state) {
         static_cast<void>(step);
-        printed = printed && work(service, chosen, {}, [](int, int, const QString&) {});
+        printed = printed && work(output, chosen, {}, [](int, int, const QString&) {});
     }
     if (!printed) state.SkipWithError("nothing was printed");
 }

@@ -12,6 +12,7 @@
 #include "help/HelpWindow.h"
 #include "help/Manual.h"
 #include "printing/MadeFiles.h"
+#include "printing/Printer.h"
 #include "startup/FirstStart.h"
 #include "text/Fonts.h"
 #include "text/StandardTexts.h"
@@ -50,7 +51,7 @@ int main(int argc, char* argv[]) {
 
     Common::Presenter = desktopPresenter();
     Common::HelpPresenter = presentHelp;
-    Common::Printer.onDocument(MadeFiles::add);
+    Printer::ofProgram().onDocument(MadeFiles::add);
     fillScreenTable(Common::Forms);
     int code = 1;
     try {

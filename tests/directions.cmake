@@ -7,9 +7,10 @@ set(allowed
 set(forbidden
     "text files/TextFile.h" "files database/Connection.h" "database core/Common.h" "printing database/Connection.h"
     "printing core/Common.h" "widgets core/Screen.h" "widgets database/Connection.h" "text QWidget" "widgets QWidget"
-    "judgement core/Common.h" "judgement database/Connection.h" "core rounds/RoundSelection.h" "core QWidget"
-    "registration rounds/RoundSelection.h" "registration hierarchy/TreePlace.h" "comparison screens/ReportWork.h"
-    "hierarchy rounds/RoundSelection.h" "rounds screens/ReportWork.h" "screens evaluation/Evaluation.h"
+    "judgement core/Common.h" "judgement database/Connection.h" "core rounds/RoundSelection.h" "core printing/Printer.h"
+    "core judgement/Limits.h" "hierarchy printing/Report.h" "printing judgement/Limits.h" "core QWidget"
+    "registration rounds/RoundSelection.h" "registration hierarchy/TreePlace.h" "comparison screens/Work.h"
+    "hierarchy rounds/RoundSelection.h" "rounds screens/Work.h" "screens evaluation/Evaluation.h"
     "comparison evaluation/Evaluation.h" "evaluation analysis/Statistics.h" "evaluation comparison/ComparisonGrid.h"
     "evaluation QWidget" "analysis QWidget" "survey QWidget" "analysis startup/SampleProblem.h")
 

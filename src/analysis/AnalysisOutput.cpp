@@ -7,11 +7,12 @@
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
-#include "hierarchy/FamilyRows.h"
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 #include "rounds/RoundSelection.h"
 #include "rounds/RoundState.h"
+#include "screens/FamilyRows.h"
 #include "text/Numbers.h"
+#include "text/TextColumns.h"
 
 using namespace Qt::StringLiterals;
 
@@ -101,13 +102,13 @@ QStringList figures(const QString& name, const FactorValues& factor) {
     return cells;
 }
 
-void printTotals(ReportPage& page, FactorNames& names, const std::vector<FactorValues>& totals) {
+void printTotals(Report& report, FactorNames& names, const std::vector<FactorValues>& totals) {
     QList<ReportRow> rows;
     for (const auto& factor : totals) {
         const QString name = names[factor.place.factorNo];
         rows.append({QStringList{name} + figures(name, factor)});
     }
-    page.newTable(u"総合評価値（最終レベル）"_s, allColumns(), rows);
+    report.newTable(u"総合評価値（最終レベル）"_s, allColumns(), rows);
 }
 
 // With the names, by number, where they all have room.
@@ -118,33 +119,33 @@ QString evaluatorLine(Connection& connection, const std::set<qint32>& evaluators
     names.removeAll(QString());
     if (names.isEmpty()) return count;
     const QString line = count + u"："_s + names.join(u"、"_s);
-    return PrintService::TextColumns(line) <= mostNameColumns ? line : count;
+    return TextColumns(line) <= mostNameColumns ? line : count;
 }
 
-void printAnalysis(PrintService& print, const ProblemRound& of, const Analysis& analysis) {
+void printAnalysis(Output& output, const ProblemRound& of, const Analysis& analysis) {
     FactorNames names(of.connection);
     const QString problem = names[of.problemNo];
     const QList<HeadingLine> lines{u"変動度:"_s + analysis.grade, problemLine(problem, of.round),
                                    evaluatorLine(of.connection, analysis.evaluators)};
-    ReportPage page(print, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}, of.round});
-    page.foot(readRoundState(of).footLine(page.footColumns()));
-    printFamilies(page, names, analysis.tree, [&names](const FactorValues& factor) {
+    Report report(output, {u"分析出力"_s, lines, allColumns()}, {u"分析出力"_s, problem, {}, of.round});
+    report.foot(readRoundState(of).footLine(report.footColumns()));
+    printFamilies(report, names, analysis.tree, [&names](const FactorValues& factor) {
         return figures(names[factor.place.factorNo], factor);
     });
-    printTotals(page, names, analysis.totals);
-    page.finish();
+    printTotals(report, names, analysis.totals);
+    report.finish();
 }
 
 } // namespace
 
-bool PrintAnalysis(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+bool PrintAnalysis(Output& output, const RoundSelection& chosen, const WorkOptions& /*options*/,
                    const Progress& progress) {
     if (!anyoneHasTotals(chosen)) {
         Common::refuse(u"選択された課題、評価回数の評価結果が存在しません。"_s);
         return false;
     }
     progress(0, 1, chosen.problemEntry);
-    printAnalysis(print, chosen, analyse(chosen));
+    printAnalysis(output, chosen, analyse(chosen));
     progress(1, 1, chosen.problemEntry);
     Common::inform(u" 評価一覧終了"_s);
     return true;

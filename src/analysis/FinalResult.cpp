@@ -5,7 +5,7 @@
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
 #include "files/TextFile.h"
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 #include "rounds/RoundSelection.h"
 #include "text/Numbers.h"
 #include "text/TextConversion.h"
@@ -47,13 +47,13 @@ QString filePath(const QString& folder, const QString& problem) {
 
 } // namespace
 
-bool SetCoefficients(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+bool SetCoefficients(Output& output, const RoundSelection& chosen, const WorkOptions& /*options*/,
                      const Progress& progress) {
     progress(0, 1, chosen.problemEntry);
-    if (!ComputeCoefficients(chosen, print.FileDir)) return false;
+    if (!ComputeCoefficients(chosen, output.FileDir)) return false;
     progress(1, 1, chosen.problemEntry);
-    if (print.FileExported)
-        print.FileExported(filePath(print.FileDir, factorName(chosen.connection, chosen.problemNo)));
+    if (output.FileExported)
+        output.FileExported(filePath(output.FileDir, factorName(chosen.connection, chosen.problemNo)));
     inform(u" 係数設定終了"_s);
     return true;
 }

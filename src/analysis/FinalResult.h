@@ -4,14 +4,14 @@
 #include <QString>
 #include <vector>
 
-#include "screens/ReportWork.h"
+#include "screens/Work.h"
 
 class Connection;
 struct ProblemRound;
 
 // Computes, stores and writes the coefficients of the chosen problem and round. False when there was nothing
 // to do it with; the user has been told why.
-bool SetCoefficients(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
+bool SetCoefficients(Output& output, const RoundSelection& chosen, const WorkOptions& options,
                      const Progress& progress);
 
 // Replaces the rows of the problem in 総合係数 by the geometric mean of the evaluators' overall weights of

@@ -7,7 +7,7 @@
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 #include "rounds/EvaluatorRound.h"
 #include "rounds/RoundSelection.h"
 #include "rounds/RoundState.h"
@@ -65,7 +65,7 @@ std::vector<GroupRow> groupRows(FactorNames& names, std::vector<FactorValues> fa
     return rows;
 }
 
-void printFactors(ReportPage& page, const std::vector<GroupRow>& rows, qint32 evaluatorNo) {
+void printFactors(Report& report, const std::vector<GroupRow>& rows, qint32 evaluatorNo) {
     for (std::size_t begin = 0; begin < rows.size();) {
         const auto end = familyEnd(rows, begin);
         RowGroup family;
@@ -75,26 +75,26 @@ void printFactors(ReportPage& page, const std::vector<GroupRow>& rows, qint32 ev
             family.rows.append(
                 {QStringList{row.parent, row.name} + ownCells(row, evaluatorNo) + row.figures});
         }
-        page.group(family);
+        report.group(family);
     }
 }
 
 // The document of one evaluator. `rows` are made for the first document and kept for the others.
-void PrintGroupReport(PrintService& print, const EvaluatorRound& of, const QString& problem,
+void PrintGroupReport(Output& output, const EvaluatorRound& of, const QString& problem,
                       const RoundState& state, const std::function<const std::vector<GroupRow>&()>& rows) {
     const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
-    print.fillSlots(evaluator, problem, of.round);
-    ReportPage page(print, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, of.round)}, columns},
-                    {u"報告作成"_s, problem, evaluator, of.round});
-    page.foot(state.footLine(page.footColumns()));
-    page.coveringLetter(print.FileDir + u"\\message.txt"_s);
-    printFactors(page, rows(), of.evaluatorNo);
-    page.finish();
+    output.fillSlots(evaluator, problem, of.round);
+    Report report(output, {u"報告作成"_s, {{evaluator, u"様"_s}, problemLine(problem, of.round)}, columns},
+                  {u"報告作成"_s, problem, evaluator, of.round});
+    report.foot(state.footLine(report.footColumns()));
+    report.coveringLetter(output.FileDir + u"\\message.txt"_s);
+    printFactors(report, rows(), of.evaluatorNo);
+    report.finish();
 }
 
 } // namespace
 
-bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+bool MakeGroupReport(Output& output, const RoundSelection& chosen, const WorkOptions& /*options*/,
                      const Progress& progress) {
     const auto evaluated = [&chosen](qint32 evaluatorNo) { return hasResults(chosen, evaluatorNo); };
     if (!allHave(chosen, evaluated, u"評価回数"_s, u"評価結果"_s)) return false;
@@ -114,7 +114,7 @@ bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const Re
     const auto state = readRoundState(chosen);
     for (const auto& evaluator : chosen.evaluators) {
         progress(done++, count, evaluator.entry);
-        PrintGroupReport(print, evaluatorRound(chosen, evaluator.number), names[chosen.problemNo], state,
+        PrintGroupReport(output, evaluatorRound(chosen, evaluator.number), names[chosen.problemNo], state,
                          rowsOnce);
     }
     progress(count, count, {});

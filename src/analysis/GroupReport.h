@@ -2,7 +2,7 @@
 #pragma once
 
 #include "hierarchy/TreePlace.h"
-#include "screens/ReportWork.h"
+#include "screens/Work.h"
 
 struct ProblemRound;
 
@@ -10,7 +10,7 @@ struct ProblemRound;
 // evaluator without overall weights ends it with a message. False when it was refused. Raises error 5 for a
 // weight of 0, 53 when message.txt is missing, and what the printer raises; documents that were sent before
 // stay so.
-bool MakeGroupReport(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
+bool MakeGroupReport(Output& output, const RoundSelection& chosen, const WorkOptions& options,
                      const Progress& progress);
 
 // Fills `tempfac` with a row for each value of each evaluator of the round: parent, child, key, score and the

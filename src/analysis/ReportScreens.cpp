@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "analysis/FinalResult.h"
-#include "analysis/ReportWorks.h"
+#include "analysis/RoundWorks.h"
 #include "rounds/RoundSelection.h"
 #include "widgets/ElidedLabel.h"
 
@@ -22,9 +22,9 @@ QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment) {
 
 } // namespace
 
-評価計算::評価計算() : ReportForm(reportWork(u"評価計算"_s)) {}
+評価計算::評価計算() : WorkScreen(roundWork(u"評価計算"_s)) {}
 
-個人結果::個人結果() : ReportForm(reportWork(u"個人結果"_s)) {
+個人結果::個人結果() : WorkScreen(roundWork(u"個人結果"_s)) {
     auto* Check1 = new QCheckBox(u"評価値を印刷する"_s);
     Check1->setObjectName(u"Check1"_s);
     Check1->setShortcut(u"Alt+V"_s);
@@ -35,14 +35,14 @@ QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment) {
     connect(Check1, &QCheckBox::toggled, this, [this](bool shown) { options.showValues = shown; });
 }
 
-報告作成::報告作成() : ReportForm(reportWork(u"報告作成"_s)) {}
+報告作成::報告作成() : WorkScreen(roundWork(u"報告作成"_s)) {}
 
-分析出力::分析出力() : ReportForm(reportWork(u"分析出力"_s)) {
+分析出力::分析出力() : WorkScreen(roundWork(u"分析出力"_s)) {
     offerFigures();
 }
 
 最終結果::最終結果()
-    : ReportForm(reportWork(u"最終結果"_s)), coefficients_(new QTableWidget(0, 4)), whose_(new QLabel) {
+    : WorkScreen(roundWork(u"最終結果"_s)), coefficients_(new QTableWidget(0, 4)), whose_(new QLabel) {
     coefficients_->setObjectName(u"coefficients"_s);
     coefficients_->setHorizontalHeaderLabels({u"順位"_s, u"要因"_s, u"係数"_s, u"割合 (%)"_s});
     coefficients_->verticalHeader()->hide();

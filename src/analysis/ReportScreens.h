@@ -1,37 +1,37 @@
 // The calculation and report screens: each is the shared form with its own work.
 #pragma once
 
-#include "screens/ReportForm.h"
+#include "screens/WorkScreen.h"
 
 class QLabel;
 class QTableWidget;
 
 // Calculation: weights and inconsistency report of the chosen evaluators.
-class 評価計算 : public ReportForm {
+class 評価計算 : public WorkScreen {
   public:
     評価計算();
 };
 
 // Individual results: tree, comparisons and overall weights of the chosen evaluators.
-class 個人結果 : public ReportForm {
+class 個人結果 : public WorkScreen {
   public:
     個人結果();
 };
 
 // Group report: the chosen evaluators' weights beside those of the group, with a covering letter.
-class 報告作成 : public ReportForm {
+class 報告作成 : public WorkScreen {
   public:
     報告作成();
 };
 
 // Analysis output: grade of the round and spread of the evaluators' weights.
-class 分析出力 : public ReportForm {
+class 分析出力 : public WorkScreen {
   public:
     分析出力();
 };
 
 // Final result: coefficients of the group for a problem, into a table and a CSV file.
-class 最終結果 : public ReportForm {
+class 最終結果 : public WorkScreen {
   public:
     最終結果();
 

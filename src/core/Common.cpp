@@ -33,7 +33,6 @@ qint32 StructProblemNo = 0;
 std::vector<NumberedName> StructList;
 MessagePresenter Presenter = consolePresenter();
 std::function<void(const QString&)> HelpPresenter = [](const QString&) {};
-ReportPrinter Printer;
 
 namespace {
 

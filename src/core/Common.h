@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "database/Connection.h"
-#include "printing/Printer.h"
 #include "text/BoundedArray.h"
 #include "text/MessageBox.h"
 #include "text/Value.h"
@@ -50,11 +49,9 @@ extern qint16 EvaluatorLoadFailed;
 extern qint32 StructProblemNo;
 extern std::vector<NumberedName> StructList;
 
-// What the program shows with: who presents message boxes and the manual, and the printer that stays selected
-// for the whole run.
+// What the program shows with: who presents message boxes and the manual.
 extern MessagePresenter Presenter;
 extern std::function<void(const QString& screen)> HelpPresenter; // opens the manual at a screen's section
-extern ReportPrinter Printer;
 
 // Opens a fresh connection to DB/Hollin.mdb beside the program in place of the previous one, which stays when
 // that fails. Raises a database error when the file is missing, no database, in use, or locked by another

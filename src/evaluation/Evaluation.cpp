@@ -13,9 +13,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Whatever keeps the report from being printed, the weights are there.
-void report(PrintService& print, const ProblemRound& of, const InconsistencyList& findings) {
+void report(Output& output, const ProblemRound& of, const InconsistencyList& findings) {
     try {
-        printInconsistencyReport(print, of, findings);
+        printInconsistencyReport(output, of, findings);
     } catch (const RuntimeError& error) {
         throw RuntimeError(ErrorCode{error.number()},
                            error.description() + u"\n\n評価値は保存されています。"_s);
@@ -24,7 +24,7 @@ void report(PrintService& print, const ProblemRound& of, const InconsistencyList
 
 } // namespace
 
-bool evaluate(PrintService& print, const RoundSelection& chosen, const ReportOptions& /*options*/,
+bool evaluate(Output& output, const RoundSelection& chosen, const WorkOptions& /*options*/,
               const Progress& progress) {
     const auto compared = [&chosen](qint32 evaluatorNo) {
         return hasComparisons(evaluatorRound(chosen, evaluatorNo));
@@ -44,7 +44,7 @@ bool evaluate(PrintService& print, const RoundSelection& chosen, const ReportOpt
     }
     progress(steps, steps, {});
     chosen.connection.endUnitOfWork(); // a report is handed out only of weights that are on the disk
-    report(print, chosen, findings);
+    report(output, chosen, findings);
     Common::inform(u" 評価値計算終了"_s);
     return true;
 }

@@ -2,7 +2,7 @@
 
 #include "core/FactorNames.h"
 #include "evaluation/LocalWeights.h"
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 #include "rounds/RoundSelection.h"
 
 using namespace Qt::StringLiterals;
@@ -26,8 +26,7 @@ QStringList cells(Connection& connection, const Inconsistency& finding) {
 
 } // namespace
 
-void printInconsistencyReport(PrintService& print, const ProblemRound& of,
-                              const InconsistencyList& findings) {
+void printInconsistencyReport(Output& output, const ProblemRound& of, const InconsistencyList& findings) {
     if (findings.count() == 0) return;
     const QString problem = factorName(of.connection, of.problemNo);
     const auto evaluatorAt = [&](int index) {
@@ -35,15 +34,15 @@ void printInconsistencyReport(PrintService& print, const ProblemRound& of,
     };
     const bool single = runEnd(findings, 0) == findings.count();
 
-    ReportPage page(print, {u"評価計算"_s, {}, columns},
-                    {u"評価計算"_s, problem, single ? evaluatorAt(0) : u"全評価者"_s, of.round});
+    Report report(output, {u"評価計算"_s, {}, columns},
+                  {u"評価計算"_s, problem, single ? evaluatorAt(0) : u"全評価者"_s, of.round});
     for (int begin = 0; begin < findings.count();) {
         const int end = runEnd(findings, begin);
         const QString evaluator = evaluatorAt(begin);
-        print.fillSlots(evaluator, problem, of.round);
-        page.newPart({{evaluator, u"様"_s}, problemLine(problem, of.round)});
-        page.message(print.FileDir + u"\\errmsg.txt"_s);
-        for (; begin < end; ++begin) page.row(cells(of.connection, findings[begin]));
+        output.fillSlots(evaluator, problem, of.round);
+        report.newPart({{evaluator, u"様"_s}, problemLine(problem, of.round)});
+        report.message(output.FileDir + u"\\errmsg.txt"_s);
+        for (; begin < end; ++begin) report.row(cells(of.connection, findings[begin]));
     }
-    page.finish();
+    report.finish();
 }

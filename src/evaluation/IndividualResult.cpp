@@ -6,12 +6,12 @@
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
 #include "evaluation/ComparisonTable.h"
-#include "hierarchy/FamilyRows.h"
 #include "hierarchy/TreePlace.h"
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 #include "rounds/EvaluatorRound.h"
 #include "rounds/RoundSelection.h"
 #include "rounds/RoundState.h"
+#include "screens/FamilyRows.h"
 #include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
@@ -95,13 +95,13 @@ std::vector<ComparisonTable> readComparisons(const EvaluatorRound& of, const std
     return comparisons;
 }
 
-void printTree(ReportPage& page, FactorNames& names, const std::vector<TreeRow>& tree) {
-    printFamilies(page, names, tree, [](const TreeRow& row) {
+void printTree(Report& report, FactorNames& names, const std::vector<TreeRow>& tree) {
+    printFamilies(report, names, tree, [](const TreeRow& row) {
         return QStringList{formatNumber(row.value, u"0.####"_s), formatNumber(row.cumulative, u"0.####"_s)};
     });
 }
 
-void printComparisons(ReportPage& page, FactorNames& names, const ComparisonTable& table) {
+void printComparisons(Report& report, FactorNames& names, const ComparisonTable& table) {
     const auto count = static_cast<int>(table.items.size());
     QStringList items;
     QList<QStringList> cells;
@@ -110,32 +110,31 @@ void printComparisons(ReportPage& page, FactorNames& names, const ComparisonTabl
         cells << QStringList();
         for (int column = 0; column < count; ++column) cells.last() << table.cells[row][column];
     }
-    page.matrix(u"一対比較：%1"_s.arg(names[table.goalNo]), items, cells);
+    report.matrix(u"一対比較：%1"_s.arg(names[table.goalNo]), items, cells);
 }
 
-void printTotals(ReportPage& page, FactorNames& names, const std::vector<TotalRow>& totals) {
+void printTotals(Report& report, FactorNames& names, const std::vector<TotalRow>& totals) {
     QList<ReportRow> rows;
     for (const auto& total : totals)
         rows.append({{names[total.factorNo], formatNumber(total.value, u"#0.####"_s)}});
-    page.newTable(u"総合評価値（最終レベル）"_s, totalColumns, rows);
+    report.newTable(u"総合評価値（最終レベル）"_s, totalColumns, rows);
 }
 
-void printOne(PrintService& print, FactorNames& names, const EvaluatorRound& of,
-              const IndividualResult& result) {
+void printOne(Output& output, FactorNames& names, const EvaluatorRound& of, const IndividualResult& result) {
     const QString evaluator = evaluatorName(of.connection, of.evaluatorNo);
     const QString problem = names[of.problemNo];
-    ReportPage page(
-        print, {u"個人結果"_s, {{evaluator, u"様"_s}, {problem, u"（%1）"_s.arg(of.round)}}, treeColumns},
-        {u"個人結果"_s, problem, evaluator, of.round});
-    printTree(page, names, result.tree);
-    for (const auto& table : result.comparisons) printComparisons(page, names, table);
-    printTotals(page, names, result.totals);
-    page.finish();
+    Report report(output,
+                  {u"個人結果"_s, {{evaluator, u"様"_s}, {problem, u"（%1）"_s.arg(of.round)}}, treeColumns},
+                  {u"個人結果"_s, problem, evaluator, of.round});
+    printTree(report, names, result.tree);
+    for (const auto& table : result.comparisons) printComparisons(report, names, table);
+    printTotals(report, names, result.totals);
+    report.finish();
 }
 
 } // namespace
 
-bool PrintIndividualResult(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
+bool PrintIndividualResult(Output& output, const RoundSelection& chosen, const WorkOptions& options,
                            const Progress& progress) {
     const auto evaluated = [&chosen](qint32 evaluatorNo) { return hasResults(chosen, evaluatorNo); };
     if (!allHave(chosen, evaluated, u"評価回数"_s, u"評価結果"_s)) return false;
@@ -147,7 +146,7 @@ bool PrintIndividualResult(PrintService& print, const RoundSelection& chosen, co
     for (const auto& evaluator : chosen.evaluators) {
         progress(done++, count, evaluator.entry);
         const auto of = evaluatorRound(chosen, evaluator.number);
-        printOne(print, names, of,
+        printOne(output, names, of,
                  {.tree = options.showValues ? readEvaluatedTree(of, levels) : bareTree,
                   .comparisons = readComparisons(of, bareTree),
                   .totals = readTotals(of)});

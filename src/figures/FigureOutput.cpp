@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QSvgGenerator>
 
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 
 using namespace Qt::StringLiterals;
 
@@ -51,9 +51,9 @@ QByteArray png(const FigureSheet& sheet) {
 
 } // namespace
 
-void printFigures(PrintService& print, const std::vector<FigureSheet>& sheets, const QString& problem) {
-    auto& printer = print.printer();
-    print.ChooseReportPrinter();
+void printFigures(Output& output, const std::vector<FigureSheet>& sheets, const QString& problem) {
+    auto& printer = output.printer();
+    output.ChooseReportPrinter();
     printer.beginDocument({u"図"_s, problem, {}});
     printer.setOrientation(Orientation::Landscape);
     for (const auto& sheet : sheets) {
@@ -61,13 +61,13 @@ void printFigures(PrintService& print, const std::vector<FigureSheet>& sheets, c
                      [&sheet](QPainter& painter, const QRectF& frame) { sheet.draw(painter, frame); });
         printer.EndPage();
     }
-    print.EndDocument();
+    output.EndDocument();
 }
 
-void saveFigures(PrintService& print, const std::vector<FigureSheet>& sheets, const QString& problem,
+void saveFigures(Output& output, const std::vector<FigureSheet>& sheets, const QString& problem,
                  PictureType type) {
     const bool isSvg = type == PictureType::Svg;
     for (const auto& sheet : sheets)
-        print.writeFile({u"図_"_s + sheet.figure, problem, {}}, isSvg ? u"svg"_s : u"png"_s,
-                        isSvg ? svg(sheet) : png(sheet));
+        output.writeFile({u"図_"_s + sheet.figure, problem, {}}, isSvg ? u"svg"_s : u"png"_s,
+                         isSvg ? svg(sheet) : png(sheet));
 }

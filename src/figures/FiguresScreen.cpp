@@ -5,7 +5,7 @@
 #include "figures/FigureOutput.h"
 #include "figures/Figures.h"
 #include "figures/PrintFigures.h"
-#include "rounds/ReportSelection.h"
+#include "rounds/RoundEntries.h"
 #include "rounds/RoundState.h"
 #include "ui_FiguresScreen.h"
 
@@ -180,14 +180,14 @@ void 図::Command1_Click() {
 
 void 図::Command7_Click() {
     makeDocuments(u"%1 ページ："_s.arg(sheets_.size()), [this] {
-        printFigures(print_, sheets_, results_->problem);
+        printFigures(output_, sheets_, results_->problem);
         return true;
     });
 }
 
 void 図::savePictures(PictureType type) {
     makeDocuments({}, [this, type] {
-        saveFigures(print_, sheets_, results_->problem, type);
+        saveFigures(output_, sheets_, results_->problem, type);
         return true;
     });
 }

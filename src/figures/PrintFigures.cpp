@@ -45,7 +45,7 @@ bool refuseStabilityOfOld(const RoundState& state) {
     return true;
 }
 
-bool PrintFigures(PrintService& print, const RoundSelection& chosen, const Progress& progress) {
+bool PrintFigures(Output& output, const RoundSelection& chosen, const Progress& progress) {
     auto results = readRoundResults(chosen);
     if (refuseWithoutResults(results)) return false;
     const auto state = readRoundState(chosen);
@@ -58,6 +58,6 @@ bool PrintFigures(PrintService& print, const RoundSelection& chosen, const Progr
     append(sheets, drawSensitivity(results));
     const bool isWhole = !refuseStabilityOfOld(state);
     if (isWhole) append(sheets, drawnStability(chosen, results, progress));
-    printFigures(print, sheets, results.problem);
+    printFigures(output, sheets, results.problem);
     return isWhole;
 }

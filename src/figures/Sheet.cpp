@@ -2,8 +2,8 @@
 
 #include <qcustomplot.h>
 
-#include "printing/PrintService.h"
 #include "text/Dates.h"
+#include "text/TextColumns.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -21,11 +21,6 @@ qint16 columnsIn(double width, int pixels) {
     return static_cast<qint16>(width * 2 / pixels);
 }
 
-QString elided(const QString& text, qint16 columns) {
-    if (PrintService::TextColumns(text) <= columns) return text;
-    return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
-}
-
 } // namespace
 
 QFont figureFont(int pixels) {
@@ -37,7 +32,7 @@ QFont figureFont(int pixels) {
 }
 
 QString elidedText(const QString& text, double width) {
-    return elided(text, columnsIn(width, Sheet::textSize));
+    return cutToColumns(text, columnsIn(width, Sheet::textSize));
 }
 
 void setUpPlot(QCustomPlot& plot) {
@@ -76,8 +71,7 @@ Sheet::Sheet(const FigureTitle& title, int page, int pages)
     const auto date = formatDate(QDate::currentDate());
     text({0, 0, width, titleHeight}, u"%1   − %2 / %3 −"_s.arg(date).arg(page).arg(pages), Qt::AlignRight);
     text({0, titleHeight, width, lineHeight},
-         elidedText(title.problem, width - 6.0 * PrintService::TextColumns(title.group) - 24) + u"   "_s +
-             title.group);
+         elidedText(title.problem, width - 6.0 * TextColumns(title.group) - 24) + u"   "_s + title.group);
     text({0, titleHeight + lineHeight, width, lineHeight}, title.reading);
     text({0, FigureSheet::height, width, lineHeight}, title.foot); // in the margin, where nothing else stands
 }
@@ -93,14 +87,13 @@ void Sheet::text(const QRectF& frame, const QString& text, Qt::Alignment alignme
 }
 
 void Sheet::name(const QRectF& frame, const QString& name) {
-    const bool isLong = PrintService::TextColumns(name) > 2 * columnsIn(frame.width(), textSize) - 2;
+    const bool isLong = TextColumns(name) > 2 * columnsIn(frame.width(), textSize) - 2;
     const int pixels = isLong ? smallText : textSize;
     const auto columns = columnsIn(frame.width(), pixels);
     QStringList lines;
     QString rest = name;
     for (int line = isLong ? 3 : 2; line > 0 && !rest.isEmpty(); --line) {
-        lines << (line == 1 ? elided(rest, columns)
-                            : leadingCharacters(rest, PrintService::FitChars(rest, columns)));
+        lines << (line == 1 ? cutToColumns(rest, columns) : leadingCharacters(rest, FitChars(rest, columns)));
         rest.remove(0, lines.last().size());
     }
     text(frame, lines.join(u'\n'), Qt::AlignLeft, pixels);

@@ -42,8 +42,8 @@ RuntimeError failure(const QString& queue, const QString& words = QString::fromU
     return {ErrorCode::Printer, u"プリンタ「%1」に印刷できません。\n(%2)"_s.arg(queue, words)};
 }
 
-bool writeDocument(cups_dest_t* destination, cups_dinfo_t* info, int job, const QByteArray& title,
-                   const QByteArray& pdf) {
+bool transmit(cups_dest_t* destination, cups_dinfo_t* info, int job, const QByteArray& title,
+              const QByteArray& pdf) {
     return cupsStartDestDocument(CUPS_HTTP_DEFAULT, destination, info, job, title.constData(),
                                  CUPS_FORMAT_PDF, 0, nullptr, 1) == HTTP_STATUS_CONTINUE &&
            cupsWriteRequestData(CUPS_HTTP_DEFAULT, pdf.constData(), static_cast<size_t>(pdf.size())) ==
@@ -82,7 +82,7 @@ void sendToCupsQueue(const QString& queue, const QString& title, const QByteArra
     if (cupsCreateDestJob(CUPS_HTTP_DEFAULT, destination.get(), info.get(), &job, jobTitle.constData(),
                           options.count(), options.data()) > IPP_STATUS_OK_EVENTS_COMPLETE)
         throw failure(queue);
-    if (writeDocument(destination.get(), info.get(), job, jobTitle, pdf)) return;
+    if (transmit(destination.get(), info.get(), job, jobTitle, pdf)) return;
     const QString words = QString::fromUtf8(cupsLastErrorString()); // before the cancelling says its own
     cupsCancelDestJob(CUPS_HTTP_DEFAULT, destination.get(), job);
     throw failure(queue, words);

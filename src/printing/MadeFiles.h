@@ -6,7 +6,7 @@
 
 // Collects the documents that are made while it lives; without one each is shown at once.
 //
-//     Common::Printer.onDocument(MadeFiles::add);
+//     Printer::ofProgram().onDocument(MadeFiles::add);
 //     …
 //     const MadeFiles made;
 //     work();

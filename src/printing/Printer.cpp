@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "printing/CupsQueue.h"
-#include "printing/DocumentFile.h"
-#include "printing/PrintDocument.h"
+#include "printing/DocumentName.h"
+#include "printing/PdfDocument.h"
 #include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -17,21 +17,26 @@ PrinterDevice deviceOf(const CupsQueue& queue) {
 
 } // namespace
 
-ReportPrinter::ReportPrinter() = default;
-ReportPrinter::~ReportPrinter() = default;
+Printer::Printer() = default;
+Printer::~Printer() = default;
 
-QList<PrinterDevice> ReportPrinter::Printers() const {
+Printer& Printer::ofProgram() {
+    static Printer printer;
+    return printer;
+}
+
+QList<PrinterDevice> Printer::Printers() const {
     QList<PrinterDevice> devices;
     for (const auto& queue : cupsQueues()) devices.append(deviceOf(queue));
     devices.append(pdfFiles());
     return devices;
 }
 
-PrinterDevice ReportPrinter::pdfFiles() {
+PrinterDevice Printer::pdfFiles() {
     return {u"いきなりPDF 2"_s, QString()};
 }
 
-PrinterDevice ReportPrinter::current() const {
+PrinterDevice Printer::current() const {
     if (selected_) return *selected_;
     const auto queues = cupsQueues();
     if (queues.isEmpty()) return {};
@@ -40,7 +45,7 @@ PrinterDevice ReportPrinter::current() const {
     return deviceOf(standard != queues.end() ? *standard : queues.first());
 }
 
-PrinterDevice ReportPrinter::installedPrinter() const {
+PrinterDevice Printer::installedPrinter() const {
     auto device = current();
     if (device.DeviceName.isEmpty())
         throw RuntimeError(ErrorCode::Printer,
@@ -49,79 +54,79 @@ PrinterDevice ReportPrinter::installedPrinter() const {
     return device;
 }
 
-QString ReportPrinter::DeviceName() const {
+QString Printer::DeviceName() const {
     return current().DeviceName;
 }
 
-void ReportPrinter::setScaleMode(int mode) {
+void Printer::setScaleMode(int mode) {
     if (mode != Millimetres) throw RuntimeError(ErrorCode::InvalidCall);
 }
 
-void ReportPrinter::setFont(const QString& family) {
+void Printer::setFont(const QString& family) {
     font_ = family;
     if (document_) document_->setFont(family);
 }
 
-void ReportPrinter::setOrientation(Orientation orientation) {
+void Printer::setOrientation(Orientation orientation) {
     orientation_ = orientation;
     if (document_)
         document_->setOrientation(orientation == Orientation::Landscape ? QPageLayout::Landscape
                                                                         : QPageLayout::Portrait);
 }
 
-PrintDocument& ReportPrinter::document() {
+PdfDocument& Printer::document() {
     if (!document_) {
-        document_ = std::make_unique<PrintDocument>(documentTitle(name_));
+        document_ = std::make_unique<PdfDocument>(documentTitle(name_));
         if (!font_.isEmpty()) setFont(font_);
         setOrientation(orientation_);
     }
     return *document_;
 }
 
-void ReportPrinter::beginDocument(const DocumentName& name) {
+void Printer::beginDocument(const DocumentName& name) {
     KillDoc();
     installedPrinter();
     name_ = name;
 }
 
-void ReportPrinter::Print(const QString& text) {
+void Printer::Print(const QString& text) {
     document().text({CurrentX, CurrentY}, text);
 }
 
-double ReportPrinter::TextWidth(const QString& text) {
+double Printer::TextWidth(const QString& text) {
     return document().textWidth(text);
 }
 
-void ReportPrinter::Line(double x1, double y1, double x2, double y2) {
+void Printer::Line(double x1, double y1, double x2, double y2) {
     document().line({x1, y1}, {x2, y2}, DrawWidth / 10.0);
 }
 
-void ReportPrinter::Box(double x1, double y1, double x2, double y2) {
+void Printer::Box(double x1, double y1, double x2, double y2) {
     document().box({QPointF(x1, y1), QPointF(x2, y2)}, DrawWidth / 10.0);
 }
 
-void ReportPrinter::Draw(double x1, double y1, double x2, double y2,
-                         const std::function<void(QPainter&, const QRectF&)>& content) {
+void Printer::Draw(double x1, double y1, double x2, double y2,
+                   const std::function<void(QPainter&, const QRectF&)>& content) {
     document().draw({QPointF(x1, y1), QPointF(x2, y2)}, content);
 }
 
-bool ReportPrinter::EndPage() {
+bool Printer::EndPage() {
     return document_ && document_->endPage();
 }
 
-void ReportPrinter::EndDoc() {
+void Printer::EndDoc() {
     const auto document = std::move(document_);
     if (!document || !document->hasPages()) return;
     const auto device = installedPrinter();
     const auto pdf = document->finish();
     if (device.queue.isEmpty()) {
-        const auto path = writeDocument(outputFolder_, name_, u"pdf"_s, pdf);
+        const auto path = writeNamedFile(outputFolder_, name_, u"pdf"_s, pdf);
         if (listener_) listener_(path);
     } else {
         sendToCupsQueue(device.queue, documentTitle(name_), pdf);
     }
 }
 
-void ReportPrinter::KillDoc() {
+void Printer::KillDoc() {
     document_.reset();
 }

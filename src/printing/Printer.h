@@ -7,22 +7,15 @@
 #include <memory>
 #include <optional>
 
-class PrintDocument;
+#include "printing/DocumentName.h"
+
+class PdfDocument;
 class QPainter;
 class QRectF;
 
 struct PrinterDevice {
     QString DeviceName;
     QString queue; // print queue; empty for the built-in device that writes PDF files
-};
-
-// What a document is called: the name of its PDF file and of its print job. Empty parts are left out. Whose
-// it is comes first: dialogs and lists of files cut long names at their end.
-struct DocumentName {
-    QString screen;
-    QString problem;
-    QString evaluator;
-    int round = 0; // 0 for none
 };
 
 enum class Orientation { Portrait = 1, Landscape = 2 };
@@ -37,10 +30,12 @@ enum class Orientation { Portrait = 1, Landscape = 2 };
 //     printer.CurrentX = 5; printer.CurrentY = 12; printer.Print(u"要因名"_s);
 //     printer.EndPage();
 //     printer.EndDoc();
-class ReportPrinter {
+class Printer {
   public:
-    ReportPrinter();
-    ~ReportPrinter();
+    Printer();
+    ~Printer();
+    // The program's own, which stays selected for the whole run.
+    static Printer& ofProgram();
 
     static constexpr int Millimetres = 6; // the only scale mode
 
@@ -94,10 +89,10 @@ class ReportPrinter {
   private:
     PrinterDevice current() const;
     PrinterDevice installedPrinter() const;
-    PrintDocument& document();
+    PdfDocument& document();
 
     std::optional<PrinterDevice> selected_;
-    std::unique_ptr<PrintDocument> document_;
+    std::unique_ptr<PdfDocument> document_;
     QString font_;
     Orientation orientation_ = Orientation::Portrait;
     DocumentName name_;

@@ -1,7 +1,7 @@
 #include "rounds/RoundSelection.h"
 
 #include "core/Common.h"
-#include "rounds/ReportSelection.h"
+#include "rounds/RoundEntries.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

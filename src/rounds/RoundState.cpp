@@ -6,10 +6,10 @@
 
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
-#include "printing/PrintService.h"
 #include "rounds/AnsweredGoals.h"
-#include "rounds/ReportSelection.h"
+#include "rounds/RoundEntries.h"
 #include "rounds/StoredResults.h"
+#include "text/TextColumns.h"
 
 using namespace Qt::StringLiterals;
 
@@ -162,7 +162,7 @@ QString RoundState::line() const {
 QString RoundState::footLine(int columns) const {
     if (isComplete()) return {};
     const QString whole = line();
-    return PrintService::TextColumns(whole) <= columns ? whole : lineOf(*this, Tell::Numbers);
+    return TextColumns(whole) <= columns ? whole : lineOf(*this, Tell::Numbers);
 }
 
 QString RoundState::notesOf(const std::vector<qint32>& evaluatorNos) const {

@@ -39,7 +39,7 @@ void OutputScreen::setUpOutput(QPushButton* target, ElidedLabel* device, QPushBu
     keepPlace(openFolder_);
     openFolder_->hide();
     onEvent(target_, &QPushButton::clicked, [this] {
-        print_.ToggleOutputTarget();
+        output_.ToggleOutputTarget();
         showTarget();
     });
     onEvent(openFolder_, &QPushButton::clicked, [this] { openFolder(); });
@@ -70,15 +70,15 @@ void OutputScreen::setUpProgress(QProgressBar* bar, ElidedLabel* text) {
 }
 
 void OutputScreen::loadOutput() {
-    print_.load(Common::AppDir);
-    print_.FileExported = [this](const QString& path) { files_ << nativePath(path); };
+    output_.load(Common::AppDir);
+    output_.FileExported = [this](const QString& path) { files_ << nativePath(path); };
     showTarget();
 }
 
 void OutputScreen::showTarget() {
-    target_->setText(print_.OutputTarget);
+    target_->setText(output_.OutputTarget);
     if (device_->isHidden()) return;
-    const QString device = print_.ReportDevice();
+    const QString device = output_.ReportDevice();
     device_->setWholeText(device.isEmpty() ? u"プリンタがありません"_s : u"→ "_s + device);
 }
 
@@ -93,14 +93,14 @@ bool OutputScreen::makeDocuments(const QString& subject, const std::function<boo
     openFolder_->hide();
     files_.clear();
     const MadeFiles documents;
-    const int before = print_.Documents;
+    const int before = output_.Documents;
     try {
         if (!work()) return false;
     } catch (...) {
-        showMade(documents, print_.Documents - before);
+        showMade(documents, output_.Documents - before);
         throw;
     }
-    const bool shown = showMade(documents, print_.Documents - before);
+    const bool shown = showMade(documents, output_.Documents - before);
     say(done().isEmpty() ? nothing : subject + done(), !shown);
     return true;
 }
@@ -108,7 +108,7 @@ bool OutputScreen::makeDocuments(const QString& subject, const std::function<boo
 bool OutputScreen::showMade(const MadeFiles& documents, int printed) {
     QString line = countOf(files_, documents.paths());
     if (line.isEmpty() && printed > 0)
-        line = u"%1 件を「%2」に送りました。"_s.arg(printed).arg(print_.printer().DeviceName());
+        line = u"%1 件を「%2」に送りました。"_s.arg(printed).arg(output_.printer().DeviceName());
     const bool shown = documents.show();
     if (!shown)
         line += u"%1を表示するプログラムがありません。"_s.arg(

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "core/Screen.h"
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 #include "rounds/RoundSelection.h"
 #include "screens/Progress.h"
 
@@ -18,7 +18,7 @@ class QPushButton;
 
 class OutputScreen : public Screen {
   protected:
-    explicit OutputScreen(const QString& name) : Screen(name), print_(Common::Printer) {}
+    explicit OutputScreen(const QString& name) : Screen(name), output_(Printer::ofProgram()) {}
 
     // The form's controls: the button "印刷" or "PDF"; what that comes to at this moment, which is not looked
     // up for a hidden label; the button that opens where the files are that were made last.
@@ -44,7 +44,7 @@ class OutputScreen : public Screen {
         return qScopeGuard([this] { showProgressBar(false); });
     }
 
-    PrintService print_;
+    Output output_;
 
   private:
     void showTarget();

@@ -1,7 +1,7 @@
 #include "survey/AnswerImport.h"
 
 #include "rounds/RoundSelection.h"
-#include "survey/FormCheck.h"
+#include "survey/CheckedAnswers.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +26,7 @@ bool importAnswers(const ProblemRound& round, const QStringList& paths, bool rep
     const auto questionnaire = questionnaireOf(round);
     QList<CheckedAnswers> files;
     readAnswers(paths, [&](const Answers& answers) {
-        files.append(checkForm(round.connection, questionnaire, answers));
+        files.append(checkedAnswers(round.connection, questionnaire, answers));
     });
     checkAgainstEachOther(files);
     bool all = true;

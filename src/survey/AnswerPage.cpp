@@ -10,13 +10,13 @@
 
 #include "judgement/ComparisonScale.h"
 #include "judgement/Consistency.h"
-#include "printing/DocumentFile.h"
-#include "survey/AnswerForm.h"
+#include "printing/DocumentName.h"
+#include "survey/AnswerLayout.h"
 #include "survey/AnswerSheet.h"
 #include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
-using namespace AnswerForm;
+using namespace AnswerLayout;
 
 // Resources of a static library are there once it says so, outside of any namespace.
 static void loadPage() {

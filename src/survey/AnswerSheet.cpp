@@ -5,16 +5,16 @@
 #include "core/FactorNames.h"
 #include "files/TextFile.h"
 #include "judgement/ComparisonScale.h"
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 #include "rounds/RoundSelection.h"
 #include "sheets/CsvRow.h"
 #include "sheets/Spreadsheet.h"
-#include "survey/AnswerForm.h"
+#include "survey/AnswerLayout.h"
 #include "survey/AnswerPage.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
-using namespace AnswerForm;
+using namespace AnswerLayout;
 
 namespace {
 
@@ -41,7 +41,7 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
     return lines;
 }
 
-// The looks of the form's cells.
+// The looks of the answer sheet's cells.
 struct Looks {
     explicit Looks(Spreadsheet& book)
         : text(book.format()),
@@ -91,7 +91,7 @@ void writeInstructions(lxw_worksheet* sheet, const QStringList& lines, const Loo
     worksheet_protect(sheet, nullptr, nullptr);
 }
 
-// Whose form it is, for which problem and round.
+// Whose answer sheet it is, for which problem and round.
 void writeHeader(lxw_worksheet* sheet, const Questionnaire& questionnaire, const Factor& evaluator,
                  const Looks& looks) {
     writeText(sheet, 0, 0, titleOf(questionnaire), looks.title);
@@ -187,8 +187,8 @@ void writeOpenCount(lxw_worksheet* sheet, lxw_row_t last, int pairs, const Looks
               looks.beside);
 }
 
-void writeForm(lxw_worksheet* sheet, const Questionnaire& questionnaire, const Factor& evaluator,
-               const Looks& looks) {
+void writeAnswers(lxw_worksheet* sheet, const Questionnaire& questionnaire, const Factor& evaluator,
+                  const Looks& looks) {
     writeHeader(sheet, questionnaire, evaluator, looks);
     lxw_row_t row = headingRow + 1;
     for (const auto& goal : questionnaire.goals) row = writeGoal(sheet, row, goal, looks);
@@ -202,15 +202,16 @@ void writeForm(lxw_worksheet* sheet, const Questionnaire& questionnaire, const F
     worksheet_protect(sheet, nullptr, nullptr);
 }
 
-bool writeForms(PrintService& print, const RoundSelection& chosen, const QString& type,
-                QByteArray (*form)(const Questionnaire&, const Factor& evaluator), const Progress& progress) {
-    const auto questionnaire = askedQuestionnaire(chosen, print.FileDir);
+bool writeAnswerFiles(Output& output, const RoundSelection& chosen, const QString& type,
+                      QByteArray (*contents)(const Questionnaire&, const Factor& evaluator),
+                      const Progress& progress) {
+    const auto questionnaire = askedQuestionnaire(chosen, output.FileDir);
     int done = 0;
     for (const auto& [number, entry] : chosen.evaluators) {
         progress(done++, static_cast<int>(chosen.evaluators.size()), entry);
         const Factor evaluator{number, evaluatorName(chosen.connection, number)};
-        print.writeFile({u"調査票"_s, questionnaire.problem.name, evaluator.name, questionnaire.round}, type,
-                        form(questionnaire, evaluator));
+        output.writeFile({u"調査票"_s, questionnaire.problem.name, evaluator.name, questionnaire.round}, type,
+                         contents(questionnaire, evaluator));
     }
     return true;
 }
@@ -221,7 +222,7 @@ QByteArray answerSpreadsheet(const Questionnaire& questionnaire, const Factor& e
     Spreadsheet book;
     const Looks looks(book);
     writeInstructions(book.sheet(u"説明"_s), instructions(questionnaire, evaluator), looks);
-    writeForm(book.sheet(sheetName), questionnaire, evaluator, looks);
+    writeAnswers(book.sheet(sheetName), questionnaire, evaluator, looks);
     return book.bytes();
 }
 
@@ -261,17 +262,17 @@ QByteArray answerText(const Questionnaire& questionnaire, const Factor& evaluato
     return text.toUtf8();
 }
 
-bool WriteAnswerSpreadsheets(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
+bool WriteAnswerSpreadsheets(Output& output, const RoundSelection& chosen, const WorkOptions&,
                              const Progress& progress) {
-    return writeForms(print, chosen, u"xlsx"_s, answerSpreadsheet, progress);
+    return writeAnswerFiles(output, chosen, u"xlsx"_s, answerSpreadsheet, progress);
 }
 
-bool WriteAnswerTexts(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
+bool WriteAnswerTexts(Output& output, const RoundSelection& chosen, const WorkOptions&,
                       const Progress& progress) {
-    return writeForms(print, chosen, u"csv"_s, answerText, progress);
+    return writeAnswerFiles(output, chosen, u"csv"_s, answerText, progress);
 }
 
-bool WriteAnswerPages(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
+bool WriteAnswerPages(Output& output, const RoundSelection& chosen, const WorkOptions&,
                       const Progress& progress) {
-    return writeForms(print, chosen, u"html"_s, answerPage, progress);
+    return writeAnswerFiles(output, chosen, u"html"_s, answerPage, progress);
 }

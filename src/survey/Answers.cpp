@@ -3,18 +3,18 @@
 #include <array>
 
 #include "sheets/TableFile.h"
-#include "survey/AnswerForm.h"
+#include "survey/AnswerLayout.h"
 #include "text/Numbers.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
-using namespace AnswerForm;
+using namespace AnswerLayout;
 
 namespace {
 
 using Row = QMap<int, TableCell>;
 
-// The columns in which the form's columns stand; -1 where one is missing.
+// The columns in which the answer sheet's columns stand; -1 where one is missing.
 using Places = std::array<int, columns>;
 
 constexpr std::array needed{GoalNo, PairNo, Left, Answer, Right, LeftNo, RightNo};
@@ -37,20 +37,20 @@ std::optional<qint32> wholeNumber(const QString& text) {
     return whole == number ? std::optional(whole) : std::nullopt;
 }
 
-class FormReader {
+class AnswerReader {
   public:
-    explicit FormReader(Answers& answers) : answers_(answers) {}
+    explicit AnswerReader(Answers& answers) : answers_(answers) {}
 
     void read(const QList<Table>& sheets) {
         for (const auto& sheet : sheets)
             for (auto row = sheet.rows.begin(); row != sheet.rows.end(); ++row)
-                if (const auto places = placesIn(*row)) return readForm(sheet, row.key(), *places);
+                if (const auto places = placesIn(*row)) return readTable(sheet, row.key(), *places);
         fault({}, u"調査票の回答用紙ではありません（見出し「%1」「%2」などの行がありません）。"_s.arg(
                       heading(GoalNo), heading(Answer)));
     }
 
   private:
-    void readForm(const Table& sheet, int headingRow, const Places& places) {
+    void readTable(const Table& sheet, int headingRow, const Places& places) {
         sheet_ = sheet.name;
         for (auto row = sheet.rows.begin(); row != sheet.rows.end(); ++row) {
             if (row.key() < headingRow) readHeader(*row);
@@ -127,7 +127,7 @@ void readAnswers(const QStringList& paths, const std::function<void(const Answer
         Answers answers;
         answers.path = file.path;
         if (file.fault.isEmpty())
-            FormReader(answers).read(file.tables);
+            AnswerReader(answers).read(file.tables);
         else
             answers.findings.append({Finding::Fault, {}, file.fault});
         take(answers);

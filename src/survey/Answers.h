@@ -1,4 +1,4 @@
-// What a form that came back says, apart from what the database says to it.
+// What an answer sheet that came back says, apart from what the database says to it.
 #pragma once
 
 #include <QList>
@@ -31,7 +31,7 @@ struct Answers {
     std::optional<qint32> problemNo;
     std::optional<qint32> round;
     std::optional<qint32> evaluatorNo;
-    QString evaluator; // the name in the form
+    QString evaluator; // the name in the answer sheet
     QList<AnsweredPair> pairs;
     QList<Finding> findings;
 };

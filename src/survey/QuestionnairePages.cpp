@@ -3,10 +3,11 @@
 #include <algorithm>
 
 #include "core/FactorNames.h"
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 #include "rounds/RoundSelection.h"
 #include "survey/Questionnaire.h"
 #include "text/Numbers.h"
+#include "text/TextColumns.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -29,9 +30,9 @@ constexpr int equal = digits / 2; // the place of "1"
 QString overDigits(const QList<std::pair<int, QString>>& texts) {
     QString line;
     for (const auto& [place, text] : texts) {
-        const int width = PrintService::TextColumns(text);
+        const int width = TextColumns(text);
         const int column = firstDigit + place * digitPitch - (width - 1) / 2;
-        line += QString(std::max(0, column - PrintService::TextColumns(line)), u' ') + text;
+        line += QString(std::max(0, column - TextColumns(line)), u' ') + text;
     }
     return line;
 }
@@ -72,7 +73,7 @@ QList<ReportColumn> pairTable() {
 QStringList wrapped(QString name) {
     QStringList lines;
     do {
-        lines << leadingCharacters(name, PrintService::FitChars(name, nameColumns));
+        lines << leadingCharacters(name, FitChars(name, nameColumns));
         name.remove(0, lines.last().size());
     } while (!name.isEmpty());
     return lines;
@@ -89,7 +90,7 @@ struct PairRows {
     int rows() const { return static_cast<int>(std::max(left.size(), right.size())); }
 };
 
-void printGoal(ReportPage& page, const QuestionGoal& goal) {
+void printGoal(Report& report, const QuestionGoal& goal) {
     QList<PairRows> pairs;
     int rows = 0;
     for (const auto& pair : goal.pairs()) {
@@ -98,41 +99,41 @@ void printGoal(ReportPage& page, const QuestionGoal& goal) {
     }
     static const auto columns = pairTable();
     static const auto scale = scaleDigits();
-    page.newTable(numberedQuestion(goal), columns, rows);
+    report.newTable(numberedQuestion(goal), columns, rows);
     int number = 0;
     for (const auto& pair : pairs) {
-        page.group(pair.rows());
-        page.row({QString::number(++number), pair.left.first(), scale, pair.right.first()});
+        report.group(pair.rows());
+        report.row({QString::number(++number), pair.left.first(), scale, pair.right.first()});
         for (int row = 1; row < pair.rows(); ++row)
-            page.row({{}, pair.left.value(row), {}, pair.right.value(row)});
+            report.row({{}, pair.left.value(row), {}, pair.right.value(row)});
     }
 }
 
-void printFor(PrintService& print, const Questionnaire& questionnaire, const Factor& evaluator) {
+void printFor(Output& output, const Questionnaire& questionnaire, const Factor& evaluator) {
     const auto& problem = questionnaire.problem.name;
-    print.fillSlots(evaluator.name, problem, questionnaire.round);
-    ReportPage page(print,
-                    {u"調査票"_s,
-                     {u"評価者 %1　%2様"_s.arg(QString::number(evaluator.number), evaluator.name),
-                      problemLine(problem, questionnaire.round)},
-                     {}},
-                    {u"調査票"_s, problem, evaluator.name, questionnaire.round});
-    page.coveringLetter(print.FileDir + u"\\survey.txt"_s);
-    for (const auto& goal : questionnaire.goals) printGoal(page, goal);
-    page.finish();
+    output.fillSlots(evaluator.name, problem, questionnaire.round);
+    Report report(output,
+                  {u"調査票"_s,
+                   {u"評価者 %1　%2様"_s.arg(QString::number(evaluator.number), evaluator.name),
+                    problemLine(problem, questionnaire.round)},
+                   {}},
+                  {u"調査票"_s, problem, evaluator.name, questionnaire.round});
+    report.coveringLetter(output.FileDir + u"\\survey.txt"_s);
+    for (const auto& goal : questionnaire.goals) printGoal(report, goal);
+    report.finish();
 }
 
 } // namespace
 
-bool PrintQuestionnaires(PrintService& print, const RoundSelection& chosen, const ReportOptions&,
+bool PrintQuestionnaires(Output& output, const RoundSelection& chosen, const WorkOptions&,
                          const Progress& progress) {
-    auto questionnaire = askedQuestionnaire(chosen, print.FileDir);
+    auto questionnaire = askedQuestionnaire(chosen, output.FileDir);
     // In the order of the grid, into which somebody will type the answers.
     std::ranges::sort(questionnaire.goals, {}, [](const auto& goal) { return goal.factor.number; });
     int done = 0;
     for (const auto& evaluator : chosen.evaluators) {
         progress(done++, static_cast<int>(chosen.evaluators.size()), evaluator.entry);
-        printFor(print, questionnaire,
+        printFor(output, questionnaire,
                  {evaluator.number, evaluatorName(chosen.connection, evaluator.number)});
     }
     return true;

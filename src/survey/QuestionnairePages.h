@@ -2,8 +2,8 @@
 // circle.
 #pragma once
 
-#include "screens/ReportWork.h"
+#include "screens/Work.h"
 
 // One document for each chosen evaluator.
-bool PrintQuestionnaires(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
+bool PrintQuestionnaires(Output& output, const RoundSelection& chosen, const WorkOptions& options,
                          const Progress& progress);

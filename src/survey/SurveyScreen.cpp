@@ -6,7 +6,7 @@
 #include <QShortcut>
 
 #include "files/TextFile.h"
-#include "rounds/ReportSelection.h"
+#include "rounds/RoundEntries.h"
 #include "rounds/RoundState.h"
 #include "sheets/TableFile.h"
 #include "survey/SurveyWorks.h"
@@ -93,12 +93,12 @@ void 調査票::Combo1_Click() {
     showFiles();
 }
 
-void 調査票::make(const ReportWork& work) {
+void 調査票::make(const Work& work) {
     const auto hideProgress = progressGuard();
     const auto chosen = chosenRound(ui_->Combo1, ui_->List1, ui_->Label5);
     if (!chosen) return;
     makeDocuments(u"%1 %2 名："_s.arg(work.caption).arg(chosen->evaluators.size()),
-                  [&] { return work.run(print_, *chosen, {}, progress()); });
+                  [&] { return work.run(output_, *chosen, {}, progress()); });
 }
 
 std::optional<RoundSelection> 調査票::problemRound() {
@@ -108,7 +108,7 @@ std::optional<RoundSelection> 調査票::problemRound() {
 void 調査票::Command6_Click() {
     if (!problemRound()) return ui_->Combo1->setFocus();
     static QString folder; // where the files were last, as long as the program runs
-    if (folder.isEmpty()) folder = nativePath(print_.FileDir);
+    if (folder.isEmpty()) folder = nativePath(output_.FileDir);
     const auto paths =
         QFileDialog::getOpenFileNames(this, u"回答の入った調査票を選ぶ"_s, folder,
                                       u"調査票 (%1);;すべてのファイル (*)"_s.arg(tableFilePatterns()));
@@ -146,7 +146,7 @@ void 調査票::readFiles(const QStringList& paths) {
 // All are checked anew: what they are held against, the database and one another, may have changed.
 void 調査票::hold(const Questionnaire& questionnaire, QList<Answers> all) {
     QList<CheckedAnswers> files;
-    for (const auto& answers : all) files.append(checkForm(*DbConn, questionnaire, answers));
+    for (const auto& answers : all) files.append(checkedAnswers(*DbConn, questionnaire, answers));
     checkAgainstEachOther(files);
     const QStringList leftOut = pathsLeftOut();
     answers_ = std::move(all);

@@ -5,8 +5,8 @@
 
 #include "rounds/RoundSelection.h"
 #include "screens/OutputScreen.h"
-#include "screens/ReportWork.h"
-#include "survey/FormCheck.h"
+#include "screens/Work.h"
+#include "survey/CheckedAnswers.h"
 
 namespace Ui {
 class SurveyScreen;
@@ -30,7 +30,7 @@ class 調査票 : public OutputScreen {
     void Command7_Click(); // store
 
     // What is to be answered, for the chosen evaluators: on paper, as spreadsheets, as texts.
-    void make(const ReportWork& work);
+    void make(const Work& work);
     std::optional<RoundSelection> problemRound();
     void hold(const Questionnaire& questionnaire, QList<Answers> all);
     void takeOff(); // Delete: the current file

@@ -5,13 +5,13 @@
 #include <QTextStream>
 #include <algorithm>
 
-#include "analysis/ReportWorks.h"
+#include "analysis/RoundWorks.h"
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "files/ApplicationDirectory.h"
 #include "files/TextFile.h"
-#include "printing/PrintService.h"
-#include "rounds/ReportSelection.h"
+#include "printing/Output.h"
+#include "rounds/RoundEntries.h"
 #include "rounds/RoundSelection.h"
 #include "rounds/RoundState.h"
 #include "survey/AnswerImport.h"
@@ -29,7 +29,7 @@ struct Request {
     QString problemNo;
     QString round;
     QStringList evaluators;
-    QList<const ReportWork*> works;
+    QList<const Work*> works;
     QStringList answerFiles;
     bool replaceAnswers;
     bool figures;
@@ -71,7 +71,7 @@ void addOptions(QCommandLineParser& parser) {
     });
 }
 
-bool isAsked(const QCommandLineParser& parser, const ReportWork& work) {
+bool isAsked(const QCommandLineParser& parser, const Work& work) {
     return work.option == u"print" ? parser.values(work.option).contains(work.screen)
                                    : parser.isSet(work.option);
 }
@@ -92,7 +92,7 @@ QString usageError(const QCommandLineParser& parser) {
         if (!isNumber) return u"「%1」は番号ではありません。"_s.arg(number);
     }
     for (const auto& screen : parser.values(u"print"_s))
-        if (std::ranges::none_of(reportWorks(), [&](const ReportWork& work) {
+        if (std::ranges::none_of(roundWorks(), [&](const Work& work) {
                 return work.option == u"print" && work.screen == screen;
             }))
             return u"「%1」という報告書はありません。"_s.arg(screen);
@@ -109,10 +109,10 @@ Request requestOf(const QCommandLineParser& parser) {
                     parser.isSet(u"figures"_s)};
     for (const auto& work : surveyWorks())
         if (isAsked(parser, work)) request.works << &work;
-    for (const auto& work : reportWorks())
+    for (const auto& work : roundWorks())
         if (isAsked(parser, work)) request.works << &work;
     if (request.works.isEmpty() && request.answerFiles.isEmpty() && !request.figures)
-        for (const auto& work : reportWorks()) request.works << &work;
+        for (const auto& work : roundWorks()) request.works << &work;
     return request;
 }
 
@@ -145,20 +145,20 @@ RoundSelection selectionOf(Connection& connection, const Request& request) {
     return {{connection, Value(request.problemNo).toLong(), Value(round).toInteger()},
             problem,
             round,
-            std::ranges::any_of(request.works, &ReportWork::hasEvaluators) ? evaluatorsFor(chosen)
-                                                                           : std::vector<ChosenEvaluator>()};
+            std::ranges::any_of(request.works, &Work::hasEvaluators) ? evaluatorsFor(chosen)
+                                                                     : std::vector<ChosenEvaluator>()};
 }
 
 // False when the work was refused or failed; it has said why.
-bool perform(const ReportWork& work, const RoundSelection& chosen) {
-    PrintService service(Common::Printer);
-    service.load(Common::AppDir);
-    service.makePdfFilesOnly();
-    service.FileExported = tellFile;
+bool perform(const Work& work, const RoundSelection& chosen) {
+    Output output(Printer::ofProgram());
+    output.load(Common::AppDir);
+    output.makePdfFilesOnly();
+    output.FileExported = tellFile;
     Common::MsgTitle = work.screen;
     bool accepted = false;
     const bool completed = runAction(
-        work.screen, [&] { accepted = work.run(service, chosen, {}, [](int, int, const QString&) {}); });
+        work.screen, [&] { accepted = work.run(output, chosen, {}, [](int, int, const QString&) {}); });
     return accepted && completed;
 }
 
@@ -197,7 +197,7 @@ ExitCode perform(const Request& request) {
         succeeded = importFiles(chosen, request);
         if (!request.answerFiles.isEmpty()) tellState();
         if (!succeeded) return;
-        for (const ReportWork* work : request.works) {
+        for (const Work* work : request.works) {
             if (work->use == RoundUse::Takes) tellState();
             succeeded = perform(*work, chosen);
             if (work->use == RoundUse::Makes) tellState();
@@ -234,7 +234,7 @@ int main(int argc, char* argv[]) {
     }
     if (parser.isSet(u"directory"_s)) setApplicationDirectory(parser.value(u"directory"_s));
     Common::Presenter = consolePresenter();
-    Common::Printer.onDocument(tellFile);
+    Printer::ofProgram().onDocument(tellFile);
     const ExitCode code = perform(requestOf(parser));
     Common::DbConn.reset();
     return code;

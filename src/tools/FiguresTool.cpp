@@ -9,7 +9,7 @@
 #include "figures/PrintFigures.h"
 #include "files/ApplicationDirectory.h"
 #include "files/TextFile.h"
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 #include "text/Fonts.h"
 #include "text/StandardTexts.h"
 
@@ -22,16 +22,16 @@ bool printAll(const QStringList& arguments) {
     bool printed = false;
     const bool completed = runAction(u"図"_s, [&] {
         Common::openDatabase(applicationDirectory());
-        PrintService service(Common::Printer);
-        service.load(Common::AppDir);
-        service.makePdfFilesOnly();
+        Output output(Printer::ofProgram());
+        output.load(Common::AppDir);
+        output.makePdfFilesOnly();
         Common::MsgTitle = u"図"_s;
         const RoundSelection chosen{
             {*Common::DbConn, Value(arguments.value(0)).toLong(), Value(arguments.value(1)).toInteger()},
             {},
             {},
             chosenEvaluators(arguments.size() > 2 ? QStringList{arguments[2] + u':'} : QStringList())};
-        printed = PrintFigures(service, chosen, [](int, int, const QString&) {});
+        printed = PrintFigures(output, chosen, [](int, int, const QString&) {});
     });
     return completed && printed;
 }
@@ -55,7 +55,7 @@ int main(int argc, char* argv[]) {
     parser.process(application);
     if (parser.isSet(u"directory"_s)) setApplicationDirectory(parser.value(u"directory"_s));
     Common::Presenter = consolePresenter();
-    Common::Printer.onDocument(
+    Printer::ofProgram().onDocument(
         [](const QString& path) { QTextStream(stdout) << nativePath(path) << Qt::endl; });
     const bool printed = printAll(parser.positionalArguments());
     Common::DbConn.reset();

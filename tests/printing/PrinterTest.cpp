@@ -41,7 +41,7 @@ class PrinterTest : public ::testing::Test {
     QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
     QTemporaryDir folder;
-    ReportPrinter printer;
+    Printer printer;
     QStringList documents;
 };
 

@@ -1,5 +1,5 @@
 // Report pages and message letters as they stand in the printed document.
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -9,43 +9,44 @@
 #include <QTemporaryDir>
 
 #include "files/NewFile.h"
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
+#include "text/TextColumns.h"
 
 using namespace Qt::StringLiterals;
 
 constexpr double half = 1.764; // mm, the width of a half-width column
 
-// A print service whose documents are PDF files in a folder of the test's own.
+// An output whose documents are PDF files in a folder of the test's own.
 class ReportTest : public ::testing::Test {
   protected:
     ReportTest() {
-        print.load(folder.path());
-        print.ToggleOutputTarget();
-        print.ChooseReportPrinter();
+        output.load(folder.path());
+        output.ToggleOutputTarget();
+        output.ChooseReportPrinter();
         QDir(folder.path()).mkdir(u"file"_s);
-        printer.setOutputFolder(print.FileDir);
+        printer.setOutputFolder(output.FileDir);
         printer.onDocument([this](const QString& path) { document = path; });
     }
 
     QString messageFile(const QByteArray& content) {
-        QString path = print.FileDir + u"\\message.txt"_s;
+        QString path = output.FileDir + u"\\message.txt"_s;
         writeWholeFile(path, content);
         return path;
     }
     QList<PrintedPage> printMessage(const QByteArray& content, bool keepPage = true) {
         printer.beginDocument(name);
-        print.SetUpPage(8);
-        print.PrintMessageFile(messageFile(content), 6, keepPage);
+        output.SetUpPage(8);
+        output.PrintMessageFile(messageFile(content), 6, keepPage);
         printer.EndDoc();
         return printedPages(document);
     }
     // The pages of a report that `fill` writes.
-    QList<PrintedPage> printReport(const std::function<void(ReportPage&)>& fill) {
-        ReportPage page(print, heading, name);
-        fill(page);
-        page.finish();
+    QList<PrintedPage> printReport(const std::function<void(Report&)>& fill) {
+        Report report(output, heading, name);
+        fill(report);
+        report.finish();
         return printedPages(document);
     }
     static QList<ReportRow> rowsOf(const QString& prefix, int count) {
@@ -53,13 +54,13 @@ class ReportTest : public ::testing::Test {
         for (int i = 0; i < count; ++i) rows.append({{prefix + QString::number(i)}, 4});
         return rows;
     }
-    static void addRows(ReportPage& page, const QString& prefix, int count) {
-        for (int i = 0; i < count; ++i) page.row({prefix + QString::number(i), u"0.5"_s, u"1"_s});
+    static void addRows(Report& report, const QString& prefix, int count) {
+        for (int i = 0; i < count; ++i) report.row({prefix + QString::number(i), u"0.5"_s, u"1"_s});
     }
 
     QTemporaryDir folder;
-    ReportPrinter printer;
-    PrintService print{printer};
+    Printer printer;
+    Output output{printer};
     QString document;
     DocumentName name{u"報告作成"_s, u"新製品"_s, u"鈴木"_s};
     ReportHeading heading{u"報告作成"_s,
@@ -78,12 +79,12 @@ TEST_F(ReportTest, WidthsFollowTheCodePage) {
                                                {u"𠮷𠮷a"_s, 4, 2},
                                                {u"𠮷𠮷a"_s, 5, 3},
                                                {u"①髙"_s, 3, 1}})
-        EXPECT_EQ(PrintService::FitChars(text, static_cast<qint16>(limit)), fitting) << text.toStdString();
-    EXPECT_EQ(PrintService::TextColumns(u"a評ｱ𠮷"_s), 6);
+        EXPECT_EQ(FitChars(text, static_cast<qint16>(limit)), fitting) << text.toStdString();
+    EXPECT_EQ(TextColumns(u"a評ｱ𠮷"_s), 6);
 }
 
 TEST_F(ReportTest, PrintersAreTheOnesThatTheUsersSettingsName) {
-    EXPECT_EQ(print.OfficePrinterName, u"SHARP AR-266FP SPDL2_T1"_s);
+    EXPECT_EQ(output.OfficePrinterName, u"SHARP AR-266FP SPDL2_T1"_s);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
     QDir(folder.path()).mkdir(u"Hollin"_s);
     for (const auto& [typed, name] : {std::pair{"事務室, 2階", u"事務室, 2階"_s},
@@ -94,39 +95,39 @@ TEST_F(ReportTest, PrintersAreTheOnesThatTheUsersSettingsName) {
         writeWholeFile(
             folder.filePath(u"Hollin/Hollin.conf"_s),
             QByteArray("[Settings3]\nOffice=x\n\n[Printers]\r\n# Office=y\nOffice=") + typed + "\n");
-        print.load(folder.path());
-        EXPECT_EQ(print.OfficePrinterName, name);
-        EXPECT_EQ(print.PdfPrinterName, u"いきなりPDF 2"_s);
+        output.load(folder.path());
+        EXPECT_EQ(output.OfficePrinterName, name);
+        EXPECT_EQ(output.PdfPrinterName, u"いきなりPDF 2"_s);
     }
 }
 
 TEST_F(ReportTest, EachTargetHasItsDevice) {
     const QString installed = u"いきなりPDF 2"_s; // the only one without a print system
     for (const bool office : {true, false}) {
-        ReportPrinter device;
-        PrintService service(device);
-        service.load(folder.path());
-        service.OfficePrinterName = office ? installed : u"なし"_s;
-        service.PdfPrinterName = office ? u"なし"_s : installed;
-        EXPECT_EQ(service.ReportDevice(), office ? installed : QString());
+        Printer device;
+        Output output(device);
+        output.load(folder.path());
+        output.OfficePrinterName = office ? installed : u"なし"_s;
+        output.PdfPrinterName = office ? u"なし"_s : installed;
+        EXPECT_EQ(output.ReportDevice(), office ? installed : QString());
         if (!office) {
-            EXPECT_EQ(raisedBy([&] { const ReportPage page(service, heading, name); }).number, 482);
-            service.ToggleOutputTarget();
+            EXPECT_EQ(raisedBy([&] { const Report report(output, heading, name); }).number, 482);
+            output.ToggleOutputTarget();
         }
-        EXPECT_EQ(service.ReportDevice(), installed);
+        EXPECT_EQ(output.ReportDevice(), installed);
         EXPECT_EQ(device.DeviceName(), QString());
-        service.ChooseReportPrinter();
+        output.ChooseReportPrinter();
         EXPECT_EQ(device.DeviceName(), installed);
     }
 }
 
 TEST_F(ReportTest, ThirteenColumnsAreLandscapeOnEveryPage) {
     for (const auto& [columns, lines, width] : {std::tuple{13, 27, 297}, {12, 40, 210}}) {
-        print.SetUpPage(static_cast<qint16>(columns));
-        EXPECT_EQ(print.MaxLines, lines);
+        output.SetUpPage(static_cast<qint16>(columns));
+        EXPECT_EQ(output.MaxLines, lines);
         for (int page = 0; page < 2; ++page) {
             printer.Print(u"評価"_s);
-            print.EndPage();
+            output.EndPage();
         }
         printer.EndDoc();
         for (const auto& page : printedPages(document)) EXPECT_NEAR(page.size.width(), width, 0.3);
@@ -141,15 +142,15 @@ TEST_F(ReportTest, ParagraphsWrapAtTheirWidthAndBlankLinesTakeNoRow) {
     for (int line = 2; line < 9; ++line) rows += page.row(6 * line);
     EXPECT_EQ(rows, (QStringList{u"A"_s, QString(94, u'x'), QString(94, u'x'), QString(12, u'x'),
                                  QString(47, u'評'), u"評評評"_s}));
-    EXPECT_EQ(print.LineNo, 8);
-    EXPECT_EQ(print.PageNo, 0);
+    EXPECT_EQ(output.LineNo, 8);
+    EXPECT_EQ(output.PageNo, 0);
 }
 
 TEST_F(ReportTest, MarkersStandForTheSlots) {
-    print.MsgSlots[0] = u"2024/05/01"_s;
-    print.MsgSlots[1] = u"鈴木様"_s;
-    print.MsgSlots[2] = u"新~2~案"_s; // a name may look like a marker
-    print.MsgSlots[3] = u"2"_s;
+    output.MsgSlots[0] = u"2024/05/01"_s;
+    output.MsgSlots[1] = u"鈴木様"_s;
+    output.MsgSlots[2] = u"新~2~案"_s; // a name may look like a marker
+    output.MsgSlots[3] = u"2"_s;
     const QByteArray inCodePage = "\x95\x5d\x89\xbf\r\n"; // 評価 in windows-31j
     const auto page = printMessage(inCodePage + "~2~ ~1~\r\n~0~:~03~\r\n~x~~20~\r\n").at(0);
     EXPECT_EQ(page.row(12), QStringList{u"評価"_s});
@@ -165,8 +166,8 @@ TEST_F(ReportTest, ALongMessageGoesOnAndACoveringLetterEndsItsPage) {
     ASSERT_EQ(pages.size(), 2);
     EXPECT_EQ(pages[0].row(6 * 39), QStringList{u"line38"_s});
     EXPECT_EQ(pages[1].row(12), QStringList{u"line39"_s});
-    EXPECT_EQ(print.LineNo, 0);
-    EXPECT_EQ(print.PageNo, 2);
+    EXPECT_EQ(output.LineNo, 0);
+    EXPECT_EQ(output.PageNo, 2);
 }
 
 TEST_F(ReportTest, FaultsOfTheFileNameTheirLineAndLeaveNothing) {
@@ -174,9 +175,9 @@ TEST_F(ReportTest, FaultsOfTheFileNameTheirLineAndLeaveNothing) {
          {std::pair{"a\r\n~21~", 9}, {"a\r\n~99999999999~", 9}, {"a\r\nb~1", 5}, {"a\r\n~1~~", 5}}) {
         const QString letter = messageFile(content);
         const auto raised = raisedBy([&] {
-            printReport([&](ReportPage& page) {
-                page.row({u"r"_s});
-                page.coveringLetter(letter);
+            printReport([&](Report& report) {
+                report.row({u"r"_s});
+                report.coveringLetter(letter);
             });
         });
         EXPECT_EQ(raised.number, error) << content;
@@ -185,7 +186,7 @@ TEST_F(ReportTest, FaultsOfTheFileNameTheirLineAndLeaveNothing) {
     const QString letter = messageFile(QByteArray((1 << 20) + 1, 'a'));
     const QString file = folder.filePath(u"file/message.txt"_s);
     const auto refused = [&] {
-        return raisedBy([&] { printReport([&](ReportPage& page) { page.coveringLetter(letter); }); })
+        return raisedBy([&] { printReport([&](Report& report) { report.coveringLetter(letter); }); })
             .description;
     };
     EXPECT_TRUE(refused().contains(u"大きすぎる"));
@@ -193,14 +194,14 @@ TEST_F(ReportTest, FaultsOfTheFileNameTheirLineAndLeaveNothing) {
     ASSERT_EQ(::mkfifo(QFile::encodeName(file).constData(), 0600), 0);
     EXPECT_TRUE(refused().contains(u"普通のファイルではない")); // and nobody waits for whoever writes into it
     QFile::remove(file);
-    const auto pages = printReport([](ReportPage& page) { page.row({u"again"_s}); });
+    const auto pages = printReport([](Report& report) { report.row({u"again"_s}); });
     EXPECT_EQ(pages.size(), 1);
     EXPECT_EQ(pages[0].word(u"r"_s).text, QString());
     EXPECT_EQ(QDir(folder.filePath(u"file"_s)).entryList({u"*.pdf"_s}).size(), 1);
 }
 
 TEST_F(ReportTest, TheHeadingStandsOnEveryPageAndRowsFillIt) {
-    const auto pages = printReport([](ReportPage& page) { addRows(page, u"r"_s, 70); });
+    const auto pages = printReport([](Report& report) { addRows(report, u"r"_s, 70); });
     ASSERT_EQ(pages.size(), 3);
     int next = 0;
     for (int i = 0; i < pages.size(); ++i) {
@@ -218,17 +219,17 @@ TEST_F(ReportTest, TheHeadingStandsOnEveryPageAndRowsFillIt) {
 
 TEST_F(ReportTest, LongNamesLeaveRoomForWhatFollowsThem) {
     heading.lines = {{QString(200, u'長'), u"様"_s}, {QString(200, u'題'), u"（3回）"_s}};
-    const auto page = printReport([](ReportPage& report) { report.row({u"r"_s}); })[0];
+    const auto page = printReport([](Report& report) { report.row({u"r"_s}); })[0];
     EXPECT_TRUE(page.row(6).value(0).endsWith(u"長…様"));
     EXPECT_TRUE(page.row(12).value(0).endsWith(u"題…（3回）"));
     EXPECT_LE(page.words[0].box.right(), 105);
 }
 
 TEST_F(ReportTest, CellsKeepTheirColumn) {
-    const auto page = printReport([](ReportPage& page) {
-        page.row({u"長い名前の要因は（12）で続く"_s, u"0.25"_s, u"10"_s});
-        page.row({u"小"_s, u"1"_s, u"9"_s}, 4);
-        page.row({u"大"_s, u"12.1234"_s, u"123456789012"_s});
+    const auto page = printReport([](Report& report) {
+        report.row({u"長い名前の要因は（12）で続く"_s, u"0.25"_s, u"10"_s});
+        report.row({u"小"_s, u"1"_s, u"9"_s}, 4);
+        report.row({u"大"_s, u"12.1234"_s, u"123456789012"_s});
     })[0];
     const double point = 50 - 5 * half; // room for ".0000" up to the right edge of the column
     EXPECT_EQ(page.row(36), (QStringList{u"長い名前の"_s, u"0.25"_s, u"10"_s}));
@@ -247,9 +248,9 @@ TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
     // {rows before, rows of the group, of the 34 that a page takes}
     for (const auto& [before, rows, onFirstPage] :
          {std::tuple{24, 9, 34}, {25, 9, 25}, {31, 40, 34}, {32, 40, 32}}) {
-        const auto pages = printReport([&, before = before, rows = rows](ReportPage& page) {
-            for (int i = 0; i < before; ++i) page.row({u"r"_s});
-            page.group({rowsOf(u"g"_s, rows), title, 2});
+        const auto pages = printReport([&, before = before, rows = rows](Report& report) {
+            for (int i = 0; i < before; ++i) report.row({u"r"_s});
+            report.group({rowsOf(u"g"_s, rows), title, 2});
         });
         const auto below = [](const auto& word) { return word.box.y() > 35; };
         EXPECT_EQ(std::ranges::count_if(pages[0].words, below), onFirstPage);
@@ -257,15 +258,15 @@ TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
         // A group that goes over to another page says again whose it is.
         EXPECT_EQ(pages.back().row(36).value(0) == title + u"（続き）"_s, rows == 40);
     }
-    const auto group = printReport([](ReportPage& page) { // the last two of a long group stay together
-        page.group({.rows = rowsOf(u"g"_s, 35), .label = u"総計"_s});
+    const auto group = printReport([](Report& report) { // the last two of a long group stay together
+        report.group({.rows = rowsOf(u"g"_s, 35), .label = u"総計"_s});
     });
     EXPECT_EQ(group.at(1).row(36) + group.at(1).row(42), (QStringList{u"総計"_s, u"g34"_s}));
     for (const int rows : {20, 21}) { // a blank row, title, heading and 20 rows fill the page
-        const auto pages = printReport([&](ReportPage& page) {
-            addRows(page, u"r"_s, 11);
-            page.newTable(u"市場性"_s, {{u"要因名"_s, 5, 60}}, rowsOf(u"t"_s, rows));
-            addRows(page, u"u"_s, 36 - rows);
+        const auto pages = printReport([&](Report& report) {
+            addRows(report, u"r"_s, 11);
+            report.newTable(u"市場性"_s, {{u"要因名"_s, 5, 60}}, rowsOf(u"t"_s, rows));
+            addRows(report, u"u"_s, 36 - rows);
         });
         EXPECT_EQ(pages.at(1).row(24), QStringList{rows == 20 ? u"市場性（続き）"_s : u"市場性"_s});
         EXPECT_EQ(pages.at(1).row(30), QStringList{u"要因名"_s});
@@ -273,11 +274,11 @@ TEST_F(ReportTest, WhatBelongsTogetherIsNotParted) {
 }
 
 TEST_F(ReportTest, TheLargestMatrixFitsThePage) {
-    const auto pages = printReport([](ReportPage& page) {
-        page.row({u"r"_s});
-        page.matrix(u"市場性"_s, QStringList(21, u"長い名前の要"_s),
-                    QList<QStringList>(21, QStringList(21, u"1/9"_s)));
-        page.matrix(u"成長性"_s, {QString(50, u'長'), u"短"_s}, {{u"－"_s, u"3"_s}, {u"1/3"_s, u"－"_s}});
+    const auto pages = printReport([](Report& report) {
+        report.row({u"r"_s});
+        report.matrix(u"市場性"_s, QStringList(21, u"長い名前の要"_s),
+                      QList<QStringList>(21, QStringList(21, u"1/9"_s)));
+        report.matrix(u"成長性"_s, {QString(50, u'長'), u"短"_s}, {{u"－"_s, u"3"_s}, {u"1/3"_s, u"－"_s}});
     });
     ASSERT_EQ(pages.size(), 1);
     EXPECT_EQ(pages[0].word(QString(50, u'長')).text, QString(50, u'長')); // beside two cells there is room
@@ -288,9 +289,9 @@ TEST_F(ReportTest, TheLargestMatrixFitsThePage) {
 
 TEST_F(ReportTest, EveryPageOfALongMessageHasItsRunningLine) {
     const auto letter = messageFile(QByteArray("line\r\n").repeated(100));
-    const auto pages = printReport([&](ReportPage& page) {
-        page.message(letter);
-        page.row({u"r"_s});
+    const auto pages = printReport([&](Report& report) {
+        report.message(letter);
+        report.row({u"r"_s});
     });
     ASSERT_EQ(pages.size(), 3);
     for (int i = 0; i < 3; ++i) EXPECT_EQ(pages[i].row(6).mid(3).join(u' '), u"− %1 −"_s.arg(i + 1));
@@ -298,12 +299,12 @@ TEST_F(ReportTest, EveryPageOfALongMessageHasItsRunningLine) {
 
 TEST_F(ReportTest, EachPartBeginsWithItsMessage) {
     const auto path = messageFile("~1~\r\n");
-    const auto pages = printReport([&](ReportPage& page) {
+    const auto pages = printReport([&](Report& report) {
         for (const auto& evaluator : {u"鈴木様"_s, u"佐藤様"_s}) {
-            print.MsgSlots[1] = u"message:"_s + evaluator;
-            page.newPart({evaluator, u"新製品（3回）"_s});
-            page.message(path);
-            page.row({u"r"_s});
+            output.MsgSlots[1] = u"message:"_s + evaluator;
+            report.newPart({evaluator, u"新製品（3回）"_s});
+            report.message(path);
+            report.row({u"r"_s});
         }
     });
     ASSERT_EQ(pages.size(), 2);

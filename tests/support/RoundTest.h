@@ -9,6 +9,7 @@
 #include "evaluation/Synthesis.h"
 #include "files/NewFile.h"
 #include "printing/MadeFiles.h"
+#include "printing/Printer.h"
 #include "rounds/EvaluatorRound.h"
 #include "support/PrintedPages.h"
 #include "support/ScreenTest.h"
@@ -32,7 +33,7 @@ class RoundTest : public ScreenTest {
         compareAll(1);
         for (const auto& other : {u"2,%1,1"_s, u"1,%1,9"_s}) copyRound(other);
         calculateAll(1); // with the others beside it
-        Common::Printer.onDocument(MadeFiles::add);
+        Printer::ofProgram().onDocument(MadeFiles::add);
         writeWholeFile(directory() + u"/file/message.txt"_s, u"~1~:~2~:~3~\r\n"_s.toUtf8());
     }
 

@@ -14,16 +14,16 @@
 #include "core/FactorNames.h"
 #include "files/NewFile.h"
 #include "printing/MadeFiles.h"
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 #include "sheets/TableFile.h"
 #include "support/Desktop.h"
 #include "support/Helpers.h"
 #include "support/PrintedPages.h"
 #include "support/ScreenTest.h"
 #include "support/Zip.h"
-#include "survey/AnswerForm.h"
+#include "survey/AnswerLayout.h"
 #include "survey/AnswerSheet.h"
-#include "survey/FormCheck.h"
+#include "survey/CheckedAnswers.h"
 #include "survey/QuestionnairePages.h"
 #include "survey/SurveyScreen.h"
 #include "text/TextConversion.h"
@@ -51,11 +51,12 @@ class SurveyTest : public ScreenTest {
         for (const auto& of : {u"2,%1,2,2"_s, u"2,%1,5,2"_s, u"1,%1,2,1"_s, u"1,%1,5,9"_s, u"1,%1,7,2"_s})
             for (const auto& pair : {u"1,11,12"_s, u"11,21,22"_s})
                 run(u"insert into 一対比較 values(%1,'2020/01/01',1,7)"_s.arg(of.arg(pair)));
-        Common::Printer.onDocument(MadeFiles::add);
+        Printer::ofProgram().onDocument(MadeFiles::add);
     }
     ProblemRound round() const { return {*Common::DbConn, 1, 2}; }
 
-    // The form of an evaluator as text, with these answers in its pairs: 11-12, then 21-22, 21-23, 22-23.
+    // The answer sheet of an evaluator as text, with these answers in its pairs: 11-12, then 21-22, 21-23,
+    // 22-23.
     QString filled(const QStringList& answers, qint32 evaluator = 2) {
         QStringList lines =
             QString::fromUtf8(
@@ -64,8 +65,8 @@ class SurveyTest : public ScreenTest {
         qsizetype next = 0;
         for (auto& line : lines) {
             auto cells = line.split(u',');
-            if (cells.size() != AnswerForm::columns || cells[AnswerForm::PairNo].toInt() == 0) continue;
-            cells[AnswerForm::Answer] = answers.value(next++);
+            if (cells.size() != AnswerLayout::columns || cells[AnswerLayout::PairNo].toInt() == 0) continue;
+            cells[AnswerLayout::Answer] = answers.value(next++);
             line = cells.join(u',');
         }
         return lines.join(u"\r\n"_s);
@@ -99,7 +100,7 @@ class SurveyTest : public ScreenTest {
     CheckedAnswers checked(const QString& path) {
         CheckedAnswers checked;
         readAnswers({path}, [&](const Answers& answers) {
-            checked = checkForm(*Common::DbConn, questionnaireOf(round()), answers);
+            checked = checkedAnswers(*Common::DbConn, questionnaireOf(round()), answers);
         });
         return checked;
     }
@@ -235,7 +236,7 @@ TEST_F(SurveyTest, EachFaultIsToldWithItsPlaceAndStopsTheFile) {
         QString text = filled(answersOfTwo);
         ASSERT_TRUE(text.contains(from)) << from.toStdString();
         const auto answers =
-            checked(saved(u"form.csv"_s, text.replace(text.indexOf(from), from.size(), to).toUtf8()));
+            checked(saved(u"answers.csv"_s, text.replace(text.indexOf(from), from.size(), to).toUtf8()));
         EXPECT_THAT(findingLines(answers), testing::Contains(told));
         EXPECT_EQ(answers.canBeStored(), told.startsWith(u"注意"));
     }
@@ -271,10 +272,10 @@ TEST_F(SurveyTest, CellsThatAreNoAnswersAndFilesThatAreNoFormsAreRefused) {
         {QByteArray("a\0b", 3), u"この形式では読めません。.xlsx で保存し直してください。"_s},
     };
 #ifndef __SANITIZE_ADDRESS__ // the reader has no limit of memory there
-    EXPECT_FALSE(checked(saved(u"form.xlsx"_s, bomb)).canBeStored());
+    EXPECT_FALSE(checked(saved(u"answers.xlsx"_s, bomb)).canBeStored());
 #endif
     for (const auto& [bytes, told] : cases) {
-        const auto answers = checked(saved(u"form.xlsx"_s, bytes));
+        const auto answers = checked(saved(u"answers.xlsx"_s, bytes));
         EXPECT_EQ(findingLines(answers), QStringList{u"誤り: "_s + told});
         EXPECT_FALSE(answers.canBeStored());
     }
@@ -285,7 +286,7 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
     const auto before = storedPairs(2);
     Common::Forms.show(screen);
     choose(screen, u"Combo1", 0);
-    auto* form = dynamic_cast<調査票*>(Common::Forms.find(screen));
+    auto* opened = dynamic_cast<調査票*>(Common::Forms.find(screen));
     const auto two = saved(u"2.csv"_s, filled(answersOfTwo).toUtf8());
     const auto five = saved(u"5.csv"_s, filled({u"右が 4"_s}, 5).toUtf8());
     const auto wrong = saved(u"x.csv"_s, filled({u"左が 0"_s}, 5).toUtf8());
@@ -314,8 +315,8 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
     click(screen, u"Command2");
     Common::Forms.show(screen);
     choose(screen, u"Combo1", 0);
-    form = dynamic_cast<調査票*>(Common::Forms.find(screen));
-    form->readFiles({two, five, wrong});
+    opened = dynamic_cast<調査票*>(Common::Forms.find(screen));
+    opened->readFiles({two, five, wrong});
     auto* table = control<QTableWidget>(screen, u"Table1");
     const auto row = [table](int index) {
         QStringList cells;
@@ -351,7 +352,7 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
     EXPECT_FALSE(control(screen, u"Command7")->isEnabled());
 
     // Which of two answers to the same goal counts, nobody can say.
-    form->readFiles({five, saved(u"5b.csv"_s, filled({u"左が 4"_s}, 5).toUtf8())});
+    opened->readFiles({five, saved(u"5b.csv"_s, filled({u"左が 4"_s}, 5).toUtf8())});
     table->selectRow(0); // what came before, with a fault of its own
     QTest::keyClick(table, Qt::Key_Delete);
     EXPECT_EQ(row(0), row(1));

@@ -1,5 +1,5 @@
-// The form that an evaluator fills in on a computer. Its rows are the same in a spreadsheet and in a text
-// file with commas; who writes it and who reads it agree here.
+// The answer sheet that an evaluator fills in on a computer. Its rows are the same in a spreadsheet and in a
+// text file with commas; who writes it and who reads it agree here.
 //
 //     調査票　防災・減災事業の優先順位（2回）
 //     課題番号      1  防災・減災事業の優先順位
@@ -14,7 +14,7 @@
 #include <QString>
 #include <optional>
 
-namespace AnswerForm {
+namespace AnswerLayout {
 
 using namespace Qt::StringLiterals;
 
@@ -36,4 +36,4 @@ QString choice(int position);
 // Blanks and full-width digits make no difference.
 std::optional<int> positionOf(const QString& answer);
 
-} // namespace AnswerForm
+} // namespace AnswerLayout

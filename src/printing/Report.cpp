@@ -1,13 +1,13 @@
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 
 #include <QDate>
 #include <algorithm>
 #include <utility>
 #include <vector>
 
-#include "judgement/ItemMark.h"
-#include "judgement/Limits.h"
 #include "text/Dates.h"
+#include "text/ItemMark.h"
+#include "text/TextColumns.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -31,8 +31,8 @@ constexpr double usualMatrixName = 80; // mm; longer names take what the cells l
 constexpr int cellRows = 5;            // at most, of a long text
 constexpr int hanging = 2;             // half-width columns by which the further rows of a text are moved
 
-double rightMargin(const PrintService& print) {
-    return print.LandscapeFlag == 1 ? landscapeRight : portraitRight;
+double rightMargin(const Output& output) {
+    return output.LandscapeFlag == 1 ? landscapeRight : portraitRight;
 }
 
 // Columns that stay free behind a number, so that its decimal point stands where four places put it.
@@ -70,7 +70,7 @@ qsizetype breakBefore(const QString& text, qsizetype most) {
 
 // A matrix on paper may have one item more than there are marks.
 QString mark(int item) {
-    return item <= mostChildren ? QString(itemMark(item)) : QString::number(item);
+    return item <= mostItemMarks ? QString(itemMark(item)) : QString::number(item);
 }
 
 const QString continued = u"（続き）"_s;
@@ -81,40 +81,40 @@ HeadingLine problemLine(const QString& problem, qint16 round) {
     return {problem, u"（%1回）"_s.arg(round)};
 }
 
-ReportPage::ReportPage(PrintService& print, ReportHeading heading, const DocumentName& document)
-    : print_(print), printer_(print.printer()), heading_(std::move(heading)) {
-    print_.ChooseReportPrinter();
+Report::Report(Output& output, ReportHeading heading, const DocumentName& document)
+    : output_(output), printer_(output.printer()), heading_(std::move(heading)) {
+    output_.ChooseReportPrinter();
     printer_.beginDocument(document);
-    print_.SetUpPage(static_cast<qint16>(heading_.columns.size()));
-    print_.PageContinued = [this] { printRunningLine(); };
+    output_.SetUpPage(static_cast<qint16>(heading_.columns.size()));
+    output_.PageContinued = [this] { printRunningLine(); };
 }
 
-ReportPage::~ReportPage() {
-    print_.PageContinued = {};
+Report::~Report() {
+    output_.PageContinued = {};
     if (!finished_) printer_.KillDoc();
 }
 
-void ReportPage::coveringLetter(const QString& path) {
+void Report::coveringLetter(const QString& path) {
     leavePage();
-    print_.PrintMessageFile(path, messageIndent, false);
+    output_.PrintMessageFile(path, messageIndent, false);
 }
 
-void ReportPage::message(const QString& path) {
+void Report::message(const QString& path) {
     leavePage();
     printRunningLine();
-    print_.PrintMessageFile(path, messageIndent, true);
+    output_.PrintMessageFile(path, messageIndent, true);
     pageStarted_ = true;
     linesPrinted_ = false;
 }
 
-void ReportPage::row(const QStringList& cells, int indent) {
+void Report::row(const QStringList& cells, int indent) {
     const auto row = layOut({cells, indent});
     keepTogether(row.height);
     openTable();
     printRow(row);
 }
 
-void ReportPage::group(const RowGroup& group) {
+void Report::group(const RowGroup& group) {
     std::vector<LaidRow> rows;
     for (const auto& row : group.rows) rows.push_back(layOut(row));
     const int title = group.title.isEmpty() ? 0 : acrossRows(group.title + continued, group.indent);
@@ -135,24 +135,24 @@ void ReportPage::group(const RowGroup& group) {
     }
 }
 
-void ReportPage::newTable(const QString& title, const QList<ReportColumn>& columns,
-                          const QList<ReportRow>& rows) {
+void Report::newTable(const QString& title, const QList<ReportColumn>& columns,
+                      const QList<ReportRow>& rows) {
     beginTable(title, columns);
     group({rows});
     openTable(); // also without rows
 }
 
-void ReportPage::group(int rows) {
+void Report::group(int rows) {
     beginRows(rows, std::min(rows, 2));
 }
 
-void ReportPage::newTable(const QString& title, const QList<ReportColumn>& columns, int rows) {
+void Report::newTable(const QString& title, const QList<ReportColumn>& columns, int rows) {
     beginTable(title, columns);
     beginRows(rows, std::min(rows, 2));
     openTable();
 }
 
-void ReportPage::beginTable(const QString& title, const QList<ReportColumn>& columns) {
+void Report::beginTable(const QString& title, const QList<ReportColumn>& columns) {
     closeTable();
     heading_.columns = columns;
     tableTitle_ = title;
@@ -160,20 +160,20 @@ void ReportPage::beginTable(const QString& title, const QList<ReportColumn>& col
 }
 
 // Makes room for all rows of a group, or for the first ones where a page does not take them all.
-void ReportPage::beginRows(int all, int first) {
+void Report::beginRows(int all, int first) {
     keepTogether(all <= rowsOfPage() ? all : first);
-    if (rowsPrinted_) drawRule(print_.LineNo, fineRule);
+    if (rowsPrinted_) drawRule(output_.LineNo, fineRule);
 }
 
-void ReportPage::matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells) {
+void Report::matrix(const QString& title, const QStringList& names, const QList<QStringList>& cells) {
     const auto count = static_cast<int>(names.size());
     QList<ReportRow> rows;
     double longest = 0;
     for (int i = 0; i < count; ++i) {
         rows.append({QStringList{mark(i + 1) + u' ' + names[i]} + cells[i]});
-        longest = std::max(longest, (PrintService::TextColumns(rows.last().cells[0]) + 1) * halfWidth);
+        longest = std::max(longest, (TextColumns(rows.last().cells[0]) + 1) * halfWidth);
     }
-    const double width = rightMargin(print_) - leftMargin;
+    const double width = rightMargin(output_) - leftMargin;
     const double name = std::min(std::max(usualMatrixName, longest), width - count * leastMatrixCell);
     const double cell = std::clamp((width - name) / count, leastMatrixCell, widestMatrixCell);
     QList<ReportColumn> columns{{QString(), leftMargin, name}};
@@ -182,22 +182,22 @@ void ReportPage::matrix(const QString& title, const QStringList& names, const QL
     newTable(title, columns, rows);
 }
 
-int ReportPage::footColumns() const {
-    return columnsIn(rightMargin(print_) - leftMargin);
+int Report::footColumns() const {
+    return columnsIn(rightMargin(output_) - leftMargin);
 }
 
-void ReportPage::newPart(const QList<HeadingLine>& lines) {
+void Report::newPart(const QList<HeadingLine>& lines) {
     leavePage();
     heading_.lines = lines;
 }
 
-void ReportPage::finish() {
+void Report::finish() {
     leavePage();
     finished_ = true; // when sending fails there is no document either
-    print_.EndDocument();
+    output_.EndDocument();
 }
 
-int ReportPage::headingRows() const {
+int Report::headingRows() const {
     int lines = 0;
     bool spanned = false;
     for (const auto& column : heading_.columns) {
@@ -209,7 +209,7 @@ int ReportPage::headingRows() const {
 }
 
 // What is printed between LineNo and the next row of the table.
-int ReportPage::rowsUntilTable() const {
+int Report::rowsUntilTable() const {
     if (tableOpen_) return 0;
     const int lines =
         linesPrinted_ || heading_.lines.size() < 2 ? 0 : static_cast<int>(heading_.lines.size());
@@ -217,77 +217,77 @@ int ReportPage::rowsUntilTable() const {
 }
 
 // Whether this many rows of the table fit below LineNo.
-bool ReportPage::fits(int rows) const {
-    return print_.LineNo + rowsUntilTable() + rows <= print_.MaxLines;
+bool Report::fits(int rows) const {
+    return output_.LineNo + rowsUntilTable() + rows <= output_.MaxLines;
 }
 
-void ReportPage::keepTogether(int rows) {
+void Report::keepTogether(int rows) {
     if (pageStarted_ && !fits(rows)) leavePage();
     if (!pageStarted_) startPage();
 }
 
 // Rows of the table that a fresh page takes.
-int ReportPage::rowsOfPage() const {
+int Report::rowsOfPage() const {
     const int lines = std::max(0, static_cast<int>(heading_.lines.size()) - 1);
-    return print_.MaxLines - firstRow - lines - 1 - acrossRows(tableTitle()) - headingRows();
+    return output_.MaxLines - firstRow - lines - 1 - acrossRows(tableTitle()) - headingRows();
 }
 
-void ReportPage::startPage() {
+void Report::startPage() {
     printRunningLine();
-    print_.LineNo = firstRow;
+    output_.LineNo = firstRow;
     printLines();
     pageStarted_ = true;
 }
 
-void ReportPage::leavePage() {
+void Report::leavePage() {
     closeTable();
     if (linesPrinted_ && !foot_.isEmpty())
-        printCell({{}, leftMargin, rightMargin(print_) - leftMargin}, foot_, print_.MaxLines + 1);
-    if (print_.LineNo > 0) print_.EndPage();
-    print_.LineNo = 0;
+        printCell({{}, leftMargin, rightMargin(output_) - leftMargin}, foot_, output_.MaxLines + 1);
+    if (output_.LineNo > 0) output_.EndPage();
+    output_.LineNo = 0;
     pageStarted_ = false;
     linesPrinted_ = false;
 }
 
-void ReportPage::openTable() {
+void Report::openTable() {
     if (tableOpen_) return;
     if (!linesPrinted_ && heading_.lines.size() > 1) {
-        ++print_.LineNo;
+        ++output_.LineNo;
         printLines();
     }
-    ++print_.LineNo;
+    ++output_.LineNo;
     if (!tableTitle_.isEmpty()) printAcross(tableTitle());
     tableContinued_ = true;
-    drawRule(print_.LineNo, heavyRule);
+    drawRule(output_.LineNo, heavyRule);
     printColumnHeadings();
-    if (headingRows() > 0) drawRule(print_.LineNo, heavyRule);
+    if (headingRows() > 0) drawRule(output_.LineNo, heavyRule);
     tableOpen_ = true;
     rowsPrinted_ = false;
 }
 
-void ReportPage::closeTable() {
-    if (tableOpen_) drawRule(print_.LineNo, heavyRule);
+void Report::closeTable() {
+    if (tableOpen_) drawRule(output_.LineNo, heavyRule);
     tableOpen_ = false;
     rowsPrinted_ = false;
 }
 
-void ReportPage::printRunningLine() {
-    const double width = rightMargin(print_) - leftMargin;
+void Report::printRunningLine() {
+    const double width = rightMargin(output_) - leftMargin;
     const double beside = (width - printer_.TextWidth(heading_.title)) / 2 - 2 * halfWidth;
-    const auto dateAndPage = u"%1   − %2 −"_s.arg(formatDate(QDate::currentDate())).arg(print_.PageNo + 1);
+    const auto dateAndPage = u"%1   − %2 −"_s.arg(formatDate(QDate::currentDate())).arg(output_.PageNo + 1);
     if (!heading_.lines.isEmpty())
         printCell({{}, leftMargin, beside}, cut(heading_.lines.first(), beside), titleRow);
     printCell({{}, leftMargin, width, Alignment::Centre}, heading_.title, titleRow);
     printCell({{}, leftMargin, width, Alignment::Right}, dateAndPage, titleRow);
 }
 
-void ReportPage::printLines() {
-    const double width = rightMargin(print_) - leftMargin;
+void Report::printLines() {
+    const double width = rightMargin(output_) - leftMargin;
     for (const auto& line : heading_.lines.mid(1)) printAcross(cut(line, width));
     linesPrinted_ = true;
 }
 
-void ReportPage::printColumnHeadings() {
+void Report::printColumnHeadings() {
     const auto& columns = heading_.columns;
     const int rows = headingRows();
     for (qsizetype i = 0; i < columns.size(); ++i) {
@@ -297,23 +297,23 @@ void ReportPage::printColumnHeadings() {
         if (column.alignment == Alignment::Point) column.alignment = Alignment::Right;
         const QStringList lines = column.heading.split(u'\n');
         for (qsizetype line = 0; line < lines.size(); ++line)
-            printCell(column, lines[line], static_cast<int>(print_.LineNo + rows - lines.size() + line));
+            printCell(column, lines[line], static_cast<int>(output_.LineNo + rows - lines.size() + line));
     }
-    print_.LineNo = static_cast<qint16>(print_.LineNo + rows);
+    output_.LineNo = static_cast<qint16>(output_.LineNo + rows);
 }
 
 // The upper heading of the column and its neighbours, with a fine rule between it and theirs.
-void ReportPage::printSpanningHeading(qsizetype first) {
+void Report::printSpanningHeading(qsizetype first) {
     const auto& columns = heading_.columns;
     auto last = first;
     while (last + 1 < columns.size() && columns[last + 1].over == columns[first].over) ++last;
     const double left = columns[first].left;
     const double right = columns[last].left + columns[last].width;
-    printCell({{}, left, right - left, Alignment::Centre}, columns[first].over, print_.LineNo);
-    printer_.Line(left + halfWidth, boundary(print_.LineNo + 1), right, boundary(print_.LineNo + 1));
+    printCell({{}, left, right - left, Alignment::Centre}, columns[first].over, output_.LineNo);
+    printer_.Line(left + halfWidth, boundary(output_.LineNo + 1), right, boundary(output_.LineNo + 1));
 }
 
-void ReportPage::printCell(const ReportColumn& column, const QString& text, int row) {
+void Report::printCell(const ReportColumn& column, const QString& text, int row) {
     const auto shown = isNumber(column) ? text : cut(text, column.width);
     double offset = 0;
     if (column.alignment != Alignment::Left) {
@@ -324,11 +324,11 @@ void ReportPage::printCell(const ReportColumn& column, const QString& text, int 
                      : spare - static_cast<double>(columnsBehind(text)) * halfWidth;
     }
     printer_.CurrentX = column.left + offset;
-    printer_.CurrentY = print_.LineHeight * row;
+    printer_.CurrentY = output_.LineHeight * row;
     printer_.Print(shown);
 }
 
-ReportPage::LaidRow ReportPage::layOut(const ReportRow& row) const {
+Report::LaidRow Report::layOut(const ReportRow& row) const {
     LaidRow laid{row.indent, {}, 1};
     for (qsizetype i = 0; i < std::min(row.cells.size(), heading_.columns.size()); ++i) {
         const auto column = columnOf(i, row.indent);
@@ -338,19 +338,19 @@ ReportPage::LaidRow ReportPage::layOut(const ReportRow& row) const {
     return laid;
 }
 
-void ReportPage::printRow(const LaidRow& row) {
+void Report::printRow(const LaidRow& row) {
     for (qsizetype i = 0; i < row.cells.size(); ++i) {
         auto column = columnOf(i, row.indent);
         for (qsizetype line = 0; line < row.cells[i].size(); ++line) {
-            printCell(column, row.cells[i][line], static_cast<int>(print_.LineNo + line));
+            printCell(column, row.cells[i][line], static_cast<int>(output_.LineNo + line));
             if (line == 0) column.left += hanging * halfWidth;
         }
     }
-    print_.LineNo = static_cast<qint16>(print_.LineNo + row.height);
+    output_.LineNo = static_cast<qint16>(output_.LineNo + row.height);
     rowsPrinted_ = true;
 }
 
-ReportColumn ReportPage::columnOf(qsizetype cell, int indent) const {
+ReportColumn Report::columnOf(qsizetype cell, int indent) const {
     auto column = heading_.columns[cell];
     if (cell == 0) {
         column.left += indent * halfWidth;
@@ -360,51 +360,49 @@ ReportColumn ReportPage::columnOf(qsizetype cell, int indent) const {
 }
 
 // The text in lines of this width; those behind the first leave room to be moved to the right.
-QStringList ReportPage::wrapped(const QString& text, double width) const {
+QStringList Report::wrapped(const QString& text, double width) const {
     QStringList lines;
     QString rest = text;
     for (int columns = columnsIn(width);
-         lines.size() + 1 < cellRows && PrintService::TextColumns(rest) > columns && columns > 1;
+         lines.size() + 1 < cellRows && TextColumns(rest) > columns && columns > 1;
          columns = columnsIn(width) - hanging) {
-        lines << leadingCharacters(rest, PrintService::FitChars(rest, static_cast<qint16>(columns)));
+        lines << leadingCharacters(rest, FitChars(rest, static_cast<qint16>(columns)));
         lines.last().truncate(breakBefore(rest, lines.last().size()));
         rest.remove(0, lines.last().size());
     }
     return lines << cut(rest, lines.isEmpty() ? width : width - hanging * halfWidth);
 }
 
-int ReportPage::acrossRows(const QString& text, int indent) const {
-    const double width = rightMargin(print_) - leftMargin - indent * halfWidth;
+int Report::acrossRows(const QString& text, int indent) const {
+    const double width = rightMargin(output_) - leftMargin - indent * halfWidth;
     return text.isEmpty() ? 0 : static_cast<int>(wrapped(text, width).size());
 }
 
-QString ReportPage::tableTitle() const {
+QString Report::tableTitle() const {
     return tableContinued_ && !tableTitle_.isEmpty() ? tableTitle_ + continued : tableTitle_;
 }
 
-QString ReportPage::cut(const QString& text, double width) const {
-    const auto columns = columnsIn(width);
-    if (PrintService::FitChars(text, columns) == characterCount(text)) return text;
-    return leadingCharacters(text, PrintService::FitChars(text, static_cast<qint16>(columns - 2))) + u'…';
+QString Report::cut(const QString& text, double width) const {
+    return cutToColumns(text, columnsIn(width));
 }
 
-QString ReportPage::cut(const HeadingLine& line, double width) const {
-    return cut(line.text, width - PrintService::TextColumns(line.tail) * halfWidth) + line.tail;
+QString Report::cut(const HeadingLine& line, double width) const {
+    return cut(line.text, width - TextColumns(line.tail) * halfWidth) + line.tail;
 }
 
 // A text over the whole width.
-void ReportPage::printAcross(const QString& text, int indent) {
+void Report::printAcross(const QString& text, int indent) {
     double left = leftMargin + indent * halfWidth;
-    for (const auto& line : wrapped(text, rightMargin(print_) - left)) {
-        printCell({{}, left, rightMargin(print_) - left}, line, print_.LineNo++);
+    for (const auto& line : wrapped(text, rightMargin(output_) - left)) {
+        printCell({{}, left, rightMargin(output_) - left}, line, output_.LineNo++);
     }
 }
 
-double ReportPage::boundary(int row) const {
-    return print_.LineHeight * row - ruleRise;
+double Report::boundary(int row) const {
+    return output_.LineHeight * row - ruleRise;
 }
 
-void ReportPage::drawRule(int row, int width) {
+void Report::drawRule(int row, int width) {
     const auto& columns = heading_.columns;
     if (columns.isEmpty()) return;
     const auto left = columns.first().left;

@@ -1,4 +1,4 @@
-#include "survey/AnswerForm.h"
+#include "survey/AnswerLayout.h"
 
 #include <QHash>
 #include <array>
@@ -6,7 +6,7 @@
 #include "judgement/ComparisonScale.h"
 #include "text/TextConversion.h"
 
-namespace AnswerForm {
+namespace AnswerLayout {
 
 QString heading(Column column) {
     static const std::array<QString, columns> headings{u"目的番号"_s, u"組"_s,       u"左の要因"_s,
@@ -40,4 +40,4 @@ std::optional<int> positionOf(const QString& answer) {
     return found == positions.constEnd() ? std::nullopt : std::optional(*found);
 }
 
-} // namespace AnswerForm
+} // namespace AnswerLayout

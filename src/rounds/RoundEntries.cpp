@@ -1,4 +1,4 @@
-#include "rounds/ReportSelection.h"
+#include "rounds/RoundEntries.h"
 
 #include "core/Common.h"
 #include "database/Recordset.h"

@@ -1,4 +1,4 @@
-#include "printing/PrintDocument.h"
+#include "printing/PdfDocument.h"
 
 #include <QFontMetricsF>
 #include <QPen>
@@ -31,7 +31,7 @@ QString printable(QString text) {
 
 } // namespace
 
-PrintDocument::PrintDocument(const QString& title) : buffer_(&bytes_), writer_(&buffer_) {
+PdfDocument::PdfDocument(const QString& title) : buffer_(&bytes_), writer_(&buffer_) {
     buffer_.open(QIODevice::WriteOnly);
     writer_.setResolution(dotsPerInch);
     writer_.setPageLayout({QPageSize(QPageSize::A4), orientation_, {}});
@@ -40,11 +40,11 @@ PrintDocument::PrintDocument(const QString& title) : buffer_(&bytes_), writer_(&
     setFont(u"ＭＳ ゴシック"_s);
 }
 
-PrintDocument::~PrintDocument() {
+PdfDocument::~PdfDocument() {
     if (painter_.isActive()) painter_.end(); // before the writer that it draws on
 }
 
-void PrintDocument::setFont(const QString& family) {
+void PdfDocument::setFont(const QString& family) {
     QFont font(family);
     font.setPointSizeF(fontPoints);
     // Columns are counted, so every character keeps the advance that the font designer gave it.
@@ -53,7 +53,7 @@ void PrintDocument::setFont(const QString& family) {
     font_ = QFont(font, &writer_);
 }
 
-void PrintDocument::openPage() {
+void PdfDocument::openPage() {
     if (pageOpen_) return;
     writer_.setPageOrientation(orientation_);
     const bool begun = painter_.isActive() ? writer_.newPage() : painter_.begin(&writer_);
@@ -61,7 +61,7 @@ void PrintDocument::openPage() {
     pageOpen_ = true;
 }
 
-void PrintDocument::text(QPointF topLeft, const QString& text) {
+void PdfDocument::text(QPointF topLeft, const QString& text) {
     if (text.isEmpty()) return;
     openPage();
     painter_.setFont(font_);
@@ -69,33 +69,33 @@ void PrintDocument::text(QPointF topLeft, const QString& text) {
     painter_.drawText(inDots(topLeft) + QPointF(0, ascent), printable(text));
 }
 
-double PrintDocument::textWidth(const QString& text) const {
+double PdfDocument::textWidth(const QString& text) const {
     // The device is asked for its resolution only.
     return QFontMetricsF(font_, const_cast<QPdfWriter*>(&writer_)).horizontalAdvance(printable(text)) /
            dotsPerMillimetre;
 }
 
-void PrintDocument::line(QPointF from, QPointF to, double width) {
+void PdfDocument::line(QPointF from, QPointF to, double width) {
     openPage();
     painter_.setPen(solidPen(width));
     painter_.drawLine(inDots(from), inDots(to));
 }
 
-void PrintDocument::box(const QRectF& frame, double width) {
+void PdfDocument::box(const QRectF& frame, double width) {
     openPage();
     painter_.setPen(solidPen(width));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawRect(QRectF(inDots(frame.topLeft()), inDots(frame.bottomRight())));
 }
 
-void PrintDocument::draw(const QRectF& frame, const std::function<void(QPainter&, const QRectF&)>& content) {
+void PdfDocument::draw(const QRectF& frame, const std::function<void(QPainter&, const QRectF&)>& content) {
     openPage();
     painter_.save();
     content(painter_, QRectF(inDots(frame.topLeft()), inDots(frame.bottomRight())));
     painter_.restore();
 }
 
-QByteArray PrintDocument::finish() {
+QByteArray PdfDocument::finish() {
     painter_.end();
     return bytes_;
 }

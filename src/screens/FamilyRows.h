@@ -5,12 +5,12 @@
 
 #include "core/FactorNames.h"
 #include "hierarchy/TreePlace.h"
-#include "printing/ReportPage.h"
+#include "printing/Report.h"
 
 // Family by family: below the name of the parent a row for each child, its name indented by its level. A row
 // has a `place`; `figures` gives the texts of the columns behind the name.
 template <typename Row, typename Figures>
-void printFamilies(ReportPage& page, FactorNames& names, const std::vector<Row>& rows, Figures figures) {
+void printFamilies(Report& report, FactorNames& names, const std::vector<Row>& rows, Figures figures) {
     for (std::size_t begin = 0; begin < rows.size();) {
         const auto end = familyEnd(rows, begin);
         const int level = rows[begin].place.level;
@@ -18,6 +18,6 @@ void printFamilies(ReportPage& page, FactorNames& names, const std::vector<Row>&
         for (; begin < end; ++begin)
             family.rows.append(
                 {QStringList{names[rows[begin].place.factorNo]} + figures(rows[begin]), 2 * level});
-        page.group(family);
+        report.group(family);
     }
 }

@@ -1,4 +1,4 @@
-#include "printing/DocumentFile.h"
+#include "printing/DocumentName.h"
 
 #include <QDateTime>
 
@@ -46,8 +46,8 @@ QString documentTitle(const DocumentName& name) {
     return joined(name, {});
 }
 
-QString writeDocument(const QString& folder, const DocumentName& name, const QString& type,
-                      const QByteArray& bytes) {
+QString writeNamedFile(const QString& folder, const DocumentName& name, const QString& type,
+                       const QByteArray& bytes) {
     const auto time = QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
     const auto path = [&, title = joined(name, time)](int number) {
         return u"%1/%2%3.%4"_s.arg(nativePath(folder), title, number == 1 ? QString() : u"_%1"_s.arg(number),

@@ -3,5 +3,7 @@
 
 #include <QChar>
 
+constexpr int mostItemMarks = 20;
+
 // ① for item 1 to ⑳ for item 20. Raises error 9 outside.
 QChar itemMark(int item);

@@ -1,4 +1,4 @@
-#include "survey/FormCheck.h"
+#include "survey/CheckedAnswers.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -17,9 +17,9 @@
 #include "judgement/Limits.h"
 #include "judgement/PairOrder.h"
 #include "judgement/PowerMethod.h"
-#include "rounds/ReportSelection.h"
+#include "rounds/RoundEntries.h"
 #include "rounds/RoundSelection.h"
-#include "survey/AnswerForm.h"
+#include "survey/AnswerLayout.h"
 #include "text/Dates.h"
 #include "text/Numbers.h"
 
@@ -196,7 +196,8 @@ class Check {
             goal.consistency +=
                 u"　ほかの回答ともっとも合わない組: %1（回答「%2」、ほかの回答からは「%3」）"_s.arg(
                     namedPair(goal, check.oddPair->source, check.oddPair->target),
-                    AnswerForm::choice(check.oddPair->given), AnswerForm::choice(check.oddPair->suggested));
+                    AnswerLayout::choice(check.oddPair->given),
+                    AnswerLayout::choice(check.oddPair->suggested));
     }
 
     // The pairs that the calculation's report will name.
@@ -255,7 +256,8 @@ int CheckedAnswers::inconsistent() const {
         std::ranges::count_if(complete, [](const auto& goal) { return !goal.isConsistent; }));
 }
 
-CheckedAnswers checkForm(Connection& connection, const Questionnaire& questionnaire, const Answers& answers) {
+CheckedAnswers checkedAnswers(Connection& connection, const Questionnaire& questionnaire,
+                              const Answers& answers) {
     CheckedAnswers checked;
     Check(questionnaire, answers, checked).run(connection);
     checked.replaced = goalsAnsweredBefore(connection, questionnaire, checked);

@@ -5,11 +5,11 @@
 
 #include "screens/Progress.h"
 
-class PrintService;
+class Output;
 struct RoundSelection;
 
 // What is chosen for one of the works only.
-struct ReportOptions {
+struct WorkOptions {
     bool showValues = true; // 個人結果: the evaluator's weights in the tree, or zeros
 };
 
@@ -17,7 +17,7 @@ struct ReportOptions {
 // told whose there are.
 enum class RoundUse { None, Makes, Takes };
 
-struct ReportWork {
+struct Work {
     QString screen;     // also title of its message boxes, and the name of its documents
     QString caption;    // of the button that does it
     QString option;     // of hollin-batch that asks for it
@@ -25,7 +25,7 @@ struct ReportWork {
     RoundUse use;       // what it has to do with the results of the round
     bool printsReport;  // whether there is an output target to choose
     // False when it was refused; the user has been told why.
-    bool (*run)(PrintService& print, const RoundSelection& chosen, const ReportOptions& options,
+    bool (*run)(Output& output, const RoundSelection& chosen, const WorkOptions& options,
                 const Progress& progress);
     QString whenNothing{}; // what the screen says of "%1" evaluators when there was no document to make
 };

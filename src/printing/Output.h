@@ -9,11 +9,11 @@
 
 // One for each report screen. Pages are a grid of rows, LineHeight mm high; the text of row r stands with its
 // top at LineHeight × r mm. Widths of texts are counted in half-width columns.
-class PrintService {
+class Output {
   public:
-    explicit PrintService(ReportPrinter& printer) : printer_(printer) {}
+    explicit Output(Printer& printer) : printer_(printer) {}
 
-    int Documents = 0; // handed out by this service so far
+    int Documents = 0; // handed out so far
 
     // State of the report screen.
     QString FileDir;        // message files and exported files
@@ -45,14 +45,6 @@ class PrintService {
     // Its device name, without choosing it; empty when no printer is installed.
     QString ReportDevice() const;
 
-    // Half-width columns of one character: 1 when its code in windows-31j is 0 to 254, 2 for all others,
-    // those that the code page lacks included.
-    static qint16 CharWidth(char32_t character);
-    // Columns of a text.
-    static int TextColumns(const QString& text);
-    // How many leading characters fit into `limit` columns. A surrogate pair is one character.
-    static qint16 FitChars(const QString& text, qint16 limit);
-
     // Begins the layout of a report: millimetres, font, counters at 0; landscape with 27 rows for a table of
     // 13 or more columns, else portrait with 40 rows.
     void SetUpPage(qint16 columns);
@@ -71,7 +63,7 @@ class PrintService {
     // cannot be written.
     void writeFile(const DocumentName& name, const QString& type, const QByteArray& bytes) const;
 
-    ReportPrinter& printer() { return printer_; }
+    Printer& printer() { return printer_; }
 
   private:
     QString targetName() const {
@@ -81,6 +73,6 @@ class PrintService {
     QString filled(QString line, const QString& place) const;
     void printWrapped(QString line, qint16 indent);
 
-    ReportPrinter& printer_;
+    Printer& printer_;
     bool onlyPdfFiles_ = false;
 };

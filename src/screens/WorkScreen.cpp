@@ -1,18 +1,18 @@
-#include "screens/ReportForm.h"
+#include "screens/WorkScreen.h"
 
 #include <QStyle>
 
 #include "rounds/AnsweredGoals.h"
-#include "rounds/ReportSelection.h"
+#include "rounds/RoundEntries.h"
 #include "rounds/RoundState.h"
-#include "ui_ReportForm.h"
+#include "ui_WorkScreen.h"
 #include "widgets/ListMark.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;
 
-ReportForm::ReportForm(const ReportWork& work)
-    : OutputScreen(work.screen), work_(work), ui_(std::make_unique<Ui::ReportForm>()) {
+WorkScreen::WorkScreen(const Work& work)
+    : OutputScreen(work.screen), work_(work), ui_(std::make_unique<Ui::WorkScreen>()) {
     ui_->setupUi(this);
     setWindowTitle(work.screen);
     ui_->Command7->setText(work.caption);
@@ -32,9 +32,9 @@ ReportForm::ReportForm(const ReportWork& work)
     onEvent(ui_->Command2, &QPushButton::clicked, [this] { end(); });
 }
 
-ReportForm::~ReportForm() = default;
+WorkScreen::~WorkScreen() = default;
 
-void ReportForm::offerFigures() {
+void WorkScreen::offerFigures() {
     auto* Command3 = new QPushButton(u"図(&G)…"_s);
     Command3->setObjectName(u"Command3"_s);
     Command3->setMinimumSize(ui_->Command2->minimumSize());
@@ -47,7 +47,7 @@ void ReportForm::offerFigures() {
     });
 }
 
-void ReportForm::Form_Load() {
+void WorkScreen::Form_Load() {
     MsgTitle = windowTitle();
     addStatusLine(); // what the screens add to the form is there by now
     loadOutput();
@@ -57,7 +57,7 @@ void ReportForm::Form_Load() {
     centre();
 }
 
-void ReportForm::Combo1_Click() {
+void WorkScreen::Combo1_Click() {
     const QString problemNo = entryNumber(ui_->Combo1->currentText());
     const QStringList evaluators = evaluatorEntries(*DbConn, problemNo);
     const QString round = currentRound(*DbConn, problemNo);
@@ -72,7 +72,7 @@ void ReportForm::Combo1_Click() {
 }
 
 // Whose results there are, in bold where not all are there or belong to the answers.
-void ReportForm::showState(const RoundState& state) {
+void WorkScreen::showState(const RoundState& state) {
     QFont font = ui_->results->font();
     font.setBold(!state.isComplete());
     ui_->results->setFont(font);
@@ -81,7 +81,7 @@ void ReportForm::showState(const RoundState& state) {
 }
 
 // A symbol at each evaluator whose comparisons of the round are not all there, with a tool tip.
-void ReportForm::markEvaluators(const RoundState& state) {
+void WorkScreen::markEvaluators(const RoundState& state) {
     for (int row = 0; row < ui_->List1->count(); ++row) {
         auto* item = ui_->List1->item(row);
         const int count = state.evaluators.at(static_cast<std::size_t>(row)).goals; // in the list's order
@@ -95,13 +95,13 @@ void ReportForm::markEvaluators(const RoundState& state) {
 }
 
 // A calculation takes what there is, also half of it.
-void ReportForm::tellWhatIsAmiss(const RoundSelection& chosen, const RoundState& state) {
+void WorkScreen::tellWhatIsAmiss(const RoundSelection& chosen, const RoundState& state) {
     std::vector<qint32> numbers;
     for (const auto& evaluator : chosen.evaluators) numbers.push_back(evaluator.number);
     if (const auto notes = state.notesOf(numbers); !notes.isEmpty()) say(told() + notes, true);
 }
 
-void ReportForm::Command7_Click() {
+void WorkScreen::Command7_Click() {
     // Whether the work succeeds or fails, the screen is ready for the next choice afterwards.
     const auto hideProgress = progressGuard();
     const auto chosen = chosenRound(ui_->Combo1, ui_->List1, ui_->Label5);
@@ -109,7 +109,7 @@ void ReportForm::Command7_Click() {
     const auto count = chosen->evaluators.size();
     const bool accepted = makeDocuments(
         work_.hasEvaluators ? u"%1 名："_s.arg(count) : QString(),
-        [&] { return work_.run(print_, *chosen, options, progress()); },
+        [&] { return work_.run(output_, *chosen, options, progress()); },
         work_.whenNothing.isEmpty() ? u"作成した書類はありません。"_s : work_.whenNothing.arg(count));
     if (!accepted) return goTo(listToMend(ui_->Combo1, ui_->List1));
     if (work_.use == RoundUse::Makes) {
@@ -120,6 +120,6 @@ void ReportForm::Command7_Click() {
     worked(*chosen);
 }
 
-QVBoxLayout* ReportForm::optionsLayout() {
+QVBoxLayout* WorkScreen::optionsLayout() {
     return ui_->options;
 }

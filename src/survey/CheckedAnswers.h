@@ -1,4 +1,5 @@
-// Sets a form that came back against the database: whether it may be stored, and what is to be said of it.
+// Sets an answer sheet that came back against the database: whether it may be stored, and what is to be said
+// of it.
 #pragma once
 
 #include <QStringList>
@@ -21,10 +22,10 @@ struct CompleteGoal {
 struct CheckedAnswers {
     QString path;
     Factor evaluator;
-    QString problemAndRound; // as the form says
+    QString problemAndRound; // as the answer sheet says
     int goals = 0;           // of the questionnaire
     QList<CompleteGoal> complete;
-    QStringList open; // the other goals, when the form could be set against them
+    QStringList open; // the other goals, when the answer sheet could be set against them
     QList<Finding> findings;
     int replaced = 0; // complete goals for which there are answers already
 
@@ -36,7 +37,8 @@ struct CheckedAnswers {
 // Whether the answers belong to the questionnaire as it stands and to one of its evaluators, which goals are
 // complete, and how consistent they are. A goal that was not begun is no fault, one that was begun and not
 // ended is a notice; it is not stored.
-CheckedAnswers checkForm(Connection& connection, const Questionnaire& questionnaire, const Answers& answers);
+CheckedAnswers checkedAnswers(Connection& connection, const Questionnaire& questionnaire,
+                              const Answers& answers);
 // Two files must not answer the same goal for the same evaluator: adds the faults to both.
 void checkAgainstEachOther(QList<CheckedAnswers>& files);
 

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <utility>
 
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 
 // Point: the decimal points stand below each other, with room for four places behind them, whatever places
 // the numbers have ("0.25", "1", "0.1234").
@@ -59,19 +59,19 @@ struct RowGroup {
 // printed again on the next one. A report of 13 or more columns is in landscape. What an error interrupts is
 // discarded.
 //
-//     ReportPage page(print, {u"分析出力"_s, {u"評価者 3名"_s, u"変動度:A"_s},
+//     Report report(output, {u"分析出力"_s, {u"評価者 3名"_s, u"変動度:A"_s},
 //                             {{u"要因名"_s, 5, 90}, {u"最小値"_s, 95, 25, Alignment::Point}}},
 //                     {u"分析出力"_s, problemName, {}});
-//     page.group({rowsOf(factors), parent.name});
-//     page.newTable(u"総合評価値（最終レベル）"_s, columns, rowsOf(lastLevel));
-//     page.finish();
-class ReportPage {
+//     report.group({rowsOf(factors), parent.name});
+//     report.newTable(u"総合評価値（最終レベル）"_s, columns, rowsOf(lastLevel));
+//     report.finish();
+class Report {
   public:
     // Chooses the printer, sets up the page and begins the document. Raises error 482 without a printer.
-    ReportPage(PrintService& print, ReportHeading heading, const DocumentName& document);
-    ~ReportPage();
-    ReportPage(const ReportPage&) = delete;
-    ReportPage& operator=(const ReportPage&) = delete;
+    Report(Output& output, ReportHeading heading, const DocumentName& document);
+    ~Report();
+    Report(const Report&) = delete;
+    Report& operator=(const Report&) = delete;
 
     // Prints a message file on a page of its own, as a covering letter. The pages on which a long one goes on
     // have the running line.
@@ -141,8 +141,8 @@ class ReportPage {
     QString cut(const QString& text, double width) const;
     QString cut(const HeadingLine& line, double width) const;
 
-    PrintService& print_;
-    ReportPrinter& printer_;
+    Output& output_;
+    Printer& printer_;
     ReportHeading heading_;
     QString tableTitle_;
     QString foot_;

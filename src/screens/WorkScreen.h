@@ -5,18 +5,18 @@
 
 #include "rounds/RoundSelection.h"
 #include "screens/OutputScreen.h"
-#include "screens/ReportWork.h"
+#include "screens/Work.h"
 
 namespace Ui {
-class ReportForm;
+class WorkScreen;
 }
 struct RoundState;
 class QVBoxLayout;
 
-class ReportForm : public OutputScreen {
+class WorkScreen : public OutputScreen {
   public:
-    explicit ReportForm(const ReportWork& work);
-    ~ReportForm() override;
+    explicit WorkScreen(const Work& work);
+    ~WorkScreen() override;
 
     void Form_Load() override;
 
@@ -31,7 +31,7 @@ class ReportForm : public OutputScreen {
     virtual void problemChosen(const std::optional<ProblemRound>& /*of*/) {}
     virtual void worked(const RoundSelection& /*chosen*/) {}
 
-    ReportOptions options;
+    WorkOptions options;
 
   private:
     void Combo1_Click();   // a problem: its round, its evaluators, whose results are there
@@ -40,6 +40,6 @@ class ReportForm : public OutputScreen {
     void markEvaluators(const RoundState& state);
     void tellWhatIsAmiss(const RoundSelection& chosen, const RoundState& state);
 
-    const ReportWork& work_;
-    std::unique_ptr<Ui::ReportForm> ui_;
+    const Work& work_;
+    std::unique_ptr<Ui::WorkScreen> ui_;
 };

@@ -15,12 +15,12 @@
 
 // Positions are millimetres from the upper left edge of the paper. A page comes into being with the first
 // thing drawn on it, so ending a page twice, or ending the last one, leaves no empty page.
-class PrintDocument {
+class PdfDocument {
   public:
-    explicit PrintDocument(const QString& title);
-    ~PrintDocument();
-    PrintDocument(const PrintDocument&) = delete;
-    PrintDocument& operator=(const PrintDocument&) = delete;
+    explicit PdfDocument(const QString& title);
+    ~PdfDocument();
+    PdfDocument(const PdfDocument&) = delete;
+    PdfDocument& operator=(const PdfDocument&) = delete;
 
     // Of the family at 10 pt.
     void setFont(const QString& family);

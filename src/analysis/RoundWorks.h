@@ -3,8 +3,8 @@
 
 #include <span>
 
-#include "screens/ReportWork.h"
+#include "screens/Work.h"
 
-std::span<const ReportWork> reportWorks();
+std::span<const Work> roundWorks();
 // The work of a screen.
-const ReportWork& reportWork(const QString& screen);
+const Work& roundWork(const QString& screen);

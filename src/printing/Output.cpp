@@ -1,13 +1,13 @@
-#include "printing/PrintService.h"
+#include "printing/Output.h"
 
 #include <algorithm>
-#include <array>
 
 #include "files/NewFile.h"
 #include "files/Settings.h"
 #include "files/TextFile.h"
-#include "printing/DocumentFile.h"
+#include "printing/DocumentName.h"
 #include "text/Dates.h"
+#include "text/TextColumns.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
@@ -37,32 +37,32 @@ int slotNumber(QStringView marker) {
 
 } // namespace
 
-void PrintService::load(const QString& appDir) {
+void Output::load(const QString& appDir) {
     FileDir = appDir + u"\\file"_s;
     MaxLines = 65;
     LineHeight = 6;
     PageNo = 0;
     LineNo = 0;
     LandscapeFlag = 0;
-    PdfPrinterName = readSetting(printers, u"Pdf"_s, ReportPrinter::pdfFiles().DeviceName);
+    PdfPrinterName = readSetting(printers, u"Pdf"_s, Printer::pdfFiles().DeviceName);
     OfficePrinterName = readSetting(printers, u"Office"_s, u"SHARP AR-266FP SPDL2_T1"_s);
-    printer_.setScaleMode(ReportPrinter::Millimetres);
+    printer_.setScaleMode(Printer::Millimetres);
     printer_.setFont(reportFont);
     printer_.setOutputFolder(FileDir);
     removeAbandonedFiles(FileDir);
     OutputTarget = officeTarget;
 }
 
-void PrintService::ToggleOutputTarget() {
+void Output::ToggleOutputTarget() {
     OutputTarget = OutputTarget != officeTarget ? officeTarget : pdfTarget;
 }
 
-void PrintService::makePdfFilesOnly() {
+void Output::makePdfFilesOnly() {
     OutputTarget = pdfTarget;
     onlyPdfFiles_ = true;
 }
 
-void PrintService::SelectPrinter(const QString& deviceName) {
+void Output::SelectPrinter(const QString& deviceName) {
     for (const auto& device : printer_.Printers()) {
         if (device.DeviceName != deviceName) continue;
         printer_.select(device);
@@ -70,50 +70,21 @@ void PrintService::SelectPrinter(const QString& deviceName) {
     }
 }
 
-void PrintService::ChooseReportPrinter() {
-    if (onlyPdfFiles_) return printer_.select(ReportPrinter::pdfFiles());
+void Output::ChooseReportPrinter() {
+    if (onlyPdfFiles_) return printer_.select(Printer::pdfFiles());
     SelectPrinter(targetName());
 }
 
-QString PrintService::ReportDevice() const {
+QString Output::ReportDevice() const {
     const auto printers = printer_.Printers();
     const QString name = targetName();
     const bool installed = std::ranges::find(printers, name, &PrinterDevice::DeviceName) != printers.end();
     return installed ? name : printer_.DeviceName();
 }
 
-qint16 PrintService::CharWidth(char32_t character) {
-    // Each character is looked up in the code page once: reports ask for the same few thousand all the time.
-    static std::array<qint8, 0x10000> known{};
-    const auto width = [character]() -> qint8 {
-        const auto code = characterInCodePage(character);
-        return code && code->size() == 1 && static_cast<unsigned char>(code->front()) < 255 ? 1 : 2;
-    };
-    if (character >= known.size()) return width();
-    if (known[character] == 0) known[character] = width();
-    return known[character];
-}
-
-int PrintService::TextColumns(const QString& text) {
-    int columns = 0;
-    for (const char32_t character : text.toUcs4()) columns += CharWidth(character);
-    return columns;
-}
-
-qint16 PrintService::FitChars(const QString& text, qint16 limit) {
-    qint16 fitting = 0;
-    int columns = 0;
-    for (const char32_t character : text.toUcs4()) {
-        columns += CharWidth(character);
-        if (columns > limit) break;
-        ++fitting;
-    }
-    return fitting;
-}
-
-void PrintService::SetUpPage(qint16 columns) {
+void Output::SetUpPage(qint16 columns) {
     const bool landscape = columns >= landscapeColumns;
-    printer_.setScaleMode(ReportPrinter::Millimetres);
+    printer_.setScaleMode(Printer::Millimetres);
     printer_.setFont(reportFont);
     LineHeight = 6;
     PageNo = 0;
@@ -123,22 +94,22 @@ void PrintService::SetUpPage(qint16 columns) {
     LandscapeFlag = landscape ? 1 : 0;
 }
 
-void PrintService::EndPage() {
+void Output::EndPage() {
     if (printer_.EndPage()) ++PageNo;
     if (LandscapeFlag == 1) printer_.setOrientation(Orientation::Landscape);
 }
 
-void PrintService::EndDocument() {
+void Output::EndDocument() {
     printer_.EndDoc();
     ++Documents;
 }
 
-void PrintService::writeFile(const DocumentName& name, const QString& type, const QByteArray& bytes) const {
-    const auto path = writeDocument(FileDir, name, type, bytes);
+void Output::writeFile(const DocumentName& name, const QString& type, const QByteArray& bytes) const {
+    const auto path = writeNamedFile(FileDir, name, type, bytes);
     if (FileExported) FileExported(path);
 }
 
-QString PrintService::filled(QString line, const QString& place) const {
+QString Output::filled(QString line, const QString& place) const {
     qsizetype from = 0;
     while ((from = line.indexOf(u'~', from)) >= 0) {
         const auto to = line.indexOf(u'~', from + 1);
@@ -158,7 +129,7 @@ QString PrintService::filled(QString line, const QString& place) const {
     return line;
 }
 
-void PrintService::printWrapped(QString line, qint16 indent) {
+void Output::printWrapped(QString line, qint16 indent) {
     const QString padding(indent, u' ');
     while (!line.isEmpty()) {
         if (LineNo >= MaxLines) {
@@ -176,14 +147,14 @@ void PrintService::printWrapped(QString line, qint16 indent) {
     }
 }
 
-void PrintService::fillSlots(const QString& evaluator, const QString& problem, qint16 round) {
+void Output::fillSlots(const QString& evaluator, const QString& problem, qint16 round) {
     MsgSlots[0] = formatDate(QDate::currentDate());
     MsgSlots[1] = evaluator + u"様"_s;
     MsgSlots[2] = problem;
     MsgSlots[3] = QString::number(round);
 }
 
-void PrintService::PrintMessageFile(const QString& path, qint16 indent, bool keepPage) {
+void Output::PrintMessageFile(const QString& path, qint16 indent, bool keepPage) {
     if (indent < 0 || indent > messageColumns - 2) throw RuntimeError(ErrorCode::InvalidCall);
     LineNo = messageFirstRow;
     int number = 0;
