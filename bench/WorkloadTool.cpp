@@ -7,6 +7,7 @@
 #include "core/Schema.h"
 #include "database/Connection.h"
 #include "database/DatabaseFile.h"
+#include "files/NewFile.h"
 
 int main(int argc, char* argv[]) {
     if (argc < 2 || argc > 3) {
