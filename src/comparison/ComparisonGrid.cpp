@@ -6,6 +6,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "comparison/ComparisonSession.h"
 #include "comparison/StoredComparisons.h"
 #include "database/Recordset.h"
 #include "judgement/AnswerCheck.h"

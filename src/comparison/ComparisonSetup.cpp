@@ -1,5 +1,6 @@
 #include "comparison/ComparisonSetup.h"
 
+#include "comparison/ComparisonSession.h"
 #include "core/NumberedNames.h"
 #include "database/Recordset.h"
 #include "rounds/AnsweredGoals.h"

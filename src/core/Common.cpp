@@ -20,27 +20,9 @@ BoundedArray<qint32, 101> EvaluatorNos;
 qint16 EvaluatorCount = 0;
 QString RoundEntry;
 qint16 RoundCount = 0;
-QString CmpProblemName;
-qint32 CmpProblemNo = 0;
-qint32 CmpEvaluatorNo = 0;
-QString CmpEvaluatorName;
-QString CmpDate;
-qint16 CmpRound = 0;
-std::vector<NumberedName> PickList;
-qint16 PickCount = -1;
 qint16 EvaluatorLoadFailed = 0;
-qint32 StructProblemNo = 0;
-std::vector<NumberedName> StructList;
 MessagePresenter Presenter = consolePresenter();
 std::function<void(const QString&)> HelpPresenter = [](const QString&) {};
-
-namespace {
-
-void requireWidth(qint16 width) {
-    if (width < 0) throw RuntimeError(ErrorCode::InvalidCall);
-}
-
-} // namespace
 
 void openDatabase(const QString& applicationDirectory) {
     makeDurable(); // the connection that goes must not take unsaved rows with it
@@ -83,14 +65,6 @@ bool confirmDiscard(const QString& text) {
     return showMessage(MessageStyle::Discard) == MessageAnswer::Yes;
 }
 
-Value NullToZero(const Value& value) {
-    return value.isNull() || value.isEmptyText() ? Value(0) : value;
-}
-
-QString NullToEmpty(const Value& value) {
-    return value.isNull() ? QString() : value.toText();
-}
-
 bool CheckProblemChosen() {
     const QString entry = ProblemEntry.trimmed();
     if (entry.isEmpty()) {
@@ -128,22 +102,6 @@ bool CheckRoundAndEvaluator() {
     const bool roundChosen = CheckRoundChosen();
     const bool evaluatorChosen = CheckEvaluatorChosen();
     return roundChosen && evaluatorChosen;
-}
-
-QString PadWidth(const QString& text, qint16& width, const qint16& fullWidth) {
-    const bool isWide = fullWidth != 0;
-    if (isWide) width = static_cast<qint16>(width / 2);
-    requireWidth(width);
-    const QString converted = isWide ? toFullWidth(text) : toHalfWidth(text);
-    const auto padding = width - characterCount(converted);
-    if (padding > 0) return converted + QString(padding, isWide ? QChar(0x3000) : QChar(u' '));
-    return leadingCharacters(converted, width);
-}
-
-QString PadLeft(const QString& text, const qint16& width) {
-    requireWidth(width);
-    const auto padding = width - characterCount(text);
-    return padding > 0 ? QString(padding, u' ') + text : leadingCharacters(text, width);
 }
 
 } // namespace Common

@@ -10,7 +10,6 @@
 #include "database/Connection.h"
 #include "text/BoundedArray.h"
 #include "text/MessageBox.h"
-#include "text/Value.h"
 
 namespace Common {
 
@@ -35,19 +34,7 @@ extern qint16 EvaluatorCount;
 extern QString RoundEntry;
 extern qint16 RoundCount;
 
-extern QString CmpProblemName;
-extern qint32 CmpProblemNo;
-extern qint32 CmpEvaluatorNo;
-extern QString CmpEvaluatorName;
-extern QString CmpDate; // "yyyy/mm/dd"
-extern qint16 CmpRound;
-
-extern std::vector<NumberedName> PickList;
-extern qint16 PickCount; // index into PickList, -1: none chosen
 extern qint16 EvaluatorLoadFailed;
-
-extern qint32 StructProblemNo;
-extern std::vector<NumberedName> StructList;
 
 // What the program shows with: who presents message boxes and the manual.
 extern MessagePresenter Presenter;
@@ -78,11 +65,6 @@ bool confirm(const QString& text);
 // The same for a Yes that loses what the user has entered: Enter answers No.
 bool confirmDiscard(const QString& text);
 
-// The value, or 0 for null and "".
-Value NullToZero(const Value& value);
-// "" for null, otherwise the value as text.
-QString NullToEmpty(const Value& value);
-
 // Each says in a message box what is missing and returns false. CheckEvaluatorChosen raises error 5 for an
 // entry without ":".
 bool CheckProblemChosen();
@@ -90,12 +72,5 @@ bool CheckEvaluatorChosen();
 bool CheckRoundChosen();
 // Both checks, always both: when both are missing the user sees both messages, the round's first.
 bool CheckRoundAndEvaluator();
-
-// The text in full-width (flag set; `width` is halved for the caller too) or half-width characters, padded on
-// the right or cut to `width` characters. Raises error 5 for a negative width.
-QString PadWidth(const QString& text, qint16& width, const qint16& fullWidth);
-// The text padded with blanks on the left or cut to its first `width` characters. Raises error 5 for a
-// negative width.
-QString PadLeft(const QString& text, const qint16& width);
 
 } // namespace Common

@@ -14,6 +14,13 @@
 using namespace Qt::StringLiterals;
 using namespace Common;
 
+namespace Common {
+
+qint32 StructProblemNo = 0;
+std::vector<NumberedName> StructList;
+
+} // namespace Common
+
 namespace {
 
 constexpr int factorColumn = 1;

@@ -8,6 +8,14 @@
 #include "hierarchy/StructureTables.h"
 #include "hierarchy/StructureTree.h"
 
+namespace Common {
+
+// The problem that is shown, and the editor's working list.
+extern qint32 StructProblemNo;
+extern std::vector<NumberedName> StructList;
+
+} // namespace Common
+
 class ListSearch;
 namespace Ui {
 class StructureEditor;

@@ -7,6 +7,7 @@
 #include "database/Recordset.h"
 #include "files/Settings.h"
 #include "text/Numbers.h"
+#include "text/Padding.h"
 #include "text/RuntimeError.h"
 #include "ui_ListDialog.h"
 #include "widgets/Controls.h"
@@ -14,6 +15,13 @@
 
 using namespace Qt::StringLiterals;
 using namespace Common;
+
+namespace Common {
+
+std::vector<NumberedName> PickList;
+qint16 PickCount = -1;
+
+} // namespace Common
 
 namespace {
 

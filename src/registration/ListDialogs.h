@@ -6,6 +6,14 @@
 #include "core/Screen.h"
 #include "database/Sql.h"
 
+namespace Common {
+
+// The problems of the list that was shown last, in the order of its rows.
+extern std::vector<NumberedName> PickList;
+extern qint16 PickCount; // index into PickList, -1: none chosen
+
+} // namespace Common
+
 class Recordset;
 namespace Ui {
 class ListDialog;

@@ -3,6 +3,7 @@
 #include <QEvent>
 
 #include "database/Recordset.h"
+#include "registration/ListDialogs.h"
 #include "text/Numbers.h"
 #include "ui_ProblemConfiguration.h"
 

@@ -37,3 +37,15 @@ qint32 Value::toLong() const {
 qint16 Value::toInteger() const {
     return ::toInteger(toDouble());
 }
+
+namespace Common {
+
+Value NullToZero(const Value& value) {
+    return value.isNull() || value.isEmptyText() ? Value(0) : value;
+}
+
+QString NullToEmpty(const Value& value) {
+    return value.isNull() ? QString() : value.toText();
+}
+
+} // namespace Common

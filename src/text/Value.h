@@ -36,3 +36,12 @@ class Value {
 
 // Values of a record by the names of their columns.
 using NamedValues = std::vector<std::pair<QString, Value>>;
+
+namespace Common {
+
+// The value, or 0 for null and "".
+Value NullToZero(const Value& value);
+// "" for null, otherwise the value as text.
+QString NullToEmpty(const Value& value);
+
+} // namespace Common

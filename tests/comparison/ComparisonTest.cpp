@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "comparison/ComparisonSession.h"
 #include "comparison/GoalAspects.h"
 #include "database/Recordset.h"
 #include "files/NewFile.h"

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "support/ScreenTest.h"
+#include "text/Padding.h"
 
 using namespace Qt::StringLiterals;
 using namespace Common;

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <set>
 
+#include "comparison/ComparisonSession.h"
 #include "support/ScreenTest.h"
 #include "widgets/ElidedLabel.h"
 

@@ -1,6 +1,7 @@
 #include <QSettings>
 #include <QTest>
 
+#include "registration/ListDialogs.h"
 #include "registration/RegistrationTest.h"
 
 class ListDialogsTest : public RegistrationTest {

@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "registration/ListDialogs.h"
 #include "registration/RegistrationTest.h"
 
 class ProblemConfigurationTest : public RegistrationTest {
