@@ -51,6 +51,7 @@ void Screen::sayOf(const QStringList& names, const ElidedLabel::Sentence& senten
     QFont font = status_->font();
     font.setBold(warns);
     status_->setFont(font);
+    status_->setWrapped(false);
     status_->setSentence(names, sentence);
     status_->setAccessibleName(status_->text());
     QAccessibleEvent changed(status_, QAccessible::NameChanged);
@@ -61,17 +62,36 @@ QString Screen::told() const {
     return status_ == nullptr ? QString() : status_->text();
 }
 
+void Screen::sayRunning(const QString& text) {
+    say(text);
+    if (status_ != nullptr) status_->setWrapped(true);
+    running_ = text;
+}
+
+void Screen::endRunning() {
+    if (told() == running_) say({});
+}
+
 QWidget* Screen::lineBelow() const {
     return status_;
 }
 
 void Screen::clearStatus() {
-    done_.clear();
+    setDone({});
     say({});
 }
 
+void Screen::setDoneOf(const QStringList& names, const ElidedLabel::Sentence& sentence) {
+    doneNames_ = names;
+    done_ = sentence;
+}
+
+void Screen::sayWithDone(const QString& words, bool warns) {
+    sayOf(doneNames_, [words, done = done_](const QStringList& names) { return words + done(names); }, warns);
+}
+
 void Screen::sayFailed(const QString& caption) {
-    say(u"「%1」を完了できませんでした。"_s.arg(caption) + done_, true);
+    sayWithDone(u"「%1」を完了できませんでした。"_s.arg(caption), true);
 }
 
 bool Screen::hasInput() const {

@@ -57,11 +57,19 @@ class Screen : public Form {
     // The same about things with names: where the line has no room, the names are cut.
     void sayOf(const QStringList& names, const ElidedLabel::Sentence& sentence, bool warns = false);
     QString told() const; // what it says now
+    // How far the action under way is: in as many lines as the text needs, until the action says what it did.
+    void sayRunning(const QString& text);
+    void endRunning();
     void clearStatus();
     // What the action under way has done already: an error does not take it back, and the line that tells of
     // the error tells it, too.
-    void setDone(const QString& text) { done_ = text; }
-    const QString& done() const { return done_; }
+    void setDone(const QString& text) {
+        setDoneOf({}, [text](const QStringList&) { return text; });
+    }
+    void setDoneOf(const QStringList& names, const ElidedLabel::Sentence& sentence);
+    // What is done, behind other words; names are cut in it as `sayOf` does.
+    void sayWithDone(const QString& words, bool warns = false);
+    bool hasDone() const { return !done_(doneNames_).isEmpty(); }
 
     // Whether leaving would lose what was typed without a question: then Esc does not leave.
     virtual bool hasInput() const;
@@ -95,5 +103,7 @@ class Screen : public Form {
     void sayFailed(const QString& caption);
 
     ElidedLabel* status_ = nullptr;
-    QString done_;
+    QStringList doneNames_;
+    ElidedLabel::Sentence done_ = [](const QStringList&) { return QString(); };
+    QString running_;
 };

@@ -43,7 +43,7 @@ void 評価者登録::Form_Load() {
     try {
         ui_->Text1->setText(proposedNumber());
         ui_->Text3->setFocus(); // the number is there already
-        Forms.show(list());
+        showList();
     } catch (const RuntimeError& error) {
         MsgText = error.description();
         showMessage(MessageStyle::Exclamation, QString::number(error.number()) + u"評価者テーブルエラー"_s);

@@ -54,7 +54,7 @@ void FactorRegistration::Form_Load() {
     centre();
     ui_->Text1->setText(proposedNumber());
     ui_->Text2->setFocus(); // the number is there already
-    Forms.show(list());
+    showList();
 }
 
 void FactorRegistration::Command1_Click() {

@@ -28,7 +28,7 @@ using namespace Common;
 void 課題構成登録::Form_Load() {
     centre();
     MsgTitle = u"課題登録"_s; // users know the messages about problems under this title
-    Forms.show(list());
+    showList();
 }
 
 bool 課題構成登録::eventFilter(QObject* watched, QEvent* event) {

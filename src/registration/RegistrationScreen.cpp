@@ -15,6 +15,11 @@ void RegistrationScreen::Command4_Click() {
     Forms.unload(name());
 }
 
+void RegistrationScreen::showList() {
+    Forms.show(list_);
+    if (const Form* list = Forms.find(list_)) stepAside(*list);
+}
+
 bool RegistrationScreen::refusedAt(QWidget* field, const QString& text) {
     refuseAt(field, text);
     return false;

@@ -12,6 +12,8 @@ class RegistrationScreen : public Screen {
 
   protected:
     const QString& list() const { return list_; }
+    // Opens the list, which has a place of its own: where that is the screen's, the screen moves.
+    void showList();
 
     // Back to the registration menu.
     void Command4_Click();

@@ -15,9 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// How many; nothing for none.
+// How many, or the name of the only file, for "%1"; nothing for none.
 QString countOf(const QStringList& files, const QStringList& documents) {
-    if (files.size() == 1) return u"%1 を作成しました。"_s.arg(QFileInfo(files.constFirst()).fileName());
+    if (files.size() == 1) return u"%1 を作成しました。"_s;
     if (!files.isEmpty()) return u"ファイル %1 個を作成しました。"_s.arg(files.size());
     if (!documents.isEmpty()) return u"PDF %1 件を作成しました。"_s.arg(documents.size());
     return {};
@@ -61,12 +61,10 @@ QWidget* OutputScreen::listToMend(QComboBox* problems, QListWidget* evaluators) 
     return evaluators;
 }
 
-void OutputScreen::setUpProgress(QProgressBar* bar, ElidedLabel* text) {
+void OutputScreen::setUpProgress(QProgressBar* bar) {
     progressBar_ = bar;
-    progressText_ = text;
     keepPlace(bar);
-    keepPlace(text);
-    showProgressBar(false);
+    bar->hide();
 }
 
 void OutputScreen::loadOutput() {
@@ -101,39 +99,47 @@ bool OutputScreen::makeDocuments(const QString& subject, const std::function<boo
         throw;
     }
     const bool shown = showMade(documents, output_.Documents - before);
-    say(done().isEmpty() ? nothing : subject + done(), !shown);
+    hasDone() ? sayWithDone(subject, !shown) : say(nothing, !shown);
     return true;
 }
 
 bool OutputScreen::showMade(const MadeFiles& documents, int printed) {
-    QString line = countOf(files_, documents.paths());
-    if (line.isEmpty() && printed > 0)
-        line = u"%1 件を「%2」に送りました。"_s.arg(printed).arg(output_.printer().DeviceName());
+    QString made = countOf(files_, documents.paths());
+    QStringList names; // for "%1"
+    if (files_.size() == 1) names << QFileInfo(files_.constFirst()).fileName();
+    if (made.isEmpty() && printed > 0) {
+        made = u"%1 件を"_s.arg(printed) + u"「%1」に送りました。"_s;
+        names << output_.printer().DeviceName();
+    }
+    QString where;
     const bool shown = documents.show();
     if (!shown)
-        line += u"%1を表示するプログラムがありません。"_s.arg(
+        where = u"%1を表示するプログラムがありません。"_s.arg(
             documents.paths().size() == 1 ? u"PDF "_s : u"フォルダー"_s);
     if (const auto paths = files_ + documents.paths(); !paths.isEmpty()) {
         folder_ = QFileInfo(paths.constFirst()).path();
-        line += u"（%1）"_s.arg(folder_);
+        where += u"（%1）"_s.arg(folder_);
         openFolder_->show();
     }
-    setDone(line);
+    setDoneOf(names, [made, where](const QStringList& shownNames) {
+        return (shownNames.isEmpty() ? made : made.arg(shownNames[0])) + where;
+    });
     return shown;
 }
 
 Progress OutputScreen::progress() {
     return [this](int done, int total, const QString& at) {
+        openFolder_->hide(); // the bar takes its place
         progressBar_->setMaximum(total);
         progressBar_->setValue(done);
-        progressText_->setWholeText(at);
-        showProgressBar(true);
+        progressBar_->show();
+        sayRunning(at);
         // The work runs on this thread: let the bar be painted, and take no clicks meanwhile.
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     };
 }
 
-void OutputScreen::showProgressBar(bool shown) {
-    progressBar_->setVisible(shown);
-    progressText_->setVisible(shown);
+void OutputScreen::endProgress() {
+    progressBar_->hide();
+    endRunning();
 }

@@ -23,7 +23,7 @@ class OutputScreen : public Screen {
     // The form's controls: the button "印刷" or "PDF"; what that comes to at this moment, which is not looked
     // up for a hidden label; the button that opens where the files are that were made last.
     void setUpOutput(QPushButton* target, ElidedLabel* device, QPushButton* folder);
-    void setUpProgress(QProgressBar* bar, ElidedLabel* text);
+    void setUpProgress(QProgressBar* bar);
     // What is chosen in the lists of problems and evaluators, with the round that is shown. Nothing when the
     // choice is refused; then, and when it is an error, the list to choose something else in has the focus.
     static std::optional<RoundSelection> chosenRound(QComboBox* problems, QListWidget* evaluators,
@@ -41,7 +41,7 @@ class OutputScreen : public Screen {
     // Shows how far a work is, until the guard's end.
     Progress progress();
     auto progressGuard() {
-        return qScopeGuard([this] { showProgressBar(false); });
+        return qScopeGuard([this] { endProgress(); });
     }
 
     Output output_;
@@ -50,13 +50,12 @@ class OutputScreen : public Screen {
     void showTarget();
     void openFolder();
     bool showMade(const MadeFiles& documents, int printed);
-    void showProgressBar(bool shown);
+    void endProgress();
 
     QPushButton* target_ = nullptr;
     ElidedLabel* device_ = nullptr;
     QPushButton* openFolder_ = nullptr;
     QProgressBar* progressBar_ = nullptr;
-    ElidedLabel* progressText_ = nullptr;
     QStringList files_; // that the work under way has written besides documents
     QString folder_;
 };

@@ -24,7 +24,7 @@ WorkScreen::WorkScreen(const Work& work)
         widget->setVisible(work.printsReport);
     ui_->device->setVisible(work.printsReport);
     setUpOutput(ui_->Command17, ui_->device, ui_->folder);
-    setUpProgress(ui_->progress, ui_->progressText);
+    setUpProgress(ui_->progress);
 
     onChoice(ui_->Combo1, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });

@@ -39,7 +39,7 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
     ui_->setupUi(this);
     addStatusLine();
     setUpOutput(ui_->Command17, ui_->device, ui_->folder);
-    setUpProgress(ui_->Progress1, ui_->progressText);
+    setUpProgress(ui_->Progress1);
     ui_->Table1->setHorizontalHeaderLabels(
         {u"ファイル"_s, u"評価者"_s, u"課題と比較回数"_s, u"揃った目的"_s, u"状態"_s});
     ui_->Table1->horizontalHeader()->setSectionResizeMode(State, QHeaderView::Stretch);

@@ -23,7 +23,14 @@ void ElidedLabel::setSentence(const QStringList& names, const Sentence& sentence
     setWholeText(sentence_);
 }
 
+void ElidedLabel::setWrapped(bool wrapped) {
+    isWrapped_ = wrapped;
+    updateGeometry();
+    update();
+}
+
 QString ElidedLabel::shownText() const {
+    if (isWrapped_) return joinedLines(text());
     const int room = contentsRect().width();
     const QFontMetrics font = fontMetrics();
     const auto withNames = [&](int width) {
@@ -44,12 +51,18 @@ QString ElidedLabel::shownText() const {
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-    return {0,
-            std::max(QLabel::minimumSizeHint().height(), fontMetrics().height())}; // empty, it keeps its room
+    const int line = std::max(QLabel::minimumSizeHint().height(), fontMetrics().height()); // also when empty
+    if (!isWrapped_) return {0, line};
+    const QMargins margins = contentsMargins();
+    const int lines = fontMetrics()
+                          .boundingRect(QRect(0, 0, contentsRect().width(), QWIDGETSIZE_MAX),
+                                        Qt::TextWrapAnywhere, shownText())
+                          .height();
+    return {0, std::max(line, lines + margins.top() + margins.bottom())};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
-    painter.drawItemText(contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(), shownText(),
-                         foregroundRole());
+    const int flags = static_cast<int>(alignment()) | (isWrapped_ ? Qt::TextWrapAnywhere : 0);
+    painter.drawItemText(contentsRect(), flags, palette(), isEnabled(), shownText(), foregroundRole());
 }

@@ -1,4 +1,5 @@
-// A label of one line that shows as much of its text as it has room for; the whole text is its tool tip.
+// A label of one line that shows as much of its text as it has room for; the whole text is its tool tip. It
+// takes further lines only while it may wrap.
 #pragma once
 
 #include <QLabel>
@@ -19,6 +20,8 @@ class ElidedLabel : public QLabel {
     void setSentence(const QStringList& names, const Sentence& sentence);
     // What there is room for.
     QString shownText() const;
+    // Whether what one line has no room for goes on in further ones.
+    void setWrapped(bool wrapped);
     // Where "…" stands for what has no room; at the end unless another place is set.
     void setElideMode(Qt::TextElideMode mode) { mode_ = mode; }
     QSize minimumSizeHint() const override;
@@ -32,4 +35,5 @@ class ElidedLabel : public QLabel {
     QStringList names_;
     Sentence withNames_;
     Qt::TextElideMode mode_ = Qt::ElideRight;
+    bool isWrapped_ = false;
 };

@@ -18,9 +18,10 @@ constexpr int twipsPerPixel = 15; // 1440 to the inch at 96 pixels to the inch
 // Pixels that the window's frame takes, both sides; the title is counted twice, since a window that is
 // centred without its frame hangs that much too low.
 constexpr QSize frameRoom{8, 56};
+constexpr int betweenWindows = 2; // pixels
 constexpr QMargins lineMargins{20, 4, 20, 6};
-// What a list or a grid is still of use with.
-constexpr QSize smallestView{200, 110};
+// What a list or a grid is still of use with: a heading and three rows.
+constexpr QSize smallestView{200, 90};
 
 // Contents that are higher than the window. The window stays as wide as they need, and the bar beside them,
 // also when they come to need more.
@@ -109,6 +110,13 @@ void Form::centre() {
 
 void Form::position(int leftTwips, int topTwips) {
     move(leftTwips / twipsPerPixel, topTwips / twipsPerPixel);
+}
+
+void Form::stepAside(const Form& other) {
+    const QRect taken(other.pos(), other.size() + QSize(frameRoom.width(), frameRoom.height() / 2));
+    if (!taken.intersects(QRect(pos(), size()))) return;
+    const int farthest = screen()->availableGeometry().right() - frameRoom.width() - width();
+    move(std::max(x(), std::min(other.x() + taken.width() + betweenWindows, farthest)), y());
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -29,6 +29,8 @@ class Form : public QWidget {
     void centre();
     // In twips, 15 to the pixel.
     void position(int leftTwips, int topTwips);
+    // Stands to the right of another window that it would lie over, as far as the screen has room.
+    void stepAside(const Form& other);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -9,8 +9,11 @@
 #include <QListWidget>
 #include <QRegularExpression>
 #include <QTableWidget>
+#include <QTimer>
 #include <cmath>
 #include <numeric>
+
+#include "widgets/ElidedLabel.h"
 
 using namespace Common;
 
@@ -63,6 +66,33 @@ TEST_F(ReportsTest, TheGroupReportSetsTheEvaluatorBesideTheGroup) {
               "総合評価値（最終レベル） 広さ 0.3816 3 0.3816 1.0000 0.6440 0.5944 / "
               "建設費 0.2184 3 0.2184 1.0000 0.5333 0.4368 / 維持費 1.8736 1 0.3222 1.8736 0.9522 0.7361 / "
               "騒音 0.4055 2 0.3029 0.4149 0.3744 0.3707 / 景観 0.1644 2 0.0570 0.8736 0.3650 0.2015"_s);
+}
+
+// A long name takes further lines while its document is made, and none of the path afterwards.
+TEST_F(ReportsTest, LongNamesStandWholeInTheRunningLineAndCutBeforeThePath) {
+    const QString name(90, u'佐');
+    run(u"update 評価者 set 評価者氏名='%1' where 評価者番号=5"_s.arg(name));
+    run(u"update 要因 set 要因名='%1' where 要因番号=1"_s.arg(QString(70, u'課')));
+    Forms.show(group);
+    auto* line = control<ElidedLabel>(group, u"Status");
+    const int oneLine = line->height();
+    int whole = 0;
+    QTimer painted; // the screen handles events at each step
+    QObject::connect(&painted, &QTimer::timeout, line, [&] {
+        if (line->shownText().contains(name) && control(group, u"progress")->isVisible())
+            whole = std::max(whole, line->height());
+    });
+    painted.start(0);
+    report(group, {1});
+    painted.stop();
+    EXPECT_GE(whole, 2 * line->fontMetrics().height());
+    EXPECT_FALSE(control(group, u"progress")->isVisible());
+    EXPECT_EQ(line->minimumSizeHint().height(), oneLine);
+    report(final, {});
+    line = control<ElidedLabel>(final, u"Status");
+    line->resize(line->fontMetrics().horizontalAdvance(line->text()) * 2 / 3, line->height());
+    EXPECT_TRUE(line->shownText().endsWith(u"… を作成しました。（%1/file）"_s.arg(directory())))
+        << line->shownText().toStdString();
 }
 
 TEST_F(ReportsTest, WhatWasMadeIsShownAlsoAfterAnError) {

@@ -97,9 +97,11 @@ class ComparisonTest : public ScreenTest {
 };
 
 TEST_F(ComparisonTest, SetupRefusesInOrder) {
+    const QDate before = QDate::currentDate();
     Forms.show(setup);
     EXPECT_EQ(MsgTitle, setupTitle);
-    EXPECT_EQ(text(setup, u"Text2"_s), formatDate(QDate::currentDate()));
+    const QString today = text(setup, u"Text2"_s); // midnight may come between
+    EXPECT_TRUE(today == formatDate(before) || today == formatDate(QDate::currentDate()));
     EXPECT_EQ(told(setup, u"Command1"_s), warning(setupTitle, u"評価対象課題が未選択です。"_s));
 
     choose(setup, u"Combo1"_s, 1);
@@ -318,7 +320,7 @@ TEST_F(ComparisonTest, AfterSavingTheNextOpenGoalIsOneKeyAway) {
     EXPECT_EQ(text(grid, u"Label7"_s), u"登録済 0 / 2"_s); // a single child has nothing to answer
     keys(u"222"_s);
     auto other = reader(); // nothing becomes durable, so nothing counts as saved
-    EXPECT_EQ(told(grid, u"Command2"_s).size(), 1U);
+    EXPECT_TRUE(toldText(grid, u"Command2"_s).contains(u"データベースをほかのプログラムが使用しています。"));
     EXPECT_EQ(text(grid, u"Label7"_s), u"登録済 0 / 2"_s);
     other.reset();
     click(grid, u"Command2"_s);

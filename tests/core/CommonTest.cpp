@@ -43,7 +43,7 @@ TEST_F(CommonTest, WhatIsMissingIsToldRoundFirst) {
                                                          {u"評価計算"_s, u"評価者が未選択です"_s}}));
     RoundEntry = u"2"_s;
     EXPECT_FALSE(CheckRoundAndEvaluator());
-    EXPECT_EQ(takeMessages().size(), 1U);
+    EXPECT_EQ(takeMessages(), warning(u"評価計算"_s, u"評価者が未選択です"_s));
     EXPECT_EQ(RoundCount, 2);
 }
 

@@ -5,11 +5,14 @@
 
 #include "text/RuntimeError.h"
 
+// What the slowest of the programs takes, under sanitizers on a busy machine, with room.
+constexpr int mostMilliseconds = 120'000;
+
 Outcome runProgram(const QString& program, const QStringList& arguments) {
     QProcess process;
     process.start(program, arguments);
-    process.waitForFinished();
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+    const bool ended = process.waitForFinished(mostMilliseconds);
+    return {ended && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
 }

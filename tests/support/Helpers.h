@@ -7,7 +7,7 @@
 
 // How one of the real programs ended, run as a script does.
 struct Outcome {
-    int exitCode; // -1 after a crash
+    int exitCode; // -1 after a crash, or when it could not be started or does not end
     QString output;
     QString errors;
 };

@@ -70,6 +70,12 @@ class ScreenTest : public ::testing::Test {
         click(screen, button);
         return takeMessages();
     }
+    // Their texts as one.
+    QString toldText(QStringView screen, QStringView button) {
+        QStringList texts;
+        for (const auto& message : told(screen, button)) texts << message.text;
+        return texts.join(u'|');
+    }
     void type(QStringView screen, QStringView field, QStringView text);
     QString text(QStringView screen, QStringView field);
     // Chooses an entry of a list box or combo box as a user does.
