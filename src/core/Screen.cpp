@@ -87,7 +87,8 @@ void Screen::setDoneOf(const QStringList& names, const ElidedLabel::Sentence& se
 }
 
 void Screen::sayWithDone(const QString& words, bool warns) {
-    sayOf(doneNames_, [words, done = done_](const QStringList& names) { return words + done(names); }, warns);
+    sayOf(
+        doneNames_, [words, done = done_](const QStringList& names) { return words + done(names); }, warns);
 }
 
 void Screen::sayFailed(const QString& caption) {

@@ -40,8 +40,8 @@ constexpr ListDialogKind evaluatorList{u"評価者表示", u"評価者一覧", e
                                        PickUse::None};
 
 // Pixels. The lists of factors stand beside a centred screen, the wider list of evaluators above it; neither
-// covers a field on a display of 1280 × 1024. On a wider display the lists of factors take more of the names; on
-// a small one the list of evaluators stands beside its screen, too, as wide as that leaves room.
+// covers a field on a display of 1280 × 1024. On a wider display the lists of factors take more of the names;
+// on a small one the list of evaluators stands beside its screen, too, as wide as that leaves room.
 constexpr int screenWidth = 560;
 constexpr int gap = 10;
 constexpr int factorListWidth = 318;
@@ -113,8 +113,8 @@ void ListDialog::layOut() {
 void ListDialog::fitBesideScreen() {
     const int beside = screen()->size().width() - screenWidth - gap - x();
     if (kind_.rows == Rows::Evaluators)
-        return fitToScreen({std::clamp(beside, factorListWidth, evaluatorListSize.width()),
-                            evaluatorListSize.height()});
+        return fitToScreen(
+            {std::clamp(beside, factorListWidth, evaluatorListSize.width()), evaluatorListSize.height()});
     const int free = (beside - x() - gap) / 2;
     fitToScreen({std::clamp(free, factorListWidth, widestFactorListWidth), factorListHeight});
 }

@@ -317,7 +317,8 @@ TEST_F(EvaluationTest, FindingsArePrintedForEachEvaluator) {
     letter.close();
     const QDir folder(directory() + u"/file"_s);
     auto other = reader(); // nothing is handed out of weights that are not on the disk
-    EXPECT_TRUE(toldText(screen, u"Command7"_s).contains(u"データベースをほかのプログラムが使用しています。"));
+    EXPECT_TRUE(
+        toldText(screen, u"Command7"_s).contains(u"データベースをほかのプログラムが使用しています。"));
     EXPECT_EQ(folder.entryList({u"*.pdf"_s}), QStringList());
     other.reset();
     EXPECT_EQ(toldText(screen, u"Command7"_s), u" 評価値計算終了"_s);
