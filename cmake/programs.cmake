@@ -14,17 +14,14 @@ function(hollin_program name)
   set_property(GLOBAL APPEND PROPERTY HOLLIN_PROGRAMS ${name})
 endfunction()
 
-# The one place that knows the screens of all rooms.
-add_library(hollin_screen_table STATIC src/ScreenTable.cpp)
-target_include_directories(hollin_screen_table PUBLIC src)
+# The screens of all rooms.
 get_property(rooms GLOBAL PROPERTY HOLLIN_ROOMS)
-foreach(room IN LISTS rooms)
-  target_link_libraries(hollin_screen_table PUBLIC hollin_${room}_windows)
-endforeach()
+add_library(hollin_screen_table STATIC)
+hollin_screen_table(hollin_screen_table ${rooms})
 hollin_precompile(hollin_screen_table WIDGETS)
 
 hollin_program(hollin WIDGETS SOURCES src/main.cpp src/CommandLine.cpp RESOURCES src/hollin.qrc
-               LIBRARIES hollin_screen_table)
+               LIBRARIES hollin_screen_table hollin_help_windows hollin_startup_windows)
 hollin_program(hollin-database SOURCES src/tools/DatabaseTool.cpp LIBRARIES hollin_startup)
 hollin_program(hollin-batch SOURCES src/tools/Batch.cpp LIBRARIES hollin_analysis hollin_survey)
 hollin_program(hollin-figures WIDGETS SOURCES src/tools/FiguresTool.cpp LIBRARIES hollin_figures_windows)

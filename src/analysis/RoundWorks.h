@@ -1,4 +1,5 @@
-// The works of the calculation and report screens, in the order in which a round is worked through.
+// The works of the calculation and report screens, in the order in which a round is worked through: a row is
+// all that a further report needs to be in the menu, on a screen and in hollin-batch.
 #pragma once
 
 #include <span>
@@ -6,5 +7,3 @@
 #include "screens/Work.h"
 
 std::span<const Work> roundWorks();
-// The work of a screen.
-const Work& roundWork(const QString& screen);

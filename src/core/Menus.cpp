@@ -5,7 +5,6 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 #include <map>
 
 #include "files/ApplicationDirectory.h"
@@ -13,28 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// In the order in which a decision is worked on, the end last.
-constexpr std::array mainEntries{
-    MenuEntry{u"Command1", u"基礎データ登録", u"登録メニュー"},
-    MenuEntry{u"Command4", u"比      較", u"比較者設定"},
-    MenuEntry{u"Command7", u"評価計算", u"評価計算"},
-    MenuEntry{u"Command3", u"個人結果", u"個人結果"},
-    MenuEntry{u"Command5", u"報告作成", u"報告作成"},
-    MenuEntry{u"Command6", u"分析出力", u"分析出力"},
-    MenuEntry{u"Command8", u"最終結果", u"最終結果"},
-    MenuEntry{u"Command2", u"終   了", u""},
-};
-
-constexpr std::array registrationEntries{
-    MenuEntry{u"Command5", u"要因登録", u"要因登録"},
-    MenuEntry{u"Command1", u"課題登録", u"課題登録"},
-    MenuEntry{u"Command6", u"評価者登録", u"評価者登録"},
-    MenuEntry{u"Command4", u"課題構成登録", u"課題構成登録"},
-    MenuEntry{u"Command8", u"課題評価者登録", u"課題評価者登録"},
-    MenuEntry{u"Command3", u"要因構成登録", u"要因構成登録"},
-    MenuEntry{u"Command2", u"終   了", u""},
-};
 
 constexpr QSize buttonSize{260, 40};
 constexpr int lowestButton = 28;
@@ -57,33 +34,33 @@ std::map<QString, QString>& lastChosen() {
 
 } // namespace
 
-Menu::Menu(const QString& name, std::span<const MenuEntry> entries) : Screen(name) {
+Menu::Menu(const QString& name) : Screen(name) {
     setWindowTitle(name);
     auto* column = new QVBoxLayout(this);
     column->setSizeConstraint(QLayout::SetFixedSize);
     column->setContentsMargins(40, edge, 40, edge);
     column->setSpacing(gap);
+    const auto entries = Common::Forms.entriesOf(name);
     const int height =
-        buttonHeight(this->screen()->availableGeometry().height(), static_cast<int>(entries.size()));
-    for (const auto& entry : entries) {
-        auto* button = new QPushButton(entry.caption.toString());
-        button->setObjectName(entry.control.toString());
+        buttonHeight(this->screen()->availableGeometry().height(), static_cast<int>(entries.size()) + 1);
+    const auto addButton = [&](const QString& control, const QString& caption) {
+        auto* button = new QPushButton(caption);
+        button->setObjectName(control);
         button->setFont(QFont(u"ＭＳ Ｐゴシック"_s, buttonPoints));
         button->setFixedSize(buttonSize.width(), height);
         button->setAutoDefault(true);
         column->addWidget(button);
-        const QString screen = entry.screen.toString();
-        if (screen.isEmpty()) {
-            column->insertSpacing(column->count() - 1, 14);
-            onEvent(button, &QPushButton::clicked, [this] { end(); });
-        } else {
-            button->setEnabled(Common::Forms.exists(screen));
-            onEvent(button, &QPushButton::clicked, [this, screen, button] {
-                lastChosen()[this->name()] = button->objectName();
-                if (open(screen)) Common::Forms.unload(this->name());
-            });
-        }
+        return button;
+    };
+    for (const auto& entry : entries) {
+        auto* button = addButton(entry.place->control, entry.place->caption);
+        onEvent(button, &QPushButton::clicked, [this, screen = entry.name, button] {
+            lastChosen()[this->name()] = button->objectName();
+            if (open(screen)) Common::Forms.unload(this->name());
+        });
     }
+    column->addSpacing(14);
+    onEvent(addButton(u"Command2"_s, u"終   了"_s), &QPushButton::clicked, [this] { end(); });
     if (auto* chosen = findChild<QPushButton*>(lastChosen()[name])) chosen->setFocus();
 }
 
@@ -92,7 +69,7 @@ bool Menu::open(const QString& screen) {
     return true;
 }
 
-メニュー::メニュー() : Menu(u"メニュー"_s, mainEntries) {}
+メニュー::メニュー() : Menu(u"メニュー"_s) {}
 
 void メニュー::Form_Load() {
     Common::MsgTitle = windowTitle();
@@ -114,7 +91,7 @@ void メニュー::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) Menu::keyPressEvent(event);
 }
 
-登録メニュー::登録メニュー() : Menu(u"登録メニュー"_s, registrationEntries) {}
+登録メニュー::登録メニュー() : Menu(u"登録メニュー"_s) {}
 
 void 登録メニュー::Form_Load() {
     Common::MsgTitle = windowTitle();

@@ -1,22 +1,12 @@
 // The main menu and the registration menu.
 #pragma once
 
-#include <functional>
-#include <span>
-
 #include "core/Screen.h"
 
-// A button of a menu: control, caption, and the screen that it shows before the menu closes. An entry without
-// a screen ends the menu.
-struct MenuEntry {
-    QStringView control;
-    QStringView caption;
-    QStringView screen;
-};
-
+// A button for each screen that has a place in the menu, and one that ends it.
 class Menu : public Screen {
   public:
-    Menu(const QString& name, std::span<const MenuEntry> entries);
+    explicit Menu(const QString& name);
 
   protected:
     // Shows the chosen screen; true when the menu closes then.

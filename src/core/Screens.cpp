@@ -1,6 +1,8 @@
 #include "core/Screens.h"
 
 #include <QCoreApplication>
+#include <algorithm>
+#include <iterator>
 
 #include "core/Common.h"
 #include "text/RuntimeError.h"
@@ -10,18 +12,33 @@ using namespace Qt::StringLiterals;
 
 Screens Common::Forms;
 
+void Screens::add(ScreenRow row) {
+    const auto earlier = std::ranges::find(rows_, row.name, &ScreenRow::name);
+    if (earlier == rows_.end())
+        rows_.push_back(std::move(row));
+    else
+        *earlier = std::move(row);
+}
+
 QStringList Screens::names() const {
     QStringList names;
-    for (const auto& [name, maker] : makers_) names << name;
+    for (const auto& row : rows_) names << row.name;
     return names;
+}
+
+std::vector<ScreenRow> Screens::entriesOf(const QString& menu) const {
+    std::vector<ScreenRow> entries;
+    std::ranges::copy_if(rows_, std::back_inserter(entries),
+                         [&](const ScreenRow& row) { return row.place && row.place->menu == menu; });
+    return entries;
 }
 
 void Screens::show(const QString& name) {
     if (!loaded_.contains(name)) {
-        const auto maker = makers_.find(name);
-        if (maker == makers_.end())
+        const auto row = std::ranges::find(rows_, name, &ScreenRow::name);
+        if (row == rows_.end())
             throw RuntimeError(ErrorCode::InvalidCall, u"画面「%1」がありません。"_s.arg(name));
-        Form* form = (loaded_[name] = decltype(loaded_)::mapped_type(maker->second().release())).get();
+        Form* form = (loaded_[name] = decltype(loaded_)::mapped_type(row->make().release())).get();
         settleControls(*form);
         const QString title = Common::MsgTitle;
         try {

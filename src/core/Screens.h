@@ -5,19 +5,37 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "widgets/Form.h"
 
+// The button of a menu that opens a screen.
+struct MenuPlace {
+    QString menu;
+    QString control;
+    QString caption;
+};
+
+// One screen: its name, who makes its form, and where it stands in a menu, in the order of the rows.
+struct ScreenRow {
+    QString name;
+    std::function<std::unique_ptr<Form>()> make;
+    std::optional<MenuPlace> place;
+};
+
+template <typename Screen>
+ScreenRow screenRow(const QString& name, std::optional<MenuPlace> place = {}) {
+    return {name, [] { return std::make_unique<Screen>(); }, std::move(place)};
+}
+
 class Screens {
   public:
-    using Maker = std::function<std::unique_ptr<Form>()>;
-
-    template <typename Screen>
-    void add(const QString& name) {
-        makers_[name] = [] { return std::make_unique<Screen>(); };
-    }
-    bool exists(const QString& name) const { return makers_.contains(name); }
+    // Takes the place of an earlier row of the same name.
+    void add(ScreenRow row);
     QStringList names() const;
+    // The screens that a menu opens.
+    std::vector<ScreenRow> entriesOf(const QString& menu) const;
 
     // Loads the form when it is not loaded (its load handler runs) and shows it.
     void show(const QString& name);
@@ -34,7 +52,7 @@ class Screens {
         void operator()(Form* form) const { form->deleteLater(); }
     };
 
-    std::map<QString, Maker> makers_;
+    std::vector<ScreenRow> rows_;
     std::map<QString, std::unique_ptr<Form, DeleteLater>> loaded_;
 };
 

@@ -25,6 +25,7 @@ WorkScreen::WorkScreen(const Work& work)
     ui_->device->setVisible(work.printsReport);
     setUpOutput(ui_->Command17, ui_->device, ui_->folder);
     setUpProgress(ui_->progress);
+    if (work.offersFigures) offerFigures();
 
     onChoice(ui_->Combo1, [this] { Combo1_Click(); });
     onEvent(ui_->Command1, &QPushButton::clicked, [this] { ui_->List1->selectAll(); });

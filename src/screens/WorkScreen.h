@@ -24,8 +24,6 @@ class WorkScreen : public OutputScreen {
     void end() override { leaveTo(QStringLiteral("メニュー")); }
     // For the options of one screen, between the choices and the buttons.
     QVBoxLayout* optionsLayout();
-    // A button that goes over to the figures of the chosen problem.
-    void offerFigures();
     // What one screen does besides: when a problem has been chosen, and after its work. What is read for a
     // choice is read before the screen changes.
     virtual void problemChosen(const std::optional<ProblemRound>& /*of*/) {}
@@ -34,6 +32,8 @@ class WorkScreen : public OutputScreen {
     WorkOptions options;
 
   private:
+    // A button that goes over to the figures of the chosen problem.
+    void offerFigures();
     void Combo1_Click();   // a problem: its round, its evaluators, whose results are there
     void Command7_Click(); // the work; a run-time error is shown under the screen's name
     void showState(const RoundState& state);

@@ -49,6 +49,8 @@ void tellOnce(QString& told, const QString& line) {
     told = line;
 }
 
+const QString printOption = u"print"_s; // shared by the works that print a report and do nothing else
+
 void addOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(u"課題の評価計算、報告書の作成、係数の設定をまとめて行います。"_s);
     parser.addPositionalArgument(u"PROBLEM"_s, u"課題番号"_s);
@@ -58,22 +60,24 @@ void addOptions(QCommandLineParser& parser) {
         {u"directory"_s, u"DB と file のあるフォルダー（既定: hollin が使うフォルダー）"_s, u"DIR"_s},
         {u"round"_s, u"比較回数（既定: 課題の比較回数）"_s, u"N"_s},
         {u"evaluator"_s, u"評価者番号。何回でも指定できます（既定: 課題評価者の全員）"_s, u"N"_s},
-        {u"questionnaires"_s, u"紙の調査票を PDF に出力します"_s},
-        {u"answer-sheets"_s, u"回答用紙を .xlsx ファイルに書き出します"_s},
-        {u"answer-pages"_s, u"回答ページを .html ファイルに書き出します"_s},
-        {u"answer-texts"_s, u"回答用紙を .csv ファイルに書き出します"_s},
         {u"import"_s, u"回答の入った調査票 FILE... を登録します"_s},
         {u"replace"_s, u"--import で、以前の回答を置き換えます"_s},
-        {u"calculate"_s, u"評価計算を行います"_s},
-        {u"print"_s, u"個人結果、報告作成、分析出力のいずれかを PDF に出力します"_s, u"SCREEN"_s},
         {u"figures"_s, u"図をまとめて PDF に出力します（指定したときだけ）"_s},
-        {u"coefficients"_s, u"最終結果の係数を設定し、CSV ファイルに書き出します"_s},
     });
+    QStringList printed;
+    for (const auto& works : {surveyWorks(), roundWorks()})
+        for (const auto& work : works)
+            if (work.option == printOption)
+                printed << work.screen;
+            else
+                parser.addOption({work.option, work.help});
+    parser.addOption(
+        {printOption, u"%1のいずれかを PDF に出力します"_s.arg(printed.join(u'、')), u"SCREEN"_s});
 }
 
 bool isAsked(const QCommandLineParser& parser, const Work& work) {
-    return work.option == u"print" ? parser.values(work.option).contains(work.screen)
-                                   : parser.isSet(work.option);
+    return work.option == printOption ? parser.values(work.option).contains(work.screen)
+                                      : parser.isSet(work.option);
 }
 
 // What is wrong with the command line, or nothing.
@@ -91,9 +95,9 @@ QString usageError(const QCommandLineParser& parser) {
         number.toInt(&isNumber);
         if (!isNumber) return u"「%1」は番号ではありません。"_s.arg(number);
     }
-    for (const auto& screen : parser.values(u"print"_s))
+    for (const auto& screen : parser.values(printOption))
         if (std::ranges::none_of(roundWorks(), [&](const Work& work) {
-                return work.option == u"print" && work.screen == screen;
+                return work.option == printOption && work.screen == screen;
             }))
             return u"「%1」という報告書はありません。"_s.arg(screen);
     return {};

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <set>
 
+#include "analysis/RoundWorks.h"
 #include "comparison/ComparisonSession.h"
 #include "support/ScreenTest.h"
 #include "widgets/ElidedLabel.h"
@@ -122,14 +123,11 @@ TEST_F(ScreensTest, TheStatusLineTellsOfFailureAndIsClearedByTheNextAction) {
     type(u"要因登録", u"Text1", u"2");
     click(u"要因登録", u"Command3");
     EXPECT_FALSE(text(u"要因登録", u"Status").contains(u"できませんでした"_s));
-    for (const auto& [screen, button, action] : {std::tuple{u"比較者設定"_s, u"Command1", u"開始"_s},
-                                                 {u"評価計算"_s, u"Command7", u"評価計算"_s},
-                                                 {u"個人結果"_s, u"Command7", u"個人結果"_s},
-                                                 {u"報告作成"_s, u"Command7", u"報告作成"_s},
-                                                 {u"分析出力"_s, u"Command7", u"分析出力"_s},
-                                                 {u"最終結果"_s, u"Command7", u"最終結果"_s},
-                                                 {u"調査票"_s, u"Command3", u"紙の調査票"_s},
-                                                 {u"調査票"_s, u"Command5", u"回答用紙 (.csv)"_s}}) {
+    QList<std::tuple<QString, QString, QString>> actions{{u"比較者設定"_s, u"Command1"_s, u"開始"_s},
+                                                         {u"調査票"_s, u"Command3"_s, u"紙の調査票"_s},
+                                                         {u"調査票"_s, u"Command5"_s, u"回答用紙 (.csv)"_s}};
+    for (const auto& work : roundWorks()) actions.append({work.screen, u"Command7"_s, work.screen});
+    for (const auto& [screen, button, action] : actions) {
         Common::Forms.show(screen);
         choose(screen, u"Combo1", 0);
         if (screen != u"比較者設定") select(screen, u"List1", {0});

@@ -1,12 +1,10 @@
-#include "analysis/ReportScreens.h"
+#include "analysis/FinalResultScreen.h"
 
-#include <QCheckBox>
 #include <QHeaderView>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
 #include "analysis/FinalResult.h"
-#include "analysis/RoundWorks.h"
 #include "rounds/RoundSelection.h"
 #include "widgets/ElidedLabel.h"
 
@@ -22,27 +20,8 @@ QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment) {
 
 } // namespace
 
-評価計算::評価計算() : WorkScreen(roundWork(u"評価計算"_s)) {}
-
-個人結果::個人結果() : WorkScreen(roundWork(u"個人結果"_s)) {
-    auto* Check1 = new QCheckBox(u"評価値を印刷する"_s);
-    Check1->setObjectName(u"Check1"_s);
-    Check1->setShortcut(u"Alt+V"_s);
-    Check1->setToolTip(u"オフにすると、要因の木を評価値 0 で印刷します (Alt+V)"_s);
-    Check1->setChecked(true);
-    optionsLayout()->addWidget(Check1, 0, Qt::AlignLeft);
-    setTabOrder(findChild<QWidget*>(u"Command17"_s), Check1);
-    connect(Check1, &QCheckBox::toggled, this, [this](bool shown) { options.showValues = shown; });
-}
-
-報告作成::報告作成() : WorkScreen(roundWork(u"報告作成"_s)) {}
-
-分析出力::分析出力() : WorkScreen(roundWork(u"分析出力"_s)) {
-    offerFigures();
-}
-
-最終結果::最終結果()
-    : WorkScreen(roundWork(u"最終結果"_s)), coefficients_(new QTableWidget(0, 4)), whose_(new QLabel) {
+最終結果::最終結果(const Work& work)
+    : WorkScreen(work), coefficients_(new QTableWidget(0, 4)), whose_(new QLabel) {
     coefficients_->setObjectName(u"coefficients"_s);
     coefficients_->setHorizontalHeaderLabels({u"順位"_s, u"要因"_s, u"係数"_s, u"割合 (%)"_s});
     coefficients_->verticalHeader()->hide();
@@ -60,7 +39,6 @@ QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment) {
     optionsLayout()->addWidget(whose_);
     optionsLayout()->addWidget(meaning);
     setTabOrder(findChild<QWidget*>(u"Combo1"_s), coefficients_);
-    offerFigures();
 }
 
 void 最終結果::problemChosen(const std::optional<ProblemRound>& of) {
