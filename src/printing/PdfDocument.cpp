@@ -81,13 +81,6 @@ void PdfDocument::line(QPointF from, QPointF to, double width) {
     painter_.drawLine(inDots(from), inDots(to));
 }
 
-void PdfDocument::box(const QRectF& frame, double width) {
-    openPage();
-    painter_.setPen(solidPen(width));
-    painter_.setBrush(Qt::NoBrush);
-    painter_.drawRect(QRectF(inDots(frame.topLeft()), inDots(frame.bottomRight())));
-}
-
 void PdfDocument::draw(const QRectF& frame, const std::function<void(QPainter&, const QRectF&)>& content) {
     openPage();
     painter_.save();

@@ -30,7 +30,6 @@ class PdfDocument {
     void text(QPointF topLeft, const QString& text);
     double textWidth(const QString& text) const;
     void line(QPointF from, QPointF to, double width);
-    void box(const QRectF& frame, double width);
     // `content` draws what it likes into the frame, which it is given in the painter's own units.
     void draw(const QRectF& frame, const std::function<void(QPainter&, const QRectF&)>& content);
 

@@ -101,10 +101,6 @@ void Printer::Line(double x1, double y1, double x2, double y2) {
     document().line({x1, y1}, {x2, y2}, DrawWidth / 10.0);
 }
 
-void Printer::Box(double x1, double y1, double x2, double y2) {
-    document().box({QPointF(x1, y1), QPointF(x2, y2)}, DrawWidth / 10.0);
-}
-
 void Printer::Draw(double x1, double y1, double x2, double y2,
                    const std::function<void(QPainter&, const QRectF&)>& content) {
     document().draw({QPointF(x1, y1), QPointF(x2, y2)}, content);

@@ -68,7 +68,6 @@ class Printer {
     void Print(const QString& text);
     double TextWidth(const QString& text);
     void Line(double x1, double y1, double x2, double y2);
-    void Box(double x1, double y1, double x2, double y2);
     // `content` draws into the box, which it is given in the painter's own units.
     void Draw(double x1, double y1, double x2, double y2,
               const std::function<void(QPainter&, const QRectF&)>& content);

@@ -1,7 +1,6 @@
 #include "sheets/TableFile.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QProcess>
 #include <algorithm>
 
@@ -103,23 +102,11 @@ void start(QProcess& reader, const QStringList& arguments) {
 } // namespace
 
 void readTableFiles(const QStringList& paths, const std::function<void(const TableFile&)>& take) {
-    QStringList absolute; // none begins with "-"
-    for (const auto& path : paths) absolute << QFileInfo(path).absoluteFilePath();
     QProcess reader;
-    start(reader, absolute);
+    start(reader, paths);
     reader.closeWriteChannel();
     for (const auto& path : paths) take(nextFile(reader, path));
     reader.waitForFinished();
-}
-
-TableFile readTableText(const QString& text) {
-    QProcess reader;
-    start(reader, {u"-"_s});
-    reader.write(text.toUtf8());
-    reader.closeWriteChannel();
-    const auto file = nextFile(reader, {});
-    reader.waitForFinished();
-    return file;
 }
 
 QString tableFilePatterns() {

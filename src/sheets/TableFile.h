@@ -34,8 +34,6 @@ struct TableFile {
 // Reads the files one after the other and gives each to `take`, so that only one is in memory. Raises error
 // 53 when hollin-sheet is not there.
 void readTableFiles(const QStringList& paths, const std::function<void(const TableFile&)>& take);
-// The same for a text that was copied out of a spreadsheet.
-TableFile readTableText(const QString& text);
 
 // What a file dialog shows: "*.xlsx … *.csv".
 QString tableFilePatterns();

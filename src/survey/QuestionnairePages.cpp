@@ -90,20 +90,20 @@ struct PairRows {
     int rows() const { return static_cast<int>(std::max(left.size(), right.size())); }
 };
 
+// A goal may go on on the next page, but neither its first nor its last pair stands alone.
 void printGoal(Report& report, const QuestionGoal& goal) {
     QList<PairRows> pairs;
-    int rows = 0;
-    for (const auto& pair : goal.pairs()) {
-        pairs.append({wrapped(pair.left.name), wrapped(pair.right.name)});
-        rows += pairs.last().rows();
-    }
+    for (const auto& pair : goal.pairs()) pairs.append({wrapped(pair.left.name), wrapped(pair.right.name)});
+    const auto twoFrom = [&pairs](qsizetype first) {
+        return pairs[first].rows() + (first + 1 < pairs.size() ? pairs[first + 1].rows() : 0);
+    };
     static const auto columns = pairTable();
     static const auto scale = scaleDigits();
-    report.newTable(numberedQuestion(goal), columns, rows);
-    int number = 0;
-    for (const auto& pair : pairs) {
-        report.group(pair.rows());
-        report.row({QString::number(++number), pair.left.first(), scale, pair.right.first()});
+    report.newTable(numberedQuestion(goal), columns, twoFrom(0));
+    for (qsizetype i = 0; i < pairs.size(); ++i) {
+        const auto& pair = pairs[i];
+        report.group(i == 0 || i + 2 == pairs.size() ? twoFrom(i) : pair.rows());
+        report.row({QString::number(i + 1), pair.left.first(), scale, pair.right.first()});
         for (int row = 1; row < pair.rows(); ++row)
             report.row({{}, pair.left.value(row), {}, pair.right.value(row)});
     }

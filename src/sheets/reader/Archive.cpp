@@ -9,7 +9,7 @@
 namespace {
 
 // A form of the largest problem unpacks to 1 MB.
-constexpr std::size_t mostUnpacked = 256U << 20U;
+constexpr std::size_t mostUnpacked = 64U << 20U;
 
 zip_int64_t placeOf(zip* archive, const std::string& part) {
     return zip_name_locate(archive, part.c_str(), ZIP_FL_NOCASE);

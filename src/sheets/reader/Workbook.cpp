@@ -62,6 +62,23 @@ class Relationships : public XmlHandler {
     std::map<std::string, std::string> byId_; // none for charts and the like
 };
 
+// "_x000B_" stands for a control character that the format cannot hold, "_x005F_" for a "_" that would otherwise
+// begin such a thing. None is
+// beyond ASCII: those the format can hold.
+std::string withoutEscapes(std::string_view text) {
+    constexpr std::size_t length = 7;
+    std::string plain;
+    while (!text.empty()) {
+        unsigned code = 0x80;
+        const bool framed = text.size() >= length && text.starts_with("_x") && text[length - 1] == '_';
+        const char* end = text.data() + length - 1;
+        const bool escaped = framed && std::from_chars(text.data() + 2, end, code, 16).ptr == end && code < 0x80;
+        plain += escaped ? static_cast<char>(code) : text.front();
+        text.remove_prefix(escaped ? length : 1);
+    }
+    return plain;
+}
+
 // A text, in pieces where its fonts change, without the reading aid that stands above Japanese words.
 class RichText {
   public:
@@ -76,7 +93,7 @@ class RichText {
     void text(std::string_view piece) {
         if (inText_) append(text_, piece);
     }
-    std::string take() { return std::exchange(text_, {}); }
+    std::string take() { return withoutEscapes(std::exchange(text_, {})); }
 
     static void append(std::string& text, std::string_view piece) {
         if (text.size() + piece.size() > longestText) throw Refusal{SheetFault::TooLarge};
@@ -182,7 +199,7 @@ class Worksheet : public XmlHandler {
             return text == nullptr ? std::pair{CellKind::Error, value_} : std::pair{CellKind::Text, *text};
         }
         if (auto text = inline_.take(); !text.empty()) return {CellKind::Text, text};
-        if (type_ == "str" || type_ == "inlineStr") return {CellKind::Text, value_};
+        if (type_ == "str" || type_ == "inlineStr") return {CellKind::Text, withoutEscapes(value_)};
         if (type_ == "b") return {CellKind::Truth, value_ == "0" ? "FALSE" : "TRUE"};
         if (type_.empty() || type_ == "n" || type_ == "d") return {CellKind::Number, value_};
         return {CellKind::Error, value_.empty() ? type_ : value_}; // "e", or what is not known here

@@ -1,5 +1,4 @@
-// hollin-sheet FILE…: the cells of spreadsheet and text files ("-": of the standard input), on standard
-// output. Such a file comes from outside and may be anything: a few kilobytes that unpack to gigabytes, or
+// hollin-sheet FILE…: the cells of spreadsheet and text files, on standard output. Such a file comes from outside and may be anything: a few kilobytes that unpack to gigabytes, or
 // bytes that make a library stumble. So each is read by a process of its own, with little memory and time,
 // that can open nothing, and what happens to it happens to no work of the user's and to no other file. This
 // process takes over the bytes of a file and what the other lists, and looks into neither.
@@ -51,8 +50,6 @@ bool readAll(int from, std::size_t most, std::string& bytes) {
 }
 
 SheetFault takeBytes(const std::string& path, std::string& bytes) {
-    if (path == "-")
-        return readAll(STDIN_FILENO, largestFile, bytes) ? SheetFault::None : SheetFault::TooLarge;
     // A pipe that nobody writes to would hold up the opening.
     const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (file < 0) return errno == ENOENT || errno == ENOTDIR ? SheetFault::Missing : SheetFault::NotReadable;
@@ -113,11 +110,14 @@ void confine() {
     _exit(static_cast<int>(fault)); // nothing else of this process is to happen twice
 }
 
+// A crash is no fault of the file's alone: whoever starts this by hand sees it here.
 SheetFault faultOf(int status) {
     if (WIFEXITED(status) && WEXITSTATUS(status) <= static_cast<int>(SheetFault::UnknownFormat))
         return static_cast<SheetFault>(WEXITSTATUS(status));
     const bool timeOver = WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL);
-    return timeOver ? SheetFault::TooLarge : SheetFault::Broken;
+    if (timeOver) return SheetFault::TooLarge;
+    std::fprintf(stderr, "hollin-sheet: the reader ended with status %#x\n", static_cast<unsigned>(status));
+    return SheetFault::Broken;
 }
 
 SheetFault list(const std::string& path, std::string& listing) {
