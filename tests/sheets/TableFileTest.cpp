@@ -95,15 +95,16 @@ Parts document(const QByteArray& rows) {
 TEST_F(TableFileTest, WorkbooksGiveEveryCellAndSayWhatItIs) {
     const auto file = zipped(workbook(
         "<row r='2'><c r='B2' t='s'><v>0</v></c><c r='C2' t='s'><v>7</v></c>"
-        "<c r='D2' t='inlineStr'><is><t>右が_x000d_ _x005F_x000A_ _x12_</t><rPh><t>ミギ</t></rPh></is></c></row>"
+        "<c r='D2' t='inlineStr'><is><t>右が_x000d_ _x005F_x000A_ "
+        "_x12_</t><rPh><t>ミギ</t></rPh></is></c></row>"
         "<row><c t='str'><v>同じ</v></c><c><v>12</v></c><c t='b'><v>1</v></c><c t='e'><v>#N/A</v></c>"
         "<c t='str'><f>A1</f><v>a\tb\\n</v></c><c t='new'/><c s='1'/></row>",
         "<mergeCells><mergeCell ref='A4:B6'/></mergeCells>"));
     EXPECT_EQ(
         cells(read(saved(file))),
-        (QStringList{u"回答:2:1 t 左が 3"_s, u"回答:2:2 e 7"_s, u"回答:2:3 t 右が\r _x000A_ _x12_"_s, u"回答:3:0 t 同じ"_s,
-                     u"回答:3:1 n 12"_s, u"回答:3:2 b TRUE"_s, u"回答:3:3 e #N/A"_s, u"回答:3:4 f a\tb\\n"_s,
-                     u"回答:3:5 e new"_s, u"回答:4-6"_s}));
+        (QStringList{u"回答:2:1 t 左が 3"_s, u"回答:2:2 e 7"_s, u"回答:2:3 t 右が\r _x000A_ _x12_"_s,
+                     u"回答:3:0 t 同じ"_s, u"回答:3:1 n 12"_s, u"回答:3:2 b TRUE"_s, u"回答:3:3 e #N/A"_s,
+                     u"回答:3:4 f a\tb\\n"_s, u"回答:3:5 e new"_s, u"回答:4-6"_s}));
 }
 
 TEST_F(TableFileTest, OpenDocumentsGiveEveryCellAndSayWhatItIs) {

@@ -396,7 +396,8 @@ TEST_F(SurveyTest, PaperNamesEveryPairAndFillsItsPages) {
                                        u"1 費用 "_s + digits.join(u' ') + u" 環境"_s,
                                        u"1 建設費 "_s + digits.join(u' ') + u" 将来にわたって負担するこ"_s,
                                        u"とになる維持管理の費用"_s}));
-    // What stands under both is what is chosen from. A goal goes on on the next page, with its first pairs here.
+    // What stands under both is what is chosen from. A goal goes on on the next page, with its first pairs
+    // here.
     const auto question = u"「建設費」について、左と右のどちらがどれだけ優れていますか（望ましいですか）。"_s;
     const auto last = u"21 候補106 "_s + digits.join(u' ') + u" 候補107"_s;
     EXPECT_THAT(texts(pages[1]), testing::Contains(u"0021 "_s + question));

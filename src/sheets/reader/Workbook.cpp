@@ -62,9 +62,8 @@ class Relationships : public XmlHandler {
     std::map<std::string, std::string> byId_; // none for charts and the like
 };
 
-// "_x000B_" stands for a control character that the format cannot hold, "_x005F_" for a "_" that would otherwise
-// begin such a thing. None is
-// beyond ASCII: those the format can hold.
+// "_x000B_" stands for a control character that the format cannot hold, "_x005F_" for a "_" that would
+// otherwise begin such a thing. None is beyond ASCII: those the format can hold.
 std::string withoutEscapes(std::string_view text) {
     constexpr std::size_t length = 7;
     std::string plain;
@@ -72,7 +71,8 @@ std::string withoutEscapes(std::string_view text) {
         unsigned code = 0x80;
         const bool framed = text.size() >= length && text.starts_with("_x") && text[length - 1] == '_';
         const char* end = text.data() + length - 1;
-        const bool escaped = framed && std::from_chars(text.data() + 2, end, code, 16).ptr == end && code < 0x80;
+        const bool escaped =
+            framed && std::from_chars(text.data() + 2, end, code, 16).ptr == end && code < 0x80;
         plain += escaped ? static_cast<char>(code) : text.front();
         text.remove_prefix(escaped ? length : 1);
     }

@@ -1,7 +1,8 @@
-// hollin-sheet FILE…: the cells of spreadsheet and text files, on standard output. Such a file comes from outside and may be anything: a few kilobytes that unpack to gigabytes, or
-// bytes that make a library stumble. So each is read by a process of its own, with little memory and time,
-// that can open nothing, and what happens to it happens to no work of the user's and to no other file. This
-// process takes over the bytes of a file and what the other lists, and looks into neither.
+// hollin-sheet FILE…: the cells of spreadsheet and text files, on standard output. Such a file comes from
+// outside and may be anything: a few kilobytes that unpack to gigabytes, or bytes that make a library
+// stumble. So each is read by a process of its own, with little memory and time, that can open nothing, and
+// what happens to it happens to no work of the user's and to no other file. This process takes over the bytes
+// of a file and what the other lists, and looks into neither.
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
