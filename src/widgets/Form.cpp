@@ -56,10 +56,14 @@ void Form::unload() {
 }
 
 void Form::fitToScreen() {
-    // A layout within the layout does not hear of a control that was hidden before the window was ever shown.
+    layOutAnew();
+    fitToScreen(sizeHint());
+}
+
+// A layout within the layout does not hear what became of a control before the window was ever shown.
+void Form::layOutAnew() {
     layout()->invalidate();
     layout()->activate();
-    fitToScreen(sizeHint());
 }
 
 void Form::fitToScreen(const QSize& wanted) {
@@ -78,8 +82,7 @@ bool Form::needsMoreThan(const QSize& room) const {
 void Form::shrinkViews() {
     for (auto* view : findChildren<QAbstractScrollArea*>())
         view->setMinimumSize(view->minimumSize().boundedTo(smallestView));
-    // The layouts between the views and the window hear of it one after the other.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    layOutAnew();
 }
 
 void Form::scrollContents() {

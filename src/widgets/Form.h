@@ -41,6 +41,7 @@ class Form : public QWidget {
 
   private:
     bool needsMoreThan(const QSize& room) const;
+    void layOutAnew();
     void shrinkViews();
     void scrollContents();
 
