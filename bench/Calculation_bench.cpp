@@ -7,7 +7,7 @@
 #include <limits>
 
 #include "Measured.h"
-#include "analysis/Variation.h"
+#include "analysis/VariationGrade.h"
 #include "core/Common.h"
 #include "core/Database.h"
 #include "database/DatabaseEngine.h"

@@ -11,7 +11,8 @@ set(forbidden
     "core judgement/Limits.h" "hierarchy printing/Report.h" "printing judgement/Limits.h" "core QWidget"
     "registration rounds/RoundSelection.h" "registration hierarchy/TreePlace.h" "comparison screens/Work.h"
     "hierarchy rounds/RoundSelection.h" "rounds screens/Work.h" "screens evaluation/Evaluation.h"
-    "comparison evaluation/Evaluation.h" "evaluation analysis/Statistics.h" "evaluation comparison/ComparisonGrid.h"
+    "comparison evaluation/Evaluation.h" "evaluation analysis/FinalResult.h" "evaluation comparison/ComparisonGrid.h"
+    "figures analysis/FinalResult.h" "figures evaluation/Evaluation.h"
     "evaluation QWidget" "analysis QWidget" "survey QWidget" "analysis startup/SampleProblem.h")
 
 function(look_up case expected)

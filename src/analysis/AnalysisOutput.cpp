@@ -3,7 +3,7 @@
 #include <set>
 
 #include "analysis/FactorValues.h"
-#include "analysis/Variation.h"
+#include "analysis/VariationGrade.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "database/Recordset.h"

@@ -4,9 +4,9 @@
 #include <QString>
 #include <vector>
 
-#include "analysis/Statistics.h"
 #include "database/Recordset.h"
 #include "hierarchy/TreePlace.h"
+#include "judgement/Statistics.h"
 
 // The key of the totals in `tempfac`. Keys of a deep hierarchy can be greater; the totals are last all the
 // same.

@@ -1,10 +1,11 @@
 #include "analysis/FinalResult.h"
 
-#include "analysis/Statistics.h"
 #include "core/Common.h"
 #include "core/FactorNames.h"
 #include "database/Recordset.h"
 #include "files/TextFile.h"
+#include "judgement/Ranks.h"
+#include "judgement/Statistics.h"
 #include "printing/Output.h"
 #include "rounds/RoundSelection.h"
 #include "text/Numbers.h"
@@ -94,22 +95,24 @@ bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
 
 std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32 problemNo) {
     std::vector<RankedCoefficient> ranked;
+    std::vector<double> values;
     double sum = 0;
     for (Recordset rows(
              connection,
              u"select 要因番号,係数値 from 総合係数 where 課題番号=? order by 係数値 desc,要因番号",
              problemNo);
          !rows.eof(); rows.moveNext()) {
-        const QString coefficient = formatNumber(rows[u"係数値"_s].toDouble(), coefficientPattern);
-        const bool tie = !ranked.empty() && ranked.back().coefficient == coefficient;
-        ranked.push_back({tie ? ranked.back().rank : static_cast<int>(ranked.size()) + 1,
-                          factorName(connection, rows[u"要因番号"_s].toLong()),
-                          coefficient,
-                          {}});
-        sum += rows[u"係数値"_s].toDouble();
+        values.push_back(rows[u"係数値"_s].toDouble());
+        sum += values.back();
+        ranked.push_back({0, factorName(connection, rows[u"要因番号"_s].toLong()),
+                          formatNumber(values.back(), coefficientPattern), {}});
     }
-    for (auto& each : ranked)
-        each.share = formatNumber(sum > 0 ? 100 * Value(each.coefficient).toDouble() / sum : 0, u"0.0"_s);
+    const auto order = shownRanks(values);
+    for (std::size_t i = 0; i < ranked.size(); ++i) {
+        ranked[i].rank = order[i];
+        ranked[i].share =
+            formatNumber(sum > 0 ? 100 * Value(ranked[i].coefficient).toDouble() / sum : 0, u"0.0"_s);
+    }
     return ranked;
 }
 

@@ -29,7 +29,6 @@ constexpr int gridSize = mostChildren + 1; // the fixed row and the items
 constexpr double cellWidth = 3;            // in heights of a line of text
 constexpr double rowHeight = 1.6;
 constexpr int listMargin = 16; // pixels beside the entries of the chooser's list
-const int equalPosition = nearestPosition(1);
 
 // The words of the odd steps of the scale, "1 同じくらい重要　3 やや重要 …", in a line that the window has
 // room for at its first size; the longer word for quality stands at its end alone.

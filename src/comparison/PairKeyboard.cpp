@@ -59,7 +59,7 @@ void PairKeyboard::typeScale(QChar typed) {
         return;
     }
     const bool isReciprocal = std::exchange(pending_, Pending::Nothing) == Pending::Slash;
-    const int position = nearestPosition(typed.digitValue());
+    const int position = positionOf(typed.digitValue());
     if (isReciprocal || typed != u'1') return choose(isReciprocal ? mirrorPosition(position) : position);
     entry_.set(current_, position);
     pending_ = Pending::One;

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <map>
 
-#include "analysis/Statistics.h"
-
 namespace {
 
 FactorSpread spreadOf(qint32 parentNo, qint32 factorNo, const EvaluatorValues& values) {

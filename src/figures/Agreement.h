@@ -4,8 +4,8 @@
 #include <array>
 #include <optional>
 
-#include "analysis/Variation.h"
 #include "figures/RoundResults.h"
+#include "judgement/Statistics.h"
 
 struct FactorSpread {
     qint32 parentNo = 0; // the problem for an overall weight

@@ -1,21 +1,9 @@
 #include "figures/Ranking.h"
 
 #include <algorithm>
-#include <numeric>
 
-#include "analysis/Statistics.h"
-
-std::vector<int> ranks(const std::vector<double>& values) {
-    std::vector<std::size_t> order(values.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(order, std::ranges::greater{}, [&values](std::size_t i) { return values[i]; });
-    std::vector<int> ranks(values.size(), 0);
-    for (std::size_t place = 0, first = 0; place < order.size() && values[order[place]] > 0; ++place) {
-        if (values[order[place]] < values[order[first]] * (1 - equalCoefficients)) first = place;
-        ranks[order[place]] = static_cast<int>(first) + 1;
-    }
-    return ranks;
-}
+#include "judgement/Ranks.h"
+#include "judgement/Statistics.h"
 
 std::vector<LeafCoefficient> rankedLeaves(const RoundResults& results) {
     std::vector<LeafCoefficient> leaves;
@@ -30,7 +18,7 @@ std::vector<LeafCoefficient> rankedLeaves(const RoundResults& results) {
                           group.maximum(), results.totals[leaf]});
         coefficients.push_back(leaves.back().coefficient);
     }
-    const auto order = ranks(coefficients);
+    const auto order = shownRanks(coefficients);
     for (std::size_t i = 0; i < leaves.size(); ++i) leaves[i].rank = order[i];
     std::ranges::stable_sort(leaves, {}, &LeafCoefficient::rank);
     return leaves;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "figures/Ranking.h"
+#include "judgement/Ranks.h"
 
 namespace {
 
@@ -108,7 +109,7 @@ std::vector<std::size_t> leadersIn(std::size_t cell, const std::vector<std::vect
 RankChange changeAt(double x, const LeafResponse& first, const LeafResponse& second, bool firstAboveAfter,
                     const std::vector<LeafResponse>& leaves) {
     const double k = std::exp(x);
-    const double here = first.coefficient(k) * (1 + equalCoefficients);
+    const double here = first.coefficient(k) * (1 + equalValues);
     const auto above = std::ranges::count_if(leaves, [&](const LeafResponse& leaf) {
         return leaf.factorNo != first.factorNo && leaf.factorNo != second.factorNo &&
                leaf.coefficient(k) > here;

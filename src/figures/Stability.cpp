@@ -5,10 +5,10 @@
 #include <map>
 #include <random>
 
-#include "analysis/Statistics.h"
-#include "figures/Ranking.h"
 #include "judgement/ComparisonScale.h"
 #include "judgement/PowerMethod.h"
+#include "judgement/Ranks.h"
+#include "judgement/Statistics.h"
 #include "rounds/Comparisons.h"
 
 using namespace Qt::StringLiterals;
@@ -59,12 +59,7 @@ struct Steps {
 };
 
 Steps stepsFrom(double value) {
-    const auto distance = [value](int position) {
-        return std::abs(std::log(static_cast<double>(scaleValue(position)) / value));
-    };
-    int nearest = 0;
-    for (int position = 1; position < scalePositions; ++position)
-        if (distance(position) < distance(nearest)) nearest = position;
+    const int nearest = nearestPosition(value);
     return {scaleValue(std::min(nearest + 1, scalePositions - 1)), scaleValue(std::max(nearest - 1, 0))};
 }
 
@@ -142,11 +137,11 @@ class MovedComparisons {
 };
 
 std::vector<LeafStability> undisturbed(const FactorGraph& graph, const std::vector<double>& coefficients) {
-    const auto order = ranks(coefficients);
+    const auto order = shownRanks(coefficients);
     std::vector<LeafStability> leaves;
     for (std::size_t leaf = 0; leaf < coefficients.size(); ++leaf)
         leaves.push_back({.factorNo = graph.factors()[static_cast<std::size_t>(graph.leaves()[leaf])],
-                          .rank = order[leaf],
+                          .rank = coefficients[leaf] > 0 ? order[leaf] : 0,
                           .coefficient = coefficients[leaf]});
     return leaves;
 }

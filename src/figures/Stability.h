@@ -26,7 +26,7 @@ constexpr int countedRanks = 3;
 
 struct LeafStability {
     qint32 factorNo = 0;
-    int rank = 0;                            // of the comparisons as they are
+    int rank = 0;                            // of the comparisons as they are, as it is shown
     double coefficient = 0;                  // likewise
     std::array<int, countedRanks> timesOn{}; // runs in which it stood first, second, third
     int bestRank = 0;

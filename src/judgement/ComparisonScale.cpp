@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstdlib>
 
 #include "text/RuntimeError.h"
 
@@ -9,30 +10,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int equalPosition = 8; // "1"
 constexpr double equalDistance =
     1e-6; // what single precision makes of equal ones: √6 is as near to 2 as to 3
 
-// For the whole numbers 1 to 9; an even one is a compromise between its neighbours.
-constexpr std::array words{u"同じくらい",   u"同じ〜やや",       u"やや",
-                           u"やや〜かなり", u"かなり",           u"かなり〜非常に",
-                           u"非常に",       u"非常に〜きわめて", u"きわめて"};
-
-// The whole number of the position: n on the side above 1, the n of 1/n below.
-int wholeNumber(int position) {
-    if (position < 0 || position >= scalePositions) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
-    return position <= equalPosition ? equalPosition + 1 - position : position - equalPosition + 1;
-}
-
 } // namespace
 
+int degreeAt(int position) {
+    if (position < 0 || position >= scalePositions) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
+    return std::abs(position - equalPosition) + 1;
+}
+
 QString scaleText(int position) {
-    const QString number = QString::number(wholeNumber(position));
+    const QString number = QString::number(degreeAt(position));
     return position <= equalPosition ? number : u"1/"_s + number;
 }
 
 float scaleValue(int position) {
-    const int number = wholeNumber(position);
+    const int number = degreeAt(position);
     return position <= equalPosition ? static_cast<float>(number) : static_cast<float>(1.0 / number);
 }
 
@@ -46,6 +40,20 @@ int nearestPosition(double value) {
     return nearest;
 }
 
+QString degreeWords(int degree) {
+    static const std::array odd{u"同じくらい"_s, u"やや"_s, u"かなり"_s, u"非常に"_s, u"きわめて"_s};
+    if (degree < 1 || degree > mostDegree) throw RuntimeError(ErrorCode::SubscriptOutOfRange);
+    const auto below = static_cast<std::size_t>((degree - 1) / 2);
+    if (degree % 2 == 1) return odd.at(below);
+    return (degree == 2 ? u"同じ"_s : odd.at(below)) + u"〜"_s + odd.at(below + 1);
+}
+
+QString wordUnder(int position) {
+    const int degree = degreeAt(position);
+    if (degree % 2 == 0) return {};
+    return degree == 1 ? u"同じ"_s : degreeWords(degree);
+}
+
 QString aspectWord(Aspect aspect) {
     return aspect == Aspect::Quality ? u"優れている"_s : u"重要"_s;
 }
@@ -57,8 +65,7 @@ QString comparisonQuestion(const QString& goal, Aspect aspect) {
 }
 
 QString scaleWords(int position, Aspect aspect) {
-    return QString::fromUtf16(words[static_cast<std::size_t>(wholeNumber(position) - 1)]) +
-           aspectWord(aspect);
+    return degreeWords(degreeAt(position)) + aspectWord(aspect);
 }
 
 QString comparisonMeaning(const QString& source, const QString& target, int position, Aspect aspect) {

@@ -16,9 +16,8 @@ QString heading(Column column) {
 }
 
 QString choice(int position) {
-    constexpr int equal = scalePositions / 2;
-    if (position == equal) return u"同じ"_s;
-    return position < equal ? u"左が %1"_s.arg(equal + 1 - position) : u"右が %1"_s.arg(position - equal + 1);
+    if (position == equalPosition) return u"同じ"_s;
+    return (position < equalPosition ? u"左が %1"_s : u"右が %1"_s).arg(degreeAt(position));
 }
 
 namespace {

@@ -47,13 +47,6 @@ QJsonArray scaleArray(const auto& entry) {
     return array;
 }
 
-// Under the digits; those between two words have none.
-QString wordUnder(int position) {
-    const int degree = std::abs(position - nearestPosition(1)) + 1;
-    if (degree == 1) return u"同じ"_s;
-    return degree % 2 == 0 ? QString() : degreeInWords(degree);
-}
-
 // The name of the preferred one comes for "%1" or "%2".
 QJsonArray meaningsOf(Aspect aspect) {
     return scaleArray([aspect](int position) {

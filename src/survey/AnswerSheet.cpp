@@ -33,9 +33,8 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
         u"黄色い欄のほかは変更できません。列や行の追加、削除、結合はしないでください。"_s,
         {},
         u"選択肢の意味"_s};
-    for (int degree = scalePositions / 2 + 1; degree > 1; --degree)
-        lines << u"　左が %1 … 左のほうが%2重要（優れている）"_s.arg(QString::number(degree),
-                                                                     degreeInWords(degree));
+    for (int degree = mostDegree; degree > 1; --degree)
+        lines << u"　左が %1 … 左のほうが%2重要（優れている）"_s.arg(QString::number(degree), degreeWords(degree));
     lines << u"　同じ … 左と右は同じくらい重要（優れている）"_s;
     lines << u"　右が 2 ～ 右が 9 … 同じ言葉で、右のほうが重要（優れている）"_s;
     return lines;
@@ -115,8 +114,7 @@ void writeHeader(lxw_worksheet* sheet, const Questionnaire& questionnaire, const
 // The degree of the answer in words: the last character of the answer is its digit.
 QString degreeFormula(const QString& answer) {
     QStringList words;
-    for (int degree = 2; degree <= scalePositions / 2 + 1; ++degree)
-        words << u'"' + degreeInWords(degree) + u'"';
+    for (int degree = 2; degree <= mostDegree; ++degree) words << u'"' + degreeWords(degree) + u'"';
     return u"CHOOSE(VALUE(RIGHT(%1,1))-1,%2)"_s.arg(answer, words.join(u','));
 }
 
@@ -125,7 +123,7 @@ QString meaningFormula(lxw_row_t row, Aspect aspect) {
     const auto cell = [row](Column column) { return QChar(u'A' + column) + QString::number(row + 1); };
     const auto answer = cell(Answer);
     return uR"(=IF(%1="","",IF(%1="%4","「"&%2&"」と「"&%3&"」は同じくらい%6",IFERROR("「"&IF(LEFT(%1,1)="左",%2,%3)&"」のほうが"&%5&"%6","選択肢から選んでください")))"_s
-               .arg(answer, cell(Left), cell(Right), choice(scalePositions / 2), degreeFormula(answer),
+               .arg(answer, cell(Left), cell(Right), choice(equalPosition), degreeFormula(answer),
                     aspectWord(aspect)) +
            u')';
 }

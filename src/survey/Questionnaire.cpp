@@ -1,7 +1,6 @@
 #include "survey/Questionnaire.h"
 
 #include <QSet>
-#include <array>
 
 #include "comparison/GoalAspects.h"
 #include "core/Common.h"
@@ -86,11 +85,4 @@ QString titleOf(const Questionnaire& questionnaire) {
 
 QString questionOf(const QuestionGoal& goal) {
     return comparisonQuestion(goal.factor.name, goal.aspect);
-}
-
-QString degreeInWords(int degree) {
-    static const std::array words{u"同じくらい"_s, u"やや"_s, u"かなり"_s, u"非常に"_s, u"極めて"_s};
-    const auto below = static_cast<std::size_t>((degree - 1) / 2);
-    return degree % 2 == 1 ? words.at(below)
-                           : u"「%1」と「%2」の間くらい"_s.arg(words.at(below), words.at(below + 1));
 }

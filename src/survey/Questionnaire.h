@@ -46,7 +46,3 @@ QString titleOf(const Questionnaire& questionnaire);
 
 // "「…」にとって、左と右のどちらがどれだけ重要ですか。", or what fits the goal's aspect.
 QString questionOf(const QuestionGoal& goal);
-
-// The degrees of the comparison scale in words: 1 "同じくらい", 3 "やや", … 9 "極めて"; those between two
-// words name both.
-QString degreeInWords(int degree);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/FactorNames.h"
+#include "judgement/ComparisonScale.h"
 #include "printing/Report.h"
 #include "rounds/RoundSelection.h"
 #include "survey/Questionnaire.h"
@@ -23,9 +24,6 @@ constexpr int pairColumns = 5;
 constexpr double halfWidth = 10 * 25.4 / 72 / 2; // mm, at 10 pt
 constexpr double leftMargin = 5;                 // mm
 
-constexpr int digits = 17;
-constexpr int equal = digits / 2; // the place of "1"
-
 // Texts in half-width columns, each centred over the digit of its place.
 QString overDigits(const QList<std::pair<int, QString>>& texts) {
     QString line;
@@ -39,19 +37,18 @@ QString overDigits(const QList<std::pair<int, QString>>& texts) {
 
 QString scaleDigits() {
     QList<std::pair<int, QString>> texts;
-    for (int place = 0; place < digits; ++place)
-        texts.append({place, QString::number(std::abs(place - equal) + 1)});
+    for (int place = 0; place < scalePositions; ++place)
+        texts.append({place, QString::number(degreeAt(place))});
     return overDigits(texts);
 }
 
 // The words of the odd degrees. Neighbours would touch each other, so every second one stands in a line
 // above.
-QString scaleWords() {
+QString wordsOverDigits() {
     QList<std::pair<int, QString>> upper;
     QList<std::pair<int, QString>> lower;
-    for (int place = 0; place < digits; place += 2) {
-        const int degree = std::abs(place - equal) + 1;
-        (degree % 4 == 1 ? upper : lower).append({place, degree == 1 ? u"同じ"_s : degreeInWords(degree)});
+    for (int place = 0; place < scalePositions; place += 2) {
+        (degreeAt(place) % 4 == 1 ? upper : lower).append({place, wordUnder(place)});
     }
     return overDigits(upper) + u'\n' + overDigits(lower);
 }
@@ -61,7 +58,7 @@ QList<ReportColumn> pairTable() {
     double left = leftMargin;
     for (const auto& [heading, width] : {std::pair{u"組"_s, pairColumns},
                                          {u"左の要因"_s, nameColumns},
-                                         {scaleWords(), scaleColumns},
+                                         {wordsOverDigits(), scaleColumns},
                                          {u"右の要因"_s, nameColumns}}) {
         columns.append({heading, left, (width + 0.2) * halfWidth});
         left += (width + 1) * halfWidth;

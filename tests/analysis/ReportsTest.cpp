@@ -1,6 +1,6 @@
 // Group report, analysis and coefficients, read back from documents, tables and file. The figures were worked
 // out with an eigenvector routine of another tool from the comparisons of the fixture.
-#include "analysis/Variation.h"
+#include "analysis/VariationGrade.h"
 #include "rounds/RoundSelection.h"
 #include "support/Desktop.h"
 #include "support/Helpers.h"

@@ -1,13 +1,14 @@
 // The figures of a set of values, against values worked out by hand.
-#include "analysis/Statistics.h"
+#include "judgement/Statistics.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "analysis/Variation.h"
-#include "support/ScreenTest.h"
+#include "judgement/Ranks.h"
+#include "judgement/Variation.h"
 #include "text/Numbers.h"
+#include "text/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 
@@ -55,4 +56,12 @@ TEST(StatisticsTest, ValuesFallIntoTheNearestOfSevenClasses) {
     EXPECT_EQ(classes({0.3, 0.3, 0.3}), (std::vector{0, 0, 0, 3, 0, 0, 0}));
     EXPECT_EQ(classes({0.3, 0.3 + 6e-8}), (std::vector{0, 0, 0, 2, 0, 0, 0}));
     EXPECT_EQ(classes({0.3, 0.3 + 8e-8}), (std::vector{1, 0, 0, 0, 0, 0, 1}));
+}
+
+TEST(RanksTest, EqualValuesShareARankAndTheNextIsCountedOn) {
+    // equal to the last but a few digits is equal; what has no value has no rank
+    EXPECT_EQ(ranks({0.5, 0.7, 0.5 + 1e-12, 0, 0.2}), (std::vector{2, 1, 2, 0, 4}));
+    EXPECT_EQ(ranks({0.12344, 0.12336, 0.12334}), (std::vector{1, 2, 3}));
+    EXPECT_EQ(shownRanks({0.12344, 0.12336, 0.12334, 0.2, 0.12345, 0.00004, 0}),
+              (std::vector{3, 3, 5, 1, 2, 6, 6}));
 }

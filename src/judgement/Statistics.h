@@ -1,7 +1,9 @@
-// What the analysis says of the values that several evaluators give one factor.
+// What is said of the values that several evaluators give one factor.
 #pragma once
 
 #include <QString>
+#include <array>
+#include <vector>
 
 // The variance of one factor's values below which they count as equal.
 constexpr double negligibleSpread = 1e-8;
@@ -31,3 +33,10 @@ class Statistics {
     double minimum_ = 0;
     double maximum_ = 0;
 };
+
+constexpr int valueClasses = 7;
+// How many of the values stand in each seventh of their range; the largest one in the last, all in the
+// middle one when they do not differ. Positions in the range are rounded to the nearest class, halves to the
+// even one, so class 0 is half as wide as the others and class 6 half as wide again. `minimum` and `maximum`
+// are those of the values.
+std::array<int, valueClasses> classCounts(const std::vector<double>& values, double minimum, double maximum);
