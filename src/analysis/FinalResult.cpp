@@ -104,8 +104,10 @@ std::vector<RankedCoefficient> storedCoefficients(Connection& connection, qint32
          !rows.eof(); rows.moveNext()) {
         values.push_back(rows[u"係数値"_s].toDouble());
         sum += values.back();
-        ranked.push_back({0, factorName(connection, rows[u"要因番号"_s].toLong()),
-                          formatNumber(values.back(), coefficientPattern), {}});
+        ranked.push_back({0,
+                          factorName(connection, rows[u"要因番号"_s].toLong()),
+                          formatNumber(values.back(), coefficientPattern),
+                          {}});
     }
     const auto order = shownRanks(values);
     for (std::size_t i = 0; i < ranked.size(); ++i) {

@@ -34,7 +34,8 @@ QStringList instructions(const Questionnaire& questionnaire, const Factor& evalu
         {},
         u"選択肢の意味"_s};
     for (int degree = mostDegree; degree > 1; --degree)
-        lines << u"　左が %1 … 左のほうが%2重要（優れている）"_s.arg(QString::number(degree), degreeWords(degree));
+        lines << u"　左が %1 … 左のほうが%2重要（優れている）"_s.arg(QString::number(degree),
+                                                                     degreeWords(degree));
     lines << u"　同じ … 左と右は同じくらい重要（優れている）"_s;
     lines << u"　右が 2 ～ 右が 9 … 同じ言葉で、右のほうが重要（優れている）"_s;
     return lines;
