@@ -51,19 +51,6 @@ int mostSiblings(qint32 problemNo) {
         problemNo);
 }
 
-// What the calculation will find, or why it will not.
-QString consistencyText(const std::optional<Consistency>& found, int items) {
-    if (pairCount(items) > mostCalculatedPairs)
-        return u"整合度を計算できません（評価計算が扱う要因は %1 つまでです）"_s.arg(
-            itemCount(mostCalculatedPairs).value());
-    if (!found) return u"整合度を計算できません（評価計算では「全体的に不整合」になります）"_s;
-    const auto& consistency = *found;
-    return u"整合度 CI %1（限度 %2）　整合比 CR %3（限度 %4）　%5"_s.arg(
-        formatNumber(std::max(consistency.index, 0.0), u"0.000"_s), decimalText(consistencyIndexLimit),
-        formatNumber(std::max(consistency.ratio, 0.0), u"0.000"_s), decimalText(consistencyRatioLimit),
-        consistency.isAcceptable() ? u"整合しています。"_s : u"限度を超えています。"_s);
-}
-
 // The text that a key types, without those that are commands.
 QString typedText(const QKeyEvent& key) {
     const bool isCommand = key.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
@@ -436,7 +423,7 @@ void 比較値設定::showConsistency() {
     if (entry().items() < 3 || entry().nextOpen()) return;
     const auto values = entry().values();
     const auto check = checkAnswers({values.begin(), values.end()});
-    ui_->Label5->setWholeText(consistencyText(check.consistency, entry().items()));
+    ui_->Label5->setWholeText(consistencyText(check));
     if (!check.oddPair) return;
     const auto& odd = *check.oddPair;
     ui_->Label6->setSentence(namesOf({odd.source + 1, odd.target + 1}), [odd](const QStringList& names) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "judgement/Variation.h"
+
 namespace {
 
 FactorSpread spreadOf(qint32 parentNo, qint32 factorNo, const EvaluatorValues& values) {
@@ -30,8 +32,23 @@ bool hasValues(const FactorSpread& spread) {
     return spread.maximum > 0;
 }
 
+double variationOf(const RoundResults& results) {
+    std::map<qint32, std::vector<double>> families; // by parent
+    for (std::size_t i = 0; i < results.local.size(); ++i) {
+        Statistics group;
+        for (const double value : results.local[i])
+            if (value != 0) group.add(value);
+        if (group.count() > 0)
+            families[results.graph.edges()[i].parentNo].push_back(group.deviation(negligibleVariance));
+    }
+    Variation variation;
+    for (const auto& [parentNo, deviations] : families) variation.addFamily(deviations);
+    return variation.mean();
+}
+
 Agreement spreadsOf(const RoundResults& results) {
     Agreement found;
+    found.variation = variationOf(results);
     for (std::size_t i = 0; i < results.local.size(); ++i) {
         const auto& edge = results.graph.edges()[i];
         found.weights.push_back(spreadOf(edge.parentNo, edge.factorNo, results.local[i]));
@@ -63,6 +80,7 @@ Agreement agreement(const RoundResults& results, const RoundResults* earlier) {
         const Agreement before = spreadsOf(*earlier);
         compare(found.weights, before.weights);
         compare(found.totals, before.totals);
+        found.earlierVariation = before.variation;
     }
     worstFirst(found.weights);
     worstFirst(found.totals);

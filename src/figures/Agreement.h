@@ -22,6 +22,8 @@ struct FactorSpread {
 struct Agreement {
     std::vector<FactorSpread> weights; // local weights, the worst agreement first
     std::vector<FactorSpread> totals;  // overall weights of the leaves, likewise
+    double variation = 0;              // of the round's local weights, as the grade is made of it
+    std::optional<double> earlierVariation;
 };
 
 // The spreads as the analysis output has them.

@@ -5,6 +5,7 @@
 #include "figures/FigureTexts.h"
 #include "figures/Figures.h"
 #include "figures/RowFigure.h"
+#include "judgement/Variation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,14 +66,14 @@ QString summary(const std::vector<FactorSpread>& spreads) {
 void fillDeviations(QCustomPlot& plot, const std::vector<FactorSpread>& spreads, std::size_t first,
                     std::size_t count, const RoundResults* earlier) {
     auto* now = new QCPBars(plot.yAxis, plot.xAxis); // the plot owns what is made on it
-    now->setName(u"偏差値"_s);
+    now->setName(u"標準偏差"_s);
     now->setWidth(0.5);
     now->setPen(QPen(QColor(Ink::line), 1));
     now->setBrush(QColor(Ink::middle));
     QCPGraph* before = nullptr;
     if (earlier != nullptr) {
         before = new QCPGraph(plot.yAxis, plot.xAxis);
-        before->setName(u"%1回の偏差値"_s.arg(earlier->round));
+        before->setName(u"%1回の標準偏差"_s.arg(earlier->round));
         before->setLineStyle(QCPGraph::lsNone);
         before->setScatterStyle(
             {QCPScatterStyle::ssDiamond, QPen(QColor(Ink::line), 1), QBrush(Qt::white), 10});
@@ -85,18 +86,33 @@ void fillDeviations(QCustomPlot& plot, const std::vector<FactorSpread>& spreads,
     }
 }
 
+// "B（0.1534）".
+QString gradeText(double variation) {
+    return u"%1（%2）"_s.arg(gradeLetter(variation), fourPlaces(variation));
+}
+
+// The grade of the round and what its letters say, in a line of its own.
+QString gradeLine(const Agreement& found, const RoundResults* earlier) {
+    QString line = u"\n変動度 "_s + gradeText(found.variation);
+    if (earlier != nullptr && found.earlierVariation)
+        line += u"、%1回は %2"_s.arg(earlier->round).arg(gradeText(*found.earlierVariation));
+    return line + u"。"_s + gradeLegend() + u"。"_s;
+}
+
 std::vector<FigureSheet> drawSpreads(const RoundResults& results, const RoundResults* earlier,
-                                     const std::vector<FactorSpread>& spreads, const QString& what) {
+                                     const std::vector<FactorSpread>& spreads, const QString& what,
+                                     const QString& grade) {
     double greatest = 1e-4;
     RowFigure figure;
     figure.title = titleOf(
         results, u"意見の揃い方（%1）"_s.arg(what),
         u"意見の離れている要因から順に並べています。分布は最小から最大までを七つに分けた人数です。"_s);
     if (earlier != nullptr)
-        figure.title.reading += u"◇は%1回の偏差値です。"_s.arg(earlier->round) + summary(spreads);
+        figure.title.reading += u"◇は%1回の標準偏差です。"_s.arg(earlier->round) + summary(spreads);
+    figure.title.reading += grade;
     figure.columns = {{u"最小"_s, nameWidth, 56},
                       {u"最大"_s, classLeft + valueClasses * classWidth, 56},
-                      {u"偏差値"_s, 862, 54}};
+                      {u"標準偏差"_s, 862, 54}};
     if (earlier != nullptr) {
         figure.columns.append({u"%1回"_s.arg(earlier->round), 918, 54});
         figure.columns.append({u"差"_s, 974, 72});
@@ -104,7 +120,7 @@ std::vector<FigureSheet> drawSpreads(const RoundResults& results, const RoundRes
     figure.nameWidth = nameWidth;
     figure.plotLeft = 616;
     figure.plotWidth = 250;
-    figure.scale = u"偏差値"_s;
+    figure.scale = u"標準偏差"_s;
     for (const auto& spread : spreads) {
         greatest = std::max({greatest, spread.deviation, spread.earlierDeviation.value_or(0)});
         figure.rows.push_back({QString::number(figure.rows.size() + 1), nameOf(results, spread),
@@ -125,8 +141,8 @@ std::vector<FigureSheet> drawSpreads(const RoundResults& results, const RoundRes
 
 std::vector<FigureSheet> drawAgreement(const RoundResults& results, const RoundResults* earlier) {
     const Agreement found = agreement(results, earlier);
-    auto sheets = drawSpreads(results, earlier, found.weights, u"評価値"_s);
-    const auto totals = drawSpreads(results, earlier, found.totals, u"総合評価値（最終レベル）"_s);
+    auto sheets = drawSpreads(results, earlier, found.weights, u"評価値"_s, gradeLine(found, earlier));
+    const auto totals = drawSpreads(results, earlier, found.totals, u"総合評価値（最終レベル）"_s, {});
     sheets.insert(sheets.end(), totals.begin(), totals.end());
     return sheets;
 }

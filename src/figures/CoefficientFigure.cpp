@@ -12,7 +12,7 @@ namespace {
 
 class CoefficientPlot {
   public:
-    CoefficientPlot(QCustomPlot& plot, const RoundResults& results, std::optional<std::size_t> chosen)
+    CoefficientPlot(QCustomPlot& plot, std::optional<std::size_t> chosen)
         : plot_(plot), chosen_(chosen) {
         bars_ = new QCPBars(plot.yAxis, plot.xAxis); // the plot owns what is made on it
         bars_->setName(u"総合係数"_s);
@@ -28,9 +28,8 @@ class CoefficientPlot {
         values_ = scatters(u"各評価者の値"_s,
                            {QCPScatterStyle::ssCircle, QPen(QColor(Ink::dark), 1), QBrush(Qt::white), 6});
         if (chosen)
-            own_ = scatters(
-                elidedText(results.evaluators[*chosen].name, 120) + u"の値"_s,
-                {QCPScatterStyle::ssDiamond, QPen(QColor(Ink::line), 1), QBrush(QColor(Ink::line)), 12});
+            own_ = scatters(u"選んだ評価者の値"_s, {QCPScatterStyle::ssDiamond, QPen(QColor(Ink::line), 1),
+                                                    QBrush(QColor(Ink::line)), 12});
     }
 
     void add(double row, const LeafCoefficient& leaf) {
@@ -72,8 +71,7 @@ std::vector<FigureSheet> drawCoefficients(const RoundResults& results, std::opti
     figure.title =
         titleOf(results, u"総合係数"_s,
                 u"棒は全員の総合評価値の幾何平均です。横線は最小から最大まで、○は一人ひとりの値です。"_s);
-    if (chosen)
-        figure.title.reading += u"◆は%1の値です。"_s.arg(elidedText(results.evaluators[*chosen].name, 200));
+    if (chosen) figure.title.reading += u"◆は%1の値です。"_s.arg(results.evaluators[*chosen].name);
     figure.columns = {{u"係数"_s, 830, 50}, {u"最小"_s, 884, 50}, {u"最大"_s, 938, 50}};
     if (chosen) figure.columns.append({u"◆"_s, 992, 50});
     figure.nameWidth = 360;
@@ -86,7 +84,7 @@ std::vector<FigureSheet> drawCoefficients(const RoundResults& results, std::opti
     }
     figure.fill = [&](QCustomPlot& plot, std::size_t first, std::size_t count) {
         plot.xAxis->setRange(0, greatest * 1.03);
-        CoefficientPlot filled(plot, results, chosen);
+        CoefficientPlot filled(plot, chosen);
         for (std::size_t i = 0; i < count; ++i) filled.add(static_cast<double>(i), leaves[first + i]);
     };
     return drawRows(figure);

@@ -119,6 +119,62 @@ RankChange changeAt(double x, const LeafResponse& first, const LeafResponse& sec
             firstRises ? second.factorNo : first.factorNo};
 }
 
+const LeafResponse& leafOf(qint32 factorNo, const std::vector<LeafResponse>& leaves) {
+    return *std::ranges::find(leaves, factorNo, &LeafResponse::factorNo);
+}
+
+bool areEqual(const LeafResponse& one, const LeafResponse& other, double k) {
+    return ranks({one.coefficient(k), other.coefficient(k)}) == std::vector{1, 1};
+}
+
+// Equal leaves part at k = 1, or only just beside it: what rounding makes of it.
+bool isTieAsItIs(const RankChange& change, const std::vector<LeafResponse>& leaves) {
+    const auto& rising = leafOf(change.risingNo, leaves);
+    const auto& falling = leafOf(change.fallingNo, leaves);
+    return areEqual(rising, falling, 1) && areEqual(rising, falling, std::sqrt(change.k));
+}
+
+// The ranks of the rising and the falling leaf at k.
+std::pair<int, int> ranksAt(double k, const RankChange& change, const std::vector<LeafResponse>& leaves) {
+    std::vector<double> values;
+    for (const auto& leaf : leaves) values.push_back(leaf.coefficient(k));
+    const auto order = ranks(values);
+    const auto rankOf = [&](qint32 factorNo) {
+        return order[static_cast<std::size_t>(&leafOf(factorNo, leaves) - leaves.data())];
+    };
+    return {rankOf(change.risingNo), rankOf(change.fallingNo)};
+}
+
+double awayFromOne(double k, int places) {
+    const double scale = std::pow(10, places);
+    const double rounded = (k > 1 ? std::ceil(k * scale) : std::floor(k * scale)) / scale;
+    return rounded == 1 ? 1 + (k > 1 ? 1 : -1) / scale : rounded;
+}
+
+// Says of the change what is true at the rounded k.
+void round(RankChange& change, const std::vector<LeafResponse>& leaves) {
+    constexpr int leastPlaces = 2;
+    constexpr int mostPlaces = 6;
+    constexpr double beside = 1e-6;
+    const std::pair places{change.rank, change.rank + 1};
+    const auto [rising, falling] =
+        ranksAt(change.k * (change.k > 1 ? 1 - beside : 1 + beside), change, leaves);
+    change.changesPlaces = std::pair{falling, rising} == places &&
+                           leafOf(change.risingNo, leaves).rank != leafOf(change.fallingNo, leaves).rank;
+    for (int number = mostPlaces; number >= leastPlaces; --number)
+        if (const double k = awayFromOne(change.k, number); true) {
+            const auto behind = ranksAt(k, change, leaves);
+            if (behind.first < behind.second) change.roundedK = k;
+        }
+    if (!change.changesPlaces) return;
+    for (int number = leastPlaces; number <= mostPlaces; ++number)
+        if (ranksAt(awayFromOne(change.k, number), change, leaves) == places) {
+            change.roundedK = awayFromOne(change.k, number);
+            return;
+        }
+    change.changesPlaces = false;
+}
+
 std::vector<RankChange> rankChanges(const std::vector<LeafResponse>& leaves, int leading) {
     std::vector<RankChange> changes;
     const auto samples = sampled(leaves);
@@ -139,7 +195,10 @@ std::vector<RankChange> rankChanges(const std::vector<LeafResponse>& leaves, int
                 }
             }
     }
-    std::erase_if(changes, [leading](const RankChange& change) { return change.rank >= leading; });
+    std::erase_if(changes, [&](const RankChange& change) {
+        return change.rank >= leading || isTieAsItIs(change, leaves);
+    });
+    for (auto& change : changes) round(change, leaves);
     std::ranges::stable_sort(changes, {},
                              [](const RankChange& change) { return std::abs(std::log(change.k)); });
     return changes;

@@ -18,12 +18,16 @@ struct LeafResponse {
     double coefficient(double k) const;
 };
 
-// At k the leaves on ranks `rank` and `rank + 1` change places.
+// At k the coefficients of two leaves are equal, on the side away from k = 1 that of the rising one is the
+// greater.
 struct RankChange {
     double k = 1;
-    int rank = 0;
-    qint32 risingNo = 0; // whose coefficient is the greater one on the side away from k = 1
+    int rank = 0; // of the rising leaf behind k, of the falling one before
+    qint32 risingNo = 0;
     qint32 fallingNo = 0;
+    double roundedK =
+        1; // k rounded away from 1 to as few places, two at least, as make what is said of it true
+    bool changesPlaces = true; // with the rank below; not where more than two leaves meet or share a rank
 };
 
 struct Sensitivity {
@@ -34,5 +38,6 @@ struct Sensitivity {
 };
 
 // For each factor right below the problem, in display order. Changes are found to 1e-12 in proportion to k;
-// leaves that stay equal over a whole stretch do not change places in it.
+// leaves that stay equal over a whole stretch do not change places in it, and those that are equal now do not
+// at k = 1.
 std::vector<Sensitivity> sensitivities(const RoundResults& results, int leading);

@@ -16,13 +16,15 @@ constexpr int samplesPerLine = 180;
 constexpr QRectF chart(0, Sheet::top, 730, 370);
 constexpr QMargins chartMargins(60, 8, 14, 44);
 constexpr double labelsLeft = 772;
+constexpr double labelWidth = FigureSheet::width - labelsLeft;
 constexpr double labelHeight = 16;
+constexpr double tallLabelHeight = 26; // of a name in two lines
 constexpr double tableTop = 466;
 constexpr double rowHeight = 17;
 constexpr double factorWidth = 70; // of the column with k
-constexpr double sentenceWidth = FigureSheet::width - factorWidth - 8;
-const auto rowsBelowChart = static_cast<std::size_t>((Sheet::bottom - tableTop) / rowHeight) - 1;
-const auto rowsOfSheet = static_cast<std::size_t>((Sheet::bottom - Sheet::top) / rowHeight) - 1;
+constexpr double sentenceWidth = FigureSheet::width - factorWidth - 14;
+constexpr auto linesBelowChart = static_cast<qsizetype>((Sheet::bottom - tableTop) / rowHeight) - 1;
+constexpr auto linesOfSheet = static_cast<qsizetype>((Sheet::bottom - Sheet::top) / rowHeight) - 1;
 
 double at(int sample) {
     return leastFactorOfWeight * std::pow(greatestFactorOfWeight / leastFactorOfWeight,
@@ -37,7 +39,7 @@ std::vector<const LeafResponse*> shownLeaves(const Sensitivity& sensitivity) {
             shown.push_back(&leaf);
     };
     for (const auto& leaf : sensitivity.leaves)
-        if (shown.size() < leadingRanks) show(leaf);
+        if (leaf.rank <= leadingRanks) show(leaf);
     for (const auto& change : sensitivity.changes)
         show(*std::ranges::find(sensitivity.leaves, change.risingNo, &LeafResponse::factorNo));
     return shown;
@@ -117,19 +119,23 @@ void labelLines(Sheet& sheet, const QCPRange& range, const std::vector<const Lea
     std::vector<std::pair<double, std::size_t>> places;
     for (std::size_t line = 0; line < leaves.size(); ++line) places.emplace_back(yOf(*leaves[line]), line);
     std::ranges::sort(places);
+    QStringList names;
+    double pitch = labelHeight;
+    for (const auto* leaf : leaves) {
+        names << rankText(leaf->rank) + u' ' + results.names[leaf->factorNo];
+        if (wrappedText(names.last(), labelWidth).size() > 1) pitch = tallLabelHeight;
+    }
     double lowest = chart.bottom();
-    for (auto place = places.rbegin(); place != places.rend(); ++place, lowest -= labelHeight)
+    for (auto place = places.rbegin(); place != places.rend(); ++place, lowest -= pitch)
         lowest = place->first = std::min(place->first, lowest);
     double highest = chart.top();
     for (auto& [y, line] : places) {
         const double end = yOf(*leaves[line]);
         y = std::max(y, highest);
-        highest = y + labelHeight;
+        highest = y + pitch;
         sheet.line({chart.right() - chartMargins.right() + 4, end}, {labelsLeft - 18, y});
         sheet.mark({labelsLeft - 10, y}, lineMark(line));
-        sheet.text({labelsLeft, y - labelHeight / 2, FigureSheet::width - labelsLeft, labelHeight},
-                   elidedText(rankText(leaves[line]->rank) + u' ' + results.names[leaves[line]->factorNo],
-                              FigureSheet::width - labelsLeft));
+        sheet.name({labelsLeft, y - pitch / 2, labelWidth, pitch}, names[static_cast<qsizetype>(line)]);
     }
 }
 
@@ -158,69 +164,111 @@ void drawChart(Sheet& sheet, const RoundResults& results, const Sensitivity& sen
     labelLines(sheet, range, leaves, results);
 }
 
-// "1.4", or with more places where that would be 1.
-QString timesText(double k) {
-    const QString text = formatNumber(k, u"0.##"_s);
-    return text == u"1" ? formatNumber(k, u"0.######"_s) : text;
+QString quotedName(const RoundResults& results, qint32 factorNo) {
+    return u"「%1」"_s.arg(results.names[factorNo]);
 }
 
 QString sentence(const RoundResults& results, qint32 factorNo, const RankChange& change) {
-    const auto changed = u"を %1 倍にすると %2 位と %3 位が入れ替わります。"_s.arg(timesText(change.k))
-                             .arg(change.rank)
-                             .arg(change.rank + 1);
-    constexpr double nameWidth = sentenceWidth / 4.4;
-    return u"『%1』"_s.arg(elidedText(results.names[factorNo], nameWidth)) + changed +
-           u"「%1」が「%2」を上回ります。"_s.arg(elidedText(results.names[change.risingNo], nameWidth),
-                                                 elidedText(results.names[change.fallingNo], nameWidth));
+    const QString times = u"『%1』を %2 倍にすると"_s.arg(results.names[factorNo],
+                                                          formatNumber(change.roundedK, u"0.######"_s));
+    const QString places = change.changesPlaces
+                               ? u" %1 位と %2 位が入れ替わります。"_s.arg(change.rank).arg(change.rank + 1)
+                               : u"、"_s;
+    return times + places + quotedName(results, change.risingNo) + u"が"_s +
+           quotedName(results, change.fallingNo) + u"を上回ります。"_s;
 }
 
-void drawTable(Sheet& sheet, double top, const RoundResults& results, const Sensitivity& sensitivity,
-               std::size_t first, std::size_t count) {
-    if (sensitivity.changes.empty()) {
-        sheet.text({0, top, FigureSheet::width, rowHeight},
-                   u"『%1』を 1/9 倍から 9 倍まで変えても、%2 位までの順位は変わりません。"_s
-                       .arg(elidedText(results.names[sensitivity.factorNo], 480))
-                       .arg(leadingRanks));
-        return;
+struct TableRow {
+    QString factor; // k
+    QStringList lines;
+};
+
+// Once for each rank that several of the leading leaves share now.
+void addTies(std::vector<TableRow>& rows, const RoundResults& results,
+             const std::vector<LeafResponse>& leaves) {
+    for (std::size_t first = 0; first < leaves.size() && leaves[first].rank <= leadingRanks;) {
+        auto next = first;
+        QString names;
+        for (; next < leaves.size() && leaves[next].rank == leaves[first].rank; ++next)
+            names += quotedName(results, leaves[next].factorNo);
+        if (next - first > 1)
+            rows.push_back({fourPlaces(1),
+                            wrappedText(u"いまは%1が同じ %2 位です。"_s.arg(names).arg(leaves[first].rank),
+                                        sentenceWidth)});
+        first = next;
     }
+}
+
+// What stands below the chart: who is equal now, then who changes places with whom.
+std::vector<TableRow> tableOf(const RoundResults& results, const Sensitivity& sensitivity) {
+    std::vector<TableRow> rows;
+    addTies(rows, results, sensitivity.leaves);
+    for (const auto& change : sensitivity.changes)
+        rows.push_back({fourPlaces(change.k),
+                        wrappedText(sentence(results, sensitivity.factorNo, change), sentenceWidth)});
+    if (!sensitivity.changes.empty()) return rows;
+    const QString which = sensitivity.leaves.size() > leadingRanks ? u"%1 位までの順位"_s.arg(leadingRanks)
+                          : rows.empty()                           ? u"順位"_s
+                                                                   : u"そのほかの順位"_s;
+    rows.push_back({{},
+                    wrappedText(u"『%1』を 1/9 倍から 9 倍まで変えても、%2は変わりません。"_s.arg(
+                                    results.names[sensitivity.factorNo], which),
+                                sentenceWidth)});
+    return rows;
+}
+
+// The rows by sheet: the table goes on behind the chart.
+std::vector<std::vector<TableRow>> tableSheets(const std::vector<TableRow>& rows) {
+    std::vector<std::vector<TableRow>> sheets(1);
+    qsizetype room = linesBelowChart;
+    for (const auto& row : rows) {
+        if (row.lines.size() > room && !(sheets.back().empty() && sheets.size() > 1)) {
+            sheets.emplace_back();
+            room = linesOfSheet;
+        }
+        room -= row.lines.size();
+        sheets.back().push_back(row);
+    }
+    return sheets;
+}
+
+void drawTable(Sheet& sheet, double top, const std::vector<TableRow>& rows) {
+    if (rows.empty()) return;
     sheet.text({0, top, factorWidth, rowHeight}, u"倍率"_s, Qt::AlignRight);
     sheet.text({factorWidth + 14, top, sentenceWidth, rowHeight}, u"順位の入れ替わり（1 倍に近い順）"_s);
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto& change = sensitivity.changes[first + i];
-        const double y = top + rowHeight * static_cast<double>(i + 1);
-        sheet.text({0, y, factorWidth, rowHeight}, fourPlaces(change.k), Qt::AlignRight);
-        sheet.text({factorWidth + 14, y, sentenceWidth, rowHeight},
-                   sentence(results, sensitivity.factorNo, change));
+    double y = top + rowHeight;
+    for (const auto& row : rows) {
+        sheet.text({0, y, factorWidth, rowHeight}, row.factor, Qt::AlignRight);
+        for (const auto& line : row.lines) {
+            sheet.text({factorWidth + 14, y, sentenceWidth, rowHeight}, line);
+            y += rowHeight;
+        }
     }
-}
-
-// Sheets that the figure of one factor takes: the table goes on behind the chart.
-int sheetsOf(const Sensitivity& sensitivity) {
-    const auto changes = sensitivity.changes.size();
-    if (changes <= rowsBelowChart) return 1;
-    return 1 + static_cast<int>((changes - rowsBelowChart + rowsOfSheet - 1) / rowsOfSheet);
 }
 
 } // namespace
 
 std::vector<FigureSheet> drawSensitivity(const RoundResults& results) {
     const auto found = sensitivities(results, leadingRanks);
-    int pages = 0;
-    for (const auto& sensitivity : found) pages += sheetsOf(sensitivity);
-    std::vector<FigureSheet> sheets;
+    std::vector<std::vector<std::vector<TableRow>>> tables; // by factor and sheet
+    std::size_t pages = 0;
     for (const auto& sensitivity : found) {
+        tables.push_back(tableSheets(tableOf(results, sensitivity)));
+        pages += tables.back().size();
+    }
+    std::vector<FigureSheet> sheets;
+    for (std::size_t factor = 0; factor < found.size(); ++factor) {
+        const QString name = results.names[found[factor].factorNo];
         const auto title = titleOf(
-            results, u"感度：『%1』"_s.arg(elidedText(results.names[sensitivity.factorNo], 500)),
+            results, u"感度：『%1』"_s.arg(elidedText(name, 500)),
             u"『%1』の評価値を全員について k 倍（1/9 倍から 9 倍まで）にしたときの、上位の要因の総合係数です。"_s
-                .arg(elidedText(results.names[sensitivity.factorNo], 360)));
-        const auto changes = sensitivity.changes.size();
-        for (std::size_t first = 0; first == 0 || first < changes;) {
-            Sheet sheet(title, static_cast<int>(sheets.size()) + 1, pages);
-            const auto count = std::min(changes - first, first == 0 ? rowsBelowChart : rowsOfSheet);
-            if (first == 0) drawChart(sheet, results, sensitivity);
-            drawTable(sheet, first == 0 ? tableTop : Sheet::top, results, sensitivity, first, count);
+                .arg(name));
+        for (const auto& rows : tables[factor]) {
+            const bool isFirst = &rows == &tables[factor].front();
+            Sheet sheet(title, static_cast<int>(sheets.size()) + 1, static_cast<int>(pages));
+            if (isFirst) drawChart(sheet, results, found[factor]);
+            drawTable(sheet, isFirst ? tableTop : Sheet::top, rows);
             sheets.push_back(sheet.finish());
-            first += std::max<std::size_t>(count, 1);
         }
     }
     return sheets;

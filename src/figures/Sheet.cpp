@@ -13,12 +13,26 @@ namespace {
 constexpr int titleSize = 17;
 constexpr double titleHeight = 24;
 constexpr double lineHeight = 18;
+constexpr double readingHeight = 16;
 
 constexpr int smallText = 8;
 
 // Half-width columns of a font of this size in so many pixels.
 qint16 columnsIn(double width, int pixels) {
     return static_cast<qint16>(width * 2 / pixels);
+}
+
+bool isPartOfNumber(QChar letter) {
+    return letter.unicode() < 128 && (letter.isDigit() || letter == u'.' || letter == u'/');
+}
+
+// As much of the text as has room, without a number torn apart.
+QString firstLineOf(const QString& text, qint16 columns) {
+    const QString line = leadingCharacters(text, FitChars(text, columns));
+    if (line.size() == text.size() || !isPartOfNumber(text[line.size()])) return line;
+    qsizetype whole = line.size();
+    while (whole > 0 && isPartOfNumber(line[whole - 1])) --whole;
+    return whole > 0 ? line.first(whole) : line;
 }
 
 } // namespace
@@ -33,6 +47,17 @@ QFont figureFont(int pixels) {
 
 QString elidedText(const QString& text, double width) {
     return cutToColumns(text, columnsIn(width, Sheet::textSize));
+}
+
+QStringList wrappedText(const QString& text, double width) {
+    const auto columns = columnsIn(width, Sheet::textSize);
+    QStringList lines;
+    for (QString rest : text.split(u'\n'))
+        while (!rest.isEmpty()) {
+            lines << firstLineOf(rest, columns);
+            rest.remove(0, lines.last().size());
+        }
+    return lines;
 }
 
 void setUpPlot(QCustomPlot& plot) {
@@ -57,6 +82,8 @@ void FigureSheet::draw(QPainter& painter, const QRectF& frame) const {
     const double scale = frame.width() / width;
     painter.scale(scale * picture.logicalDpiX() / painter.device()->logicalDpiX(),
                   scale * picture.logicalDpiY() / painter.device()->logicalDpiY());
+    // The picture records no pen that the recorder began with: on a dark palette texts would be white.
+    painter.setPen(Qt::black);
     painter.drawPicture(0, 0, picture);
     painter.restore();
 }
@@ -72,7 +99,11 @@ Sheet::Sheet(const FigureTitle& title, int page, int pages)
     text({0, 0, width, titleHeight}, u"%1   − %2 / %3 −"_s.arg(date).arg(page).arg(pages), Qt::AlignRight);
     text({0, titleHeight, width, lineHeight},
          elidedText(title.problem, width - 6.0 * TextColumns(title.group) - 24) + u"   "_s + title.group);
-    text({0, titleHeight + lineHeight, width, lineHeight}, title.reading);
+    double y = titleHeight + lineHeight;
+    for (const auto& line : wrappedText(title.reading, width)) {
+        text({0, y, width, readingHeight}, line);
+        y += readingHeight;
+    }
     text({0, FigureSheet::height, width, lineHeight}, title.foot); // in the margin, where nothing else stands
 }
 
@@ -93,7 +124,7 @@ void Sheet::name(const QRectF& frame, const QString& name) {
     QStringList lines;
     QString rest = name;
     for (int line = isLong ? 3 : 2; line > 0 && !rest.isEmpty(); --line) {
-        lines << (line == 1 ? cutToColumns(rest, columns) : leadingCharacters(rest, FitChars(rest, columns)));
+        lines << (line == 1 ? cutToColumns(rest, columns) : firstLineOf(rest, columns));
         rest.remove(0, lines.last().size());
     }
     text(frame, lines.join(u'\n'), Qt::AlignLeft, pixels);

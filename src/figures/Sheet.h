@@ -30,7 +30,7 @@ struct FigureTitle {
     QString figure;
     QString problem; // with its round
     QString group;   // who it is about
-    QString reading; // how to read the figure, in a sentence or two
+    QString reading; // how to read the figure, in a sentence or two; takes up to two lines
     QString foot{};  // a line below the figure
 };
 
@@ -77,5 +77,7 @@ class Sheet {
 QFont figureFont(int pixels);
 // The text, with "…" for what does not fit into so many pixels.
 QString elidedText(const QString& text, double width);
+// The whole text in lines of at most so many pixels; numbers stay whole.
+QStringList wrappedText(const QString& text, double width);
 // Fonts, axes and grid as all figures have them.
 void setUpPlot(QCustomPlot& plot);

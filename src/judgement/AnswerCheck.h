@@ -1,6 +1,7 @@
 // What the answers under one goal factor say about each other, for whoever can still ask back.
 #pragma once
 
+#include <QString>
 #include <optional>
 #include <vector>
 
@@ -24,11 +25,18 @@ struct OddPair {
 std::optional<OddPair> mostOddPair(const ComparisonMatrix& comparison, int n);
 
 struct AnswerCheck {
-    // As the calculation will find it; nothing when it finds no weights, or for more than 12 items.
+    int items = 0;
+    // As the calculation finds it; nothing when it finds no weights, or for more than 12 items.
     std::optional<Consistency> consistency;
     std::optional<OddPair> oddPair;
+
+    // Whether the calculation will find the answers inconsistent. What it does not take it does not judge.
+    bool isInconsistent() const;
 };
 
 // Of the upper triangle of 2 to 20 items in pair order. Raises error 5 for another number of values, 11 for a
 // value of 0.
 AnswerCheck checkAnswers(const std::vector<double>& pairs);
+
+// What the calculation will find, with its limits, or why it will not.
+QString consistencyText(const AnswerCheck& check);

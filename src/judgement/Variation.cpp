@@ -3,7 +3,10 @@
 #include <array>
 
 #include "judgement/Limits.h"
+#include "text/Numbers.h"
 #include "text/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,4 +30,11 @@ QString gradeLetter(double variation) {
     std::size_t position = 0;
     while (position + 1 < bounds.size() && !(bounds.at(position) > variation)) ++position;
     return {labels.at(position)};
+}
+
+QString gradeLegend() {
+    QString legend;
+    for (std::size_t position = 0; position + 1 < bounds.size(); ++position)
+        legend += u"%1 は %2 未満、"_s.arg(labels.at(position)).arg(decimalText(bounds.at(position)));
+    return legend + labels.at(bounds.size() - 1) + u" はそれ以上"_s;
 }

@@ -23,3 +23,5 @@ class Variation {
 
 // The letter for a mean of 0 or more: "A" (they agree) to "E".
 QString gradeLetter(double variation);
+// "A は 0.1 未満、B は 0.2 未満、…".
+QString gradeLegend();

@@ -179,17 +179,10 @@ class Check {
 
     // As the calculation will judge, and where to ask back.
     static void judge(CompleteGoal& goal) {
-        const auto n = static_cast<int>(goal.children.size());
         const std::vector<double> pairs(goal.values.begin(), goal.values.end());
         const auto check = checkAnswers(pairs);
-        if (n > mostItemsWithRandomIndex) {
-            goal.consistency = u"整合度は %1 項目まで計算できます。"_s.arg(mostItemsWithRandomIndex);
-            return;
-        }
-        goal.isConsistent = check.consistency && check.consistency->isAcceptable();
-        if (check.consistency)
-            goal.consistency = u"CI %1　CR %2"_s.arg(formatNumber(check.consistency->index, u"0.0000"_s),
-                                                     formatNumber(check.consistency->ratio, u"0.0000"_s));
+        goal.isConsistent = !check.isInconsistent();
+        goal.consistency = consistencyText(check);
         if (goal.isConsistent) return;
         goal.consistency += u"　要確認: "_s + atOdds(goal, pairs);
         if (check.oddPair)

@@ -261,7 +261,7 @@ TEST_F(ComparisonTest, ASentenceSaysWhatTheMarkedValueMeans) {
     EXPECT_EQ(text(grid, u"Label5"_s), QString());
     keys(u"/5"_s);
     EXPECT_EQ(text(grid, u"Label5"_s),
-              u"整合度 CI 1.600（限度 0.15）　整合比 CR 1.778（限度 0.15）　限度を超えています。"_s);
+              u"整合度 CI 1.6000（限度 0.15）　整合比 CR 1.7778（限度 0.15）　限度を超えています。"_s);
     EXPECT_EQ(text(grid, u"Label6"_s),
               u"ほかの答えと最も離れた組: ① 交通 は ② 費用 に比べて 1/5（ほかの答えからは 9）"_s);
     keys(u"~"_s);

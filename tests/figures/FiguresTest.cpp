@@ -2,6 +2,7 @@
 #include <QImage>
 
 #include "figures/Agreement.h"
+#include "figures/Figures.h"
 #include "figures/Ranking.h"
 #include "figures/Sensitivity.h"
 #include "figures/Stability.h"
@@ -177,4 +178,69 @@ TEST_F(FiguresTest, WithoutResultsTheScreenOffersNothing) {
     choose(u"図", u"Combo2", 3);
     for (const auto* button : {u"Command1", u"Command4", u"Command5", u"Command7"})
         EXPECT_FALSE(control(u"図", button)->isEnabled());
+}
+
+// Twelve leaves whose names begin alike. The goals 31 and 32 are alike to the group: evaluators 2 and 5
+// exchange them, 7 answers both alike and does not answer 33. So their leaves are equal by pairs, and part
+// where a goal's weight changes; 311 and 312 stay equal whatever it is.
+class WideRoundTest : public FiguresTest {
+  protected:
+    WideRoundTest() {
+        for (const auto* table : {u"要因構成", u"一対比較", u"評価結果"})
+            run(u"delete from %1 where 課題番号=1"_s.arg(table));
+        QStringList goals;
+        for (const int goal : {31, 32, 33}) {
+            QStringList leaves;
+            run(u"insert into 要因 values(%1,1,'要因%1','')"_s.arg(goal));
+            for (int leaf = 10 * goal + 1; leaf <= 10 * goal + 4; ++leaf) {
+                leaves << QString::number(leaf);
+                run(u"insert into 要因 values(%1,1,'%2%1','')"_s.arg(leaf).arg(QString(36, u'長')));
+            }
+            goals << u"%1:%2"_s.arg(goal).arg(leaves.join(u','));
+        }
+        structure(u"1:31,32,33 "_s + goals.join(u' '));
+        const QString falling = u"1 2 4 2 4 2"_s;
+        const QString rising = u"1 1/4 1/8 1/4 1/8 1/2"_s;
+        answer(2, u"2 4 2"_s, {falling, rising, u"2 4 4 2 2 1"_s});
+        answer(5, u"1/2 2 4"_s, {rising, falling, u"1 1/2 1 1/2 1 2"_s});
+        answer(7, u"1 1 1"_s, {u"1 4 8 4 8 2"_s, u"1 4 8 4 8 2"_s});
+        calculateAll(1);
+    }
+    void answer(int evaluator, const QString& top, const QStringList& below) {
+        compare(1, {31, 32, 33}, top, evaluator);
+        for (int goal = 31; const auto& scales : below) {
+            compare(goal, {10 * goal + 1, 10 * goal + 2, 10 * goal + 3, 10 * goal + 4}, scales, evaluator);
+            ++goal;
+        }
+    }
+    // What stands on the sheets, without what breaks lines.
+    static QString wordsOf(const std::vector<FigureSheet>& sheets) {
+        QString words;
+        for (const auto& sheet : sheets) words += sheet.words;
+        return words.remove(u'\n');
+    }
+};
+
+TEST_F(WideRoundTest, EqualLeavesShareARankAndAreToldOnce) {
+    std::vector<int> order;
+    for (const auto& leaf : rankedLeaves(results())) order.push_back(leaf.rank);
+    EXPECT_EQ(order, (std::vector{1, 1, 1, 1, 5, 5, 7, 7, 9, 10, 10, 12}));
+    EXPECT_NEAR(rankedLeaves(results())[0].coefficient, 0.3968502629920499, 1e-6);
+
+    const auto found = sensitivities(results(), 8);
+    for (const auto& sensitivity : found)
+        for (const auto& change : sensitivity.changes) {
+            const auto at = [&](qint32 factorNo) {
+                return std::ranges::find(sensitivity.leaves, factorNo, &LeafResponse::factorNo)
+                    ->coefficient(change.roundedK);
+            };
+            EXPECT_GT(at(change.risingNo), at(change.fallingNo) * (1 + 1e-9)) << change.roundedK;
+            EXPECT_GT(std::abs(std::log(change.k)), 0.1) << "leaves that are equal now do not change places";
+        }
+    ASSERT_FALSE(found[2].changes.empty());
+    EXPECT_NEAR(found[2].changes[0].k, 1.414213562, 1e-5);
+    EXPECT_EQ(found[2].changes[0].roundedK, 1.42); // and so beyond it
+    const auto words = wordsOf(drawSensitivity(results()));
+    EXPECT_EQ(words.count(u"が同じ 1 位です。"_s), 3); // on the sheet of each factor
+    EXPECT_TRUE(words.contains(QString(36, u'長') + u"333"_s)); // a name is whole
 }

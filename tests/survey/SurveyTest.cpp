@@ -328,10 +328,10 @@ TEST_F(SurveyTest, TheScreenTellsWhatCameBackAndReplacesOnlyWhenAsked) {
     EXPECT_EQ(row(1), u"5 評価者5|課題 1（2回）|1 / 2|登録できます"_s);
     EXPECT_EQ(row(2), u"5 評価者5|課題 1（2回）|0 / 2|誤りがあるため登録できません"_s);
     // λ = 1 + 9^⅓ + 9^−⅓ = 3.5608 for 1/2, 1/2, 9: CI 0.2804, and over 0.9 CR 0.3116.
-    EXPECT_TRUE(
-        control<QPlainTextEdit>(screen, u"Text1")
-            ->toPlainText()
-            .contains(u"目的要因 0011「費用」　CI 0.2804　CR 0.3116　要確認: 組 3「維持費」と「用地費」"));
+    EXPECT_TRUE(control<QPlainTextEdit>(screen, u"Text1")
+                    ->toPlainText()
+                    .contains(u"目的要因 0011「費用」　整合度 CI 0.2804（限度 0.15）　整合比 CR 0.3116（限度 "
+                              u"0.15）　限度を超えています。　要確認: 組 3「維持費」と「用地費」"));
 
     answers = {MessageAnswer::No};
     EXPECT_EQ(told(screen, u"Command7"),
