@@ -12,8 +12,7 @@ namespace {
 
 class CoefficientPlot {
   public:
-    CoefficientPlot(QCustomPlot& plot, std::optional<std::size_t> chosen)
-        : plot_(plot), chosen_(chosen) {
+    CoefficientPlot(QCustomPlot& plot, std::optional<std::size_t> chosen) : plot_(plot), chosen_(chosen) {
         bars_ = new QCPBars(plot.yAxis, plot.xAxis); // the plot owns what is made on it
         bars_->setName(u"総合係数"_s);
         bars_->setWidth(0.62);

@@ -241,6 +241,6 @@ TEST_F(WideRoundTest, EqualLeavesShareARankAndAreToldOnce) {
     EXPECT_NEAR(found[2].changes[0].k, 1.414213562, 1e-5);
     EXPECT_EQ(found[2].changes[0].roundedK, 1.42); // and so beyond it
     const auto words = wordsOf(drawSensitivity(results()));
-    EXPECT_EQ(words.count(u"が同じ 1 位です。"_s), 3); // on the sheet of each factor
+    EXPECT_EQ(words.count(u"が同じ 1 位です。"_s), 3);          // on the sheet of each factor
     EXPECT_TRUE(words.contains(QString(36, u'長') + u"333"_s)); // a name is whole
 }

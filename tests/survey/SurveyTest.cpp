@@ -146,11 +146,9 @@ TEST_F(SurveyTest, FilledFormsOfEveryKindAreStoredAlike) {
     readTableFiles({empty.path}, [](const TableFile& file) {
         QStringList lines;
         for (const auto& row : file.tables[0].rows) lines << row[0].text;
-        EXPECT_THAT(lines,
-                    testing::IsSupersetOf(
-                        {u"　左が 9 … 左のほうがきわめて重要（優れている）"_s,
-                         u"　左が 3 … 左のほうがやや重要（優れている）"_s,
-                         u"　左が 2 … 左のほうが同じ〜やや重要（優れている）"_s}));
+        EXPECT_THAT(lines, testing::IsSupersetOf({u"　左が 9 … 左のほうがきわめて重要（優れている）"_s,
+                                                  u"　左が 3 … 左のほうがやや重要（優れている）"_s,
+                                                  u"　左が 2 … 左のほうが同じ〜やや重要（優れている）"_s}));
     });
     EXPECT_EQ(completeLine(empty), u"0 / 2 目的（残り: 0001「候補地」、0011「費用」）"_s);
     EXPECT_EQ(findingLines(empty), QStringList());
