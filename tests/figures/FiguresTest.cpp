@@ -194,7 +194,8 @@ class WideRoundTest : public FiguresTest {
             run(u"insert into 要因 values(%1,1,'要因%1','')"_s.arg(goal));
             for (int leaf = 10 * goal + 1; leaf <= 10 * goal + 4; ++leaf) {
                 leaves << QString::number(leaf);
-                run(u"insert into 要因 values(%1,1,'%2%1','')"_s.arg(QString::number(leaf), QString(36, u'長')));
+                run(u"insert into 要因 values(%1,1,'%2%1','')"_s.arg(QString::number(leaf),
+                                                                     QString(36, u'長')));
             }
             goals << u"%1:%2"_s.arg(goal).arg(leaves.join(u','));
         }
