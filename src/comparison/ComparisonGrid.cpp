@@ -100,6 +100,7 @@ class ScaleEntries : public QStyledItemDelegate {
     onAction(ui_->Command2, u"評価終了"_s, [this] { Command2_Click(); });
     onEvent(ui_->Command3, &QPushButton::clicked, [this] { Command3_Click(); });
     onAction(ui_->Command4, u"評価開始"_s, [this] { Command4_Click(); });
+    onAction(ui_->Command5, u"登録済の値を入れる"_s, [this] { Command5_Click(); });
     onEvent(ui_->CmbCell, &QComboBox::activated, [this] { CmbCell_Click(ui_->CmbCell->currentIndex()); });
     connect(grid, &QTableWidget::cellClicked, this,
             [this](int row, int column) { MSFlexGrid1_Click(row + 1, column + 1); });
@@ -169,6 +170,31 @@ void 比較値設定::Command4_Click() {
     if (!mayDiscardValues()) return;
     ui_->Combo1->setCurrentIndex(*next);
     startGoal();
+}
+
+void 比較値設定::Command5_Click() {
+    const auto earlier = EarlierRounds(session()).of(*goalNo_, items());
+    if (!earlier) return say(u"この目的要因には、この回にも前の回にも登録済の値がありません。"_s);
+    if (!mayDiscardValues()) return;
+    hideChooser();
+    keyboard_.takeEarlier(earlier->positions, earlier->round == CmpRound);
+    for (const auto& [row, column] : pairsOf(entry().items())) showCell({row + 1, column + 1});
+    goTo(entry().nextOpen().value_or(PairCell{1, 2}));
+    ui_->MSFlexGrid1->setFocus();
+    showState();
+    sayTaken(*earlier);
+}
+
+// Whose values stand in the grid now, and which of them do not.
+void 比較値設定::sayTaken(const EarlierAnswers& earlier) {
+    QString text = earlier.round == CmpRound
+                       ? u"この回に登録した値を %1 組入れました。"_s.arg(earlier.count())
+                       : u"この回にはまだありません。前の回（%1 回目）の値を %2 組入れました。"_s.arg(
+                             QString::number(earlier.round), QString::number(earlier.count()));
+    if (earlier.dropped > 0) text += u"いまの構成にない要因の %1 組は除きました。"_s.arg(earlier.dropped);
+    if (earlier.offScale > 0)
+        text += u"1/9 〜 9 の目盛りにない値の %1 組は空のままです。"_s.arg(earlier.offScale);
+    say(text, earlier.dropped > 0 || earlier.offScale > 0);
 }
 
 void 比較値設定::startGoal() {
@@ -288,6 +314,8 @@ void 比較値設定::showCell(PairCell cell) {
     auto* grid = ui_->MSFlexGrid1;
     grid->setText(cell.row, cell.column, position ? scaleText(*position) : QString());
     grid->setText(cell.column, cell.row, position ? scaleText(mirrorPosition(*position)) : QString());
+    grid->setMarked(cell.row, cell.column,
+                    entry().isEarlier(cell) ? scaleText(*position) + u"（前回のまま）"_s : QString());
 }
 
 void 比較値設定::Command2_Click() {
@@ -307,13 +335,13 @@ void 比較値設定::Command2_Click() {
             u"打ちかけの値「1/ …」があります。2 〜 9 を続けて打つか、Delete キーで取り消してください。"_s,
             true);
     }
-    std::vector<qint32> items;
-    for (const auto& child : children_) items.push_back(child.number);
-    saveComparisons(session(), *goalNo_, CmpDate, items, entry().values());
+    saveComparisons(session(), *goalNo_, CmpDate, items(), entry().values());
     auto answered = readAnsweredGoals(session());
     makeDurable(); // only what is on the disk counts as saved
     answered_ = std::move(answered);
     keyboard_.markSaved();
+    for (const auto& [row, column] : pairsOf(entry().items())) showCell({row + 1, column + 1});
+    showState();
     keyboard_.dropHalfTyped();
     showStored();
     const auto next = nextOpenGoal();
@@ -386,6 +414,12 @@ bool 比較値設定::listKey(const QKeyEvent& key) {
     return pressed != PairKeyboard::Press::Ignored;
 }
 
+std::vector<qint32> 比較値設定::items() const {
+    std::vector<qint32> items;
+    for (const auto& child : children_) items.push_back(child.number);
+    return items;
+}
+
 QStringList 比較値設定::namesOf(PairCell cell) const {
     QStringList names;
     for (const int item : {cell.row, cell.column})
@@ -394,9 +428,11 @@ QStringList 比較値設定::namesOf(PairCell cell) const {
 }
 
 void 比較値設定::showState() {
-    ui_->Label3->setText(entry().items() == 0
-                             ? QString()
-                             : u"入力済 %1 / %2 組"_s.arg(entry().setPairs()).arg(entry().pairs()));
+    QString state;
+    if (entry().items() > 0) state = u"入力済 %1 / %2 組"_s.arg(entry().setPairs()).arg(entry().pairs());
+    if (const int earlier = entry().earlierPairs()) state += u"　前回のまま %1 組"_s.arg(earlier);
+    ui_->Label3->setText(state);
+    ui_->Command5->setEnabled(goalNo_ && entry().pairs() > 0);
     showSentence();
     showConsistency();
 }

@@ -10,6 +10,7 @@
 #include "comparison/PairKeyboard.h"
 #include "core/Screen.h"
 #include "rounds/AnsweredGoals.h"
+#include "rounds/EarlierAnswers.h"
 
 namespace Ui {
 class ComparisonGrid;
@@ -30,6 +31,7 @@ class 比較値設定 : public Screen {
     void Command2_Click(); // "評価終了": saves
     void Command3_Click(); // "終了": back to the menu
     void Command4_Click(); // "次の目的要因": starts the next one that is not stored
+    void Command5_Click(); // "登録済の値を入れる": nothing is preset without it
     void MSFlexGrid1_Click(int row, int column);
     void CmbCell_Click(int position);
 
@@ -38,6 +40,8 @@ class 比較値設定 : public Screen {
     void showGoal();
     void clearGrid();
     void refuseWithoutGoal();
+    void sayTaken(const EarlierAnswers& earlier);
+    std::vector<qint32> items() const; // the numbers of the children
     void askForStart();
     void showChild(int item, const Factor& child);
     void fitWindow();

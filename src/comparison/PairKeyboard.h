@@ -22,6 +22,10 @@ class PairKeyboard {
 
     const PairEntry& entry() const { return entry_; }
     void markSaved() { entry_.markSaved(); }
+    void takeEarlier(const std::vector<std::optional<int>>& positions, bool areStored) {
+        dropHalfTyped();
+        entry_.takeEarlier(positions, areStored);
+    }
 
     // The cell that keys are about; it need not be a pair's.
     PairCell current() const { return current_; }

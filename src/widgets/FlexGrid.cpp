@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -17,6 +18,8 @@ constexpr double headerShare = 0.4; // of the width that column 0 takes at most
 constexpr float markStrength =
     0.4F; // of the highlight colour in the fixed cells of the current row and column
 constexpr int closedRole = Qt::UserRole;
+constexpr int markedRole = Qt::UserRole + 1;
+constexpr double cornerShare = 0.35; // of the height of a cell that its mark takes
 
 QColor mixed(const QColor& ground, const QColor& colour) {
     const auto mix = [](float from, float to) { return from + markStrength * (to - from); };
@@ -54,6 +57,23 @@ class Cells : public QStyledItemDelegate {
         QStyledItemDelegate::initStyleOption(option, index);
         if (option->displayAlignment.testFlag(Qt::AlignHCenter)) option->text = option->text.trimmed();
         if (index.data(closedRole).toBool()) option->backgroundBrush = closedCell(option->palette);
+    }
+
+    // A shape, not a colour alone, that leaves the text as it is.
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (!index.data(markedRole).toBool()) return;
+        const double side = cornerShare * option.rect.height();
+        const QPointF corner = option.rect.topLeft();
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(isSelected ? option.palette.color(QPalette::HighlightedText)
+                                     : fadedText(option.palette));
+        painter->drawPolygon(QPolygonF{corner, corner + QPointF(side, 0), corner + QPointF(0, side)});
+        painter->restore();
     }
 };
 
@@ -115,6 +135,7 @@ void FlexGrid::setText(int row, int column, const QString& text) {
     }
     if (row > 0 && column > 0) shown->setTextAlignment(cellAlignment_);
     shown->setText(joinedLines(text));
+    shown->setData(markedRole, false);
     setHint(row, column, text); // long names may be cut
 }
 
@@ -124,6 +145,11 @@ void FlexGrid::setHint(int row, int column, const QString& text) {
 
 void FlexGrid::setClosed(int row, int column) {
     cell(row, column)->setData(closedRole, true);
+}
+
+void FlexGrid::setMarked(int row, int column, const QString& hint) {
+    cell(row, column)->setData(markedRole, !hint.isEmpty());
+    if (!hint.isEmpty()) setHint(row, column, hint);
 }
 
 void FlexGrid::clearTexts() {

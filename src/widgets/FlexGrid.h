@@ -21,6 +21,8 @@ class FlexGrid : public QTableWidget {
     void setCellAlignment(Qt::Alignment alignment) { cellAlignment_ = alignment; }
     // Shows that a cell takes no entry.
     void setClosed(int row, int column);
+    // A mark in the corner of a cell and the hint that tells what it means; none without a hint.
+    void setMarked(int row, int column, const QString& hint);
     // Empties every cell, the fixed ones too.
     void clearTexts();
     // Shows only the first `rows` rows and `columns` columns, the fixed ones included.

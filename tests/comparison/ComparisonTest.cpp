@@ -244,6 +244,52 @@ TEST_F(ComparisonTest, TheKeyboardAloneFillsTheGrid) {
     }
 }
 
+TEST_F(ComparisonTest, ValuesOfBeforeAreTakenUpOnRequest) {
+    const auto state = [this] { return text(grid, u"Label3"_s); };
+    const auto store = [this](const QString& pair, int round, double value) {
+        run(u"insert into 一対比較 values(1,1,%1,3,%2,'2026/01/01',1,%3)"_s.arg(pair).arg(round).arg(value));
+    };
+    start();
+    click(grid, u"Command5"_s);
+    EXPECT_EQ(std::pair(entered(), text(grid, u"Status"_s)),
+              std::pair(u". . ."_s, u"この目的要因には、この回にも前の回にも登録済の値がありません。"_s));
+
+    store(u"12,11"_s, 1, 3);
+    store(u"13,12"_s, 1, 4); // the other way round
+    store(u"11,13"_s, 1, 3.7);
+    store(u"11,14"_s, 1, 2);
+    click(grid, u"Command5"_s);
+    EXPECT_EQ(std::tuple(entered(), current(), state()),
+              std::tuple(u"3 1/4 ."_s, std::pair{2, 3}, u"入力済 2 / 3 組　前回のまま 2 組"_s));
+    EXPECT_EQ(text(grid, u"Status"_s),
+              u"この回にはまだありません。前の回（1 回目）の値を 2 組入れました。いまの構成にない要因の 1 "
+              u"組は除きました。"
+              "1/9 〜 9 の目盛りにない値の 1 組は空のままです。"_s);
+    EXPECT_EQ(cells()->item(0, 1)->toolTip(), u"<p>3（前回のまま）</p>"_s);
+    answers = {MessageAnswer::No};
+    click(grid, u"Command3"_s);
+    EXPECT_EQ(takeMessages().size(), 1U);
+    keys(u"5"_s);
+    cells()->setCurrent(1, 2);
+    keys(u"3"_s); // the same once more is this time's
+    EXPECT_EQ(state(), u"入力済 3 / 3 組　前回のまま 1 組"_s);
+    keys(u"Z"_s);
+    EXPECT_EQ(state(), u"入力済 3 / 3 組　前回のまま 2 組"_s);
+    click(grid, u"Command2"_s);
+    EXPECT_EQ(state(), u"入力済 3 / 3 組"_s);
+    EXPECT_EQ(rows(u"select 比較値 from 一対比較 where 比較回数=2 order by 比較表示順"_s),
+              (QStringList{u"3"_s, u"0.25"_s, u"5"_s}));
+
+    click(grid, u"Command1"_s);
+    EXPECT_EQ(entered(), u". . ."_s);
+    click(grid, u"Command5"_s);
+    EXPECT_EQ(std::pair(entered(), text(grid, u"Status"_s)),
+              std::pair(u"3 1/4 5"_s, u"この回に登録した値を 3 組入れました。"_s));
+    click(grid, u"Command3"_s); // nothing is lost
+    EXPECT_EQ(takeMessages(), std::vector<ShownMessage>());
+    EXPECT_FALSE(isOpen(grid));
+}
+
 TEST_F(ComparisonTest, ASentenceSaysWhatTheMarkedValueMeans) {
     start();
     const auto* legend = control<QLabel>(grid, u"Label8"_s);
