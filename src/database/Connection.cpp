@@ -64,7 +64,7 @@ void Connection::close() {
     endUnitOfWork(closing.get());
 }
 
-void Connection::run(const QString& sql, std::initializer_list<Value> values) {
+void Connection::run(const StatementText& sql, std::initializer_list<Value> values) {
     const auto statement = prepare(sql, values);
     while (step(statement)) {
     }
@@ -116,14 +116,14 @@ void Connection::Statement::bind(int parameter, const Value& value) const {
     });
 }
 
-Connection::Statement Connection::prepare(const QString& sql, std::initializer_list<Value> values) {
+Connection::Statement Connection::prepare(const StatementText& sql, std::initializer_list<Value> values) {
     auto statement = take(sql, std::ssize(values));
     int parameter = 0;
     for (const auto& value : values) statement.bind(++parameter, value);
     return statement;
 }
 
-Connection::Statement Connection::take(const QString& sql, qsizetype parameters) {
+Connection::Statement Connection::take(const StatementText& sql, qsizetype parameters) {
     if (!isOpen()) throw RuntimeError(ErrorCode::Database, u"データベースが開かれていません。"_s);
     auto compiled = waiting_.extract(sql);
     if (compiled.empty()) compiled = compile(sql);
@@ -132,15 +132,15 @@ Connection::Statement Connection::take(const QString& sql, qsizetype parameters)
     return {*this, std::move(compiled)};
 }
 
-Connection::Statements::node_type Connection::compile(const QString& sql) const {
-    const QByteArray text = sql.toUtf8();
+Connection::Statements::node_type Connection::compile(const StatementText& sql) const {
+    const QByteArray text = sql.text.toUtf8();
     sqlite3_stmt* statement = nullptr;
     const char* rest = nullptr;
     if (sqlite3_prepare_v2(database_.get(), text.constData(), static_cast<int>(text.size()), &statement,
                            &rest) != SQLITE_OK)
         fail(u"SQL 文を実行できません。"_s);
     Statements compiled;
-    compiled[sql].reset(statement);
+    compiled.try_emplace(sql, statement);
     if (statement == nullptr || !QByteArray(rest).trimmed().isEmpty())
         throw RuntimeError(ErrorCode::Database, u"SQL 文を実行できません。文は一つだけ書けます。"_s);
     return compiled.extract(sql);

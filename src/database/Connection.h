@@ -1,7 +1,6 @@
 // The connection to the password-protected database file.
 #pragma once
 
-#include <QHashFunctions>
 #include <QString>
 #include <initializer_list>
 #include <memory>
@@ -40,9 +39,9 @@ class Connection {
     // rows are seen by every later statement at once and stay when a later statement fails.
     template <typename... Values>
     void execute(Sql sql, const Values&... values) {
-        run(sql.toString(), {Value(values)...});
+        run(sql, {Value(values)...});
     }
-    void execute(const SchemaSql& sql) { run(sql.text, {}); }
+    void execute(const SchemaSql& sql) { run(StatementText(sql.text), {}); }
 
     // Opens the unit of work before anything is written: what is looked up from here on, no other program
     // changes until it ends.
@@ -55,13 +54,15 @@ class Connection {
 
   private:
     friend class Recordset;
+    friend class RowReader;
     friend qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values);
     friend void addRecord(Connection& connection, const QString& table, const NamedValues& fields);
     struct StatementCloser {
         void operator()(sqlite3_stmt* statement) const;
     };
     // Compiled statements by their text.
-    using Statements = std::unordered_map<QString, std::unique_ptr<sqlite3_stmt, StatementCloser>>;
+    using Statements = std::unordered_map<StatementText, std::unique_ptr<sqlite3_stmt, StatementCloser>,
+                                          StatementText::Hash>;
 
     // A compiled statement in use; afterwards it goes back among those that wait.
     class Statement {
@@ -79,12 +80,12 @@ class Connection {
         Statements::node_type compiled_;
     };
 
-    void run(const QString& sql, std::initializer_list<Value> values);
+    void run(const StatementText& sql, std::initializer_list<Value> values);
     // The statement with its values bound.
-    Statement prepare(const QString& sql, std::initializer_list<Value> values);
+    Statement prepare(const StatementText& sql, std::initializer_list<Value> values);
     // The statement, compiled unless it waits, with `parameters` values to be bound.
-    Statement take(const QString& sql, qsizetype parameters);
-    Statements::node_type compile(const QString& sql) const;
+    Statement take(const StatementText& sql, qsizetype parameters);
+    Statements::node_type compile(const StatementText& sql) const;
     // One step; true while there is a row. Opens the unit of work before a statement that writes.
     bool step(const Statement& statement);
     static void endUnitOfWork(sqlite3* database);

@@ -2,6 +2,8 @@
 
 #include <sqlcipher/sqlite3.h>
 
+#include <utility>
+
 #include "database/Connection.h"
 #include "text/RuntimeError.h"
 
@@ -29,7 +31,7 @@ RuntimeError databaseError(const QString& description) {
 
 } // namespace
 
-Recordset::Recordset(Connection& connection, const QString& sql, std::initializer_list<Value> values) {
+Recordset::Recordset(Connection& connection, const StatementText& sql, std::initializer_list<Value> values) {
     const auto statement = connection.prepare(sql, values);
     bool hasRow = connection.step(statement); // a statement compiled earlier learns of new columns here
     const int columns = sqlite3_column_count(statement.get());
@@ -59,8 +61,25 @@ std::size_t Recordset::column(const QString& name) const {
     return static_cast<std::size_t>(column);
 }
 
+Value RowReader::field(int column) const {
+    return fieldValue(statement_.get(), column);
+}
+
+qint32 RowReader::toLong(int column) const {
+    if (sqlite3_column_type(statement_.get(), column) == SQLITE_INTEGER)
+        if (const auto number = sqlite3_column_int64(statement_.get(), column); std::in_range<qint32>(number))
+            return static_cast<qint32>(number);
+    return field(column).toLong();
+}
+
+double RowReader::toDouble(int column) const {
+    return sqlite3_column_type(statement_.get(), column) == SQLITE_FLOAT
+               ? sqlite3_column_double(statement_.get(), column)
+               : field(column).toDouble();
+}
+
 qint32 readNumber(Connection& connection, Sql sql, std::initializer_list<Value> values) {
-    const auto statement = connection.prepare(sql.toString(), values);
+    const auto statement = connection.prepare(sql, values);
     if (!connection.step(statement)) throw databaseError(u"現在のレコードがありません。"_s);
     return fieldValue(statement.get(), 0).toLong();
 }
@@ -70,7 +89,8 @@ void addRecord(Connection& connection, const QString& table, const NamedValues& 
     for (const auto& [name, value] : fields) columns << u'"' + name + u'"';
     const QString parameters = QStringList(columns.size(), u"?"_s).join(u',');
     const auto statement = connection.take(
-        u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, columns.join(u','), parameters), columns.size());
+        StatementText(u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, columns.join(u','), parameters)),
+        columns.size());
     int parameter = 0;
     for (const auto& [name, value] : fields) statement.bind(++parameter, value);
     connection.step(statement);

@@ -1,5 +1,5 @@
-// A set of records read by a statement (client-side: all rows are held), and records that are added to a
-// table.
+// A set of records read by a statement (client-side: all rows are held), rows that are passed one by one, and
+// records that are added to a table.
 #pragma once
 
 #include <QString>
@@ -26,8 +26,9 @@ class Recordset {
     // The records that the statement gives with a value for each "?".
     template <typename... Values>
     Recordset(Connection& connection, Sql sql, const Values&... values)
-        : Recordset(connection, sql.toString(), {Value(values)...}) {}
-    Recordset(Connection& connection, const SchemaSql& sql) : Recordset(connection, sql.text, {}) {}
+        : Recordset(connection, StatementText(sql), {Value(values)...}) {}
+    Recordset(Connection& connection, const SchemaSql& sql)
+        : Recordset(connection, StatementText(sql.text), {}) {}
 
     int recordCount() const { return count_; }
     bool eof() const { return position_ >= count_; }
@@ -42,11 +43,31 @@ class Recordset {
     const QStringList& fieldNames() const { return names_; }
 
   private:
-    Recordset(Connection& connection, const QString& sql, std::initializer_list<Value> values);
+    Recordset(Connection& connection, const StatementText& sql, std::initializer_list<Value> values);
     std::size_t column(const QString& name) const;
 
     QStringList names_;
     std::vector<Value> values_; // record by record
     int count_ = 0;
     int position_ = 0;
+};
+
+// The rows of a statement one after the other, none of them held, their fields by position: a tenth of a
+// Recordset's cost where a hundred thousand rows of numbers are read. Errors are those of Value.
+class RowReader {
+  public:
+    template <typename... Values>
+    RowReader(Connection& connection, Sql sql, const Values&... values)
+        : connection_(connection), statement_(connection.prepare(sql, {Value(values)...})) {}
+
+    // Goes on to the next row, at first to the first; false when there is none. Not called again then.
+    bool next() { return connection_.step(statement_); }
+
+    Value field(int column) const;
+    qint32 toLong(int column) const;
+    double toDouble(int column) const;
+
+  private:
+    Connection& connection_;
+    Connection::Statement statement_;
 };

@@ -25,6 +25,13 @@ double largestComponent(const Vector& y, int n) {
     return largest;
 }
 
+bool isPositive(const ComparisonMatrix& comparison, int n) {
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j)
+            if (!(comparison.value[i][j] > 0)) return false;
+    return true;
+}
+
 } // namespace
 
 Convergence power(ComparisonMatrix& comparison, qint16 n) {
@@ -45,4 +52,16 @@ Convergence power(ComparisonMatrix& comparison, qint16 n) {
         if (difference <= tolerance) return Convergence::Converged;
     }
     return Convergence::NotConverged;
+}
+
+bool isPrincipal(ComparisonMatrix& comparison, const std::vector<double>& weights) {
+    const auto n = static_cast<int>(weights.size());
+    if (n > mostChildren || !isPositive(comparison, n)) return false;
+    for (int i = 0; i < n; ++i) comparison.weight[i] = weights[static_cast<std::size_t>(i)];
+    const Vector y = product(comparison, n);
+    const double eigenvalue = largestComponent(y, n);
+    for (int i = 0; i < n; ++i)
+        if (!(comparison.weight[i] > 0 && std::abs(comparison.weight[i] - y[i] / eigenvalue) <= tolerance))
+            return false;
+    return true;
 }

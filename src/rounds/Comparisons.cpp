@@ -15,12 +15,19 @@ double numberIn(const Value& value) {
                                   [](double number) { return number; }, [](const auto&) { return 0.0; }});
 }
 
-ComparisonsByEvaluator collected(Recordset rows) {
+// Of rows with evaluator, goal factor, source, target and value. They come in the order of the maps: whose
+// they are is looked up where evaluator or goal change, not a hundred thousand times.
+ComparisonsByEvaluator collected(RowReader rows) {
     ComparisonsByEvaluator evaluators;
-    for (; !rows.eof(); rows.moveNext()) {
-        auto& goal = evaluators[rows[u"評価者番号"_s].toLong()][rows[u"目的要因番号"_s].toLong()];
-        goal.pairs.emplace_back(rows[u"比較元要因番号"_s].toLong(), rows[u"比較対象要因番号"_s].toLong());
-        goal.values.push_back(numberIn(rows[u"比較値"_s]));
+    std::pair<qint32, qint32> last;
+    GoalComparisons* goal = nullptr;
+    while (rows.next()) {
+        if (const std::pair of{rows.toLong(0), rows.toLong(1)}; goal == nullptr || of != last) {
+            goal = &evaluators[of.first][of.second];
+            last = of;
+        }
+        goal->pairs.emplace_back(rows.toLong(2), rows.toLong(3));
+        goal->values.push_back(numberIn(rows.field(4)));
     }
     return evaluators;
 }
@@ -57,15 +64,17 @@ bool GoalComparisons::isOf(const std::vector<qint32>& factors) const {
 }
 
 ComparisonsByEvaluator readComparisons(const ProblemRound& of) {
-    return collected({of.connection,
-                      u"select 評価者番号,目的要因番号,比較元要因番号,比較対象要因番号,比較値 from 一対比較"
-                      " where 課題番号=? and 比較回数=? order by 評価者番号,目的要因番号,比較表示順",
-                      of.problemNo, of.round});
+    return collected(
+        RowReader{of.connection,
+                  u"select 評価者番号,目的要因番号,比較元要因番号,比較対象要因番号,比較値 from 一対比較"
+                  " where 課題番号=? and 比較回数=? order by 評価者番号,目的要因番号,比較表示順",
+                  of.problemNo, of.round});
 }
 
 ComparisonsByEvaluator readComparisons(const EvaluatorRound& of) {
-    return collected({of.connection,
-                      u"select 評価者番号,目的要因番号,比較元要因番号,比較対象要因番号,比較値 from 一対比較"
-                      " where 課題番号=? and 比較回数=? and 評価者番号=? order by 目的要因番号,比較表示順",
-                      of.problemNo, of.round, of.evaluatorNo});
+    return collected(
+        RowReader{of.connection,
+                  u"select 評価者番号,目的要因番号,比較元要因番号,比較対象要因番号,比較値 from 一対比較"
+                  " where 課題番号=? and 比較回数=? and 評価者番号=? order by 目的要因番号,比較表示順",
+                  of.problemNo, of.round, of.evaluatorNo});
 }

@@ -46,36 +46,61 @@ bool isMultipliedDown(const StoredResults& stored, const Reached& reached,
     });
 }
 
-// False where the calculation ends: at an incomplete set of pairs, one of more factors than it takes, one
-// without a number, and at weights that do not converge.
-bool weigh(const GoalComparisons& goal, std::size_t items, ComparisonMatrix& matrix) {
-    if (items == 0 || goal.values.size() > mostCalculatedPairs ||
-        std::ranges::find(goal.values, 0.0) != goal.values.end())
-        return false;
-    const auto n = static_cast<qint16>(items);
+// False where the calculation ends: at an incomplete set of pairs, one of more factors than it takes, and one
+// without a number.
+bool isTaken(const GoalComparisons& goal, const std::vector<qint32>& items) {
+    return !items.empty() && goal.values.size() <= mostCalculatedPairs &&
+           std::ranges::find(goal.values, 0.0) == goal.values.end();
+}
+
+// The stored local weights of the factors below a goal; fewer where one has none.
+std::vector<double> localWeights(const StoredResults& stored, qint32 goalNo,
+                                 const std::vector<qint32>& items) {
+    std::vector<double> weights;
+    for (const qint32 item : items)
+        if (const auto edge = stored.edges.find({goalNo, item}); edge != stored.edges.end())
+            weights.push_back(edge->second.local);
+    return weights;
+}
+
+bool areWeights(const std::vector<double>& stored, const ComparisonMatrix& matrix, int n) {
+    if (std::ssize(stored) != n) return false;
+    for (int item = 0; item < n; ++item)
+        if (!(std::abs(stored[static_cast<std::size_t>(item)] - matrix.weight[item]) <= weightTolerance))
+            return false;
+    return true;
+}
+
+enum class Belonging { Yes, No, NotWeighed };
+
+// Of one goal's comparisons. Weights that the power method might have left are theirs without an iteration.
+Belonging belonging(const std::vector<double>& stored, const GoalComparisons& goal, qint16 n) {
+    ComparisonMatrix matrix;
     fillMatrix(matrix, goal.values, n);
-    return power(matrix, n) == Convergence::Converged;
+    if (std::ssize(stored) == n && isPrincipal(matrix, stored)) return Belonging::Yes;
+    if (power(matrix, n) != Convergence::Converged) return Belonging::NotWeighed;
+    return areWeights(stored, matrix, n) ? Belonging::Yes : Belonging::No;
 }
 
 } // namespace
 
 std::map<qint32, StoredResults> readStoredResults(const ProblemRound& of) {
     std::map<qint32, StoredResults> evaluators;
-    for (Recordset rows(of.connection,
+    for (RowReader rows(of.connection,
                         u"select 評価者番号,親要因番号,子要因番号,評価値,レベル,総合評価値 from 評価結果"
                         " where 課題番号=? and 比較回数=? order by 評価者番号,親要因番号,子要因番号",
                         of.problemNo, of.round);
-         !rows.eof(); rows.moveNext()) {
-        auto& stored = evaluators[rows[u"評価者番号"_s].toLong()];
-        const qint32 childNo = rows[u"子要因番号"_s].toLong();
-        const double global = rows[u"総合評価値"_s].toDouble();
-        const bool isNew = rows[u"レベル"_s].toLong() == totalLevel
-                               ? stored.totals.emplace(childNo, global).second
-                               : stored.edges
-                                     .emplace(std::pair{rows[u"親要因番号"_s].toLong(), childNo},
-                                              StoredResults::Weights{rows[u"評価値"_s].toDouble(), global})
-                                     .second;
-        stored.isDamaged = stored.isDamaged || !isNew;
+         rows.next();) {
+        auto& stored = evaluators[rows.toLong(0)];
+        const qint32 childNo = rows.toLong(2);
+        const double global = rows.toDouble(5);
+        const auto before = stored.totals.size() + stored.edges.size();
+        if (rows.toLong(4) == totalLevel)
+            stored.totals.try_emplace(stored.totals.end(), childNo, global); // rows come in the maps' order
+        else
+            stored.edges.try_emplace(stored.edges.end(), std::pair{rows.toLong(1), childNo},
+                                     StoredResults::Weights{rows.toDouble(3), global});
+        stored.isDamaged = stored.isDamaged || stored.totals.size() + stored.edges.size() == before;
     }
     return evaluators;
 }
@@ -100,18 +125,16 @@ bool belongTo(const StoredResults& stored, const EvaluatorComparisons& answers, 
               const ChildrenByParent& structure) {
     const auto reached = reachedFactors(stored, problemNo);
     if (stored.isDamaged || !isMultipliedDown(stored, reached, structure)) return false;
-    ComparisonMatrix matrix;
     std::size_t found = 0;
     for (const auto& [goalNo, goal] : answers) {
         const auto items = goal.items();
-        if (!weigh(goal, items.size(), matrix)) break;
+        if (!isTaken(goal, items)) break;
+        const auto theirs =
+            belonging(localWeights(stored, goalNo, items), goal, static_cast<qint16>(items.size()));
+        if (theirs == Belonging::NotWeighed) break; // the calculation ends here
         if (!reached.contains(goalNo)) continue;
-        for (std::size_t item = 0; item < items.size(); ++item, ++found) {
-            const auto edge = stored.edges.find({goalNo, items[item]});
-            if (edge == stored.edges.end() ||
-                !(std::abs(edge->second.local - matrix.weight[static_cast<int>(item)]) <= weightTolerance))
-                return false;
-        }
+        if (theirs == Belonging::No) return false;
+        found += items.size();
     }
     return found == stored.edges.size();
 }

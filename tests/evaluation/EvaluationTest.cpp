@@ -111,6 +111,12 @@ TEST_F(EvaluationTest, PrincipalEigenvectorAgreesWithAnotherTool) {
         EXPECT_NEAR(comparison.eigenvalue, eigenvalue, exactness) << upper.toStdString();
         for (int i = 0; i < n; ++i)
             EXPECT_NEAR(comparison.weight[i], weights[i], exactness) << upper.toStdString();
+        std::vector<double> found;
+        for (int i = 0; i < n; ++i) found.push_back(comparison.weight[i]);
+        EXPECT_TRUE(isPrincipal(comparison, found)) << upper.toStdString();
+        found[n - 1U] *= 1.001; // no step of the scale moves a weight so little
+        EXPECT_FALSE(isPrincipal(comparison, found)) << upper.toStdString();
+        EXPECT_FALSE(isPrincipal(comparison, std::vector<double>(n, 0)));
     }
 }
 
