@@ -6,6 +6,7 @@
 
 #include "ScreenTable.h"
 #include "core/Common.h"
+#include "core/Messages.h"
 #include "core/Screens.h"
 #include "text/Fonts.h"
 

@@ -7,6 +7,7 @@
 #include "ScreenTable.h"
 #include "core/Actions.h"
 #include "core/Common.h"
+#include "core/Messages.h"
 #include "core/Screens.h"
 #include "files/ApplicationDirectory.h"
 #include "help/HelpWindow.h"

@@ -4,8 +4,8 @@
 
 #include "analysis/FactorValues.h"
 #include "analysis/VariationGrade.h"
-#include "core/Common.h"
 #include "core/FactorNames.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "printing/Report.h"
 #include "rounds/RoundSelection.h"

@@ -1,7 +1,7 @@
 #include "analysis/FinalResult.h"
 
-#include "core/Common.h"
 #include "core/FactorNames.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "files/TextFile.h"
 #include "judgement/Ranks.h"
@@ -12,7 +12,8 @@
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::inform;
+using Common::refuse;
 
 namespace {
 
@@ -61,7 +62,7 @@ bool SetCoefficients(Output& output, const RoundSelection& chosen, const WorkOpt
 
 bool ComputeCoefficients(const ProblemRound& of, const QString& folder) {
     auto& connection = of.connection;
-    const QString problem = NullToEmpty(
+    const QString problem = Common::NullToEmpty(
         Recordset(connection, u"select 要因名 from 要因 where 要因番号=?", of.problemNo)[u"要因名"_s]);
     connection.execute(u"delete from 総合係数 where 課題番号=?", of.problemNo);
     Recordset rows(connection,

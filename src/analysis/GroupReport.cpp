@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "analysis/FactorValues.h"
-#include "core/Common.h"
 #include "core/FactorNames.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "printing/Report.h"
 #include "rounds/EvaluatorRound.h"

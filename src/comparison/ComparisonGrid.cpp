@@ -8,6 +8,8 @@
 
 #include "comparison/ComparisonSession.h"
 #include "comparison/StoredComparisons.h"
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "judgement/AnswerCheck.h"
 #include "judgement/ComparisonScale.h"
@@ -21,7 +23,8 @@
 #include "widgets/ListMark.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::confirmDiscard;
+using Common::DbConn;
 
 namespace {
 
@@ -115,14 +118,14 @@ class ScaleEntries : public QStyledItemDelegate {
 比較値設定::~比較値設定() = default;
 
 void 比較値設定::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     for (int position = 0; position < scalePositions; ++position) ui_->CmbCell->addItem(scaleText(position));
     ui_->CmbCell->hide();
-    ui_->Label2->setWholeText(CmpProblemName);
+    ui_->Label2->setWholeText(Common::CmpProblemName);
     ui_->Label8->setWholeText(scaleLegend(Aspect::Importance));
-    ui_->Label9->setWholeText(u"評価者 "_s + CmpEvaluatorName);
-    ui_->Label10->setText(u"%1 回目　　%2"_s.arg(CmpRound).arg(CmpDate));
-    goals_ = readGoals(*DbConn, CmpProblemNo);
+    ui_->Label9->setWholeText(u"評価者 "_s + Common::CmpEvaluatorName);
+    ui_->Label10->setText(u"%1 回目　　%2"_s.arg(Common::CmpRound).arg(Common::CmpDate));
+    goals_ = readGoals(*DbConn, Common::CmpProblemNo);
     for (const auto& goal : goals_) {
         ui_->Combo1->addItem(formatNumber(goal.number, u"0000"_s) + u' ' + joinedLines(goal.name));
         ui_->Combo1->setItemData(ui_->Combo1->count() - 1, plainToolTip(goal.name), Qt::ToolTipRole);
@@ -130,7 +133,7 @@ void 比較値設定::Form_Load() {
     answered_ = readAnsweredGoals(session());
     showStored();
     ui_->MSFlexGrid1->setText(0, 0, u"   比較元要因／比較先要因"_s);
-    const int largest = mostSiblings(CmpProblemNo) + 1;
+    const int largest = mostSiblings(Common::CmpProblemNo) + 1;
     ui_->MSFlexGrid1->showOnly(largest, largest);
     ui_->MSFlexGrid1->claimNeededSize();
     centre();
@@ -141,14 +144,14 @@ void 比較値設定::Form_Load() {
 // Without the choices that users have written down the grid can be filled all the same.
 void 比較値設定::readAspects() {
     try {
-        aspects_ = readGoalAspects(*DbConn, CmpProblemNo, AppDir + u"\\file"_s);
+        aspects_ = readGoalAspects(*DbConn, Common::CmpProblemNo, Common::AppDir + u"\\file"_s);
     } catch (const RuntimeError& error) {
         say(joinedLines(error.description()), true);
     }
 }
 
 EvaluatorRound 比較値設定::session() const {
-    return {*DbConn, CmpProblemNo, CmpEvaluatorNo, CmpRound};
+    return {*DbConn, Common::CmpProblemNo, Common::CmpEvaluatorNo, Common::CmpRound};
 }
 
 void 比較値設定::Combo1_Click() {
@@ -177,7 +180,7 @@ void 比較値設定::Command5_Click() {
     if (!earlier) return say(u"この目的要因には、この回にも前の回にも登録済の値がありません。"_s);
     if (!mayDiscardValues()) return;
     hideChooser();
-    keyboard_.takeEarlier(earlier->positions, earlier->round == CmpRound);
+    keyboard_.takeEarlier(earlier->positions, earlier->round == Common::CmpRound);
     for (const auto& [row, column] : pairsOf(entry().items())) showCell({row + 1, column + 1});
     goTo(entry().nextOpen().value_or(PairCell{1, 2}));
     ui_->MSFlexGrid1->setFocus();
@@ -187,7 +190,7 @@ void 比較値設定::Command5_Click() {
 
 // Whose values stand in the grid now, and which of them do not.
 void 比較値設定::sayTaken(const EarlierAnswers& earlier) {
-    QString text = earlier.round == CmpRound
+    QString text = earlier.round == Common::CmpRound
                        ? u"この回に登録した値を %1 組入れました。"_s.arg(earlier.count())
                        : u"この回にはまだありません。前の回（%1 回目）の値を %2 組入れました。"_s.arg(
                              QString::number(earlier.round), QString::number(earlier.count()));
@@ -202,7 +205,7 @@ void 比較値設定::startGoal() {
     const int chosen = ui_->Combo1->currentIndex();
     if (chosen < 0) return refuseWithoutGoal();
     const auto goalNo = goals_.at(static_cast<std::size_t>(chosen)).number;
-    auto children = readGoalChildren(*DbConn, CmpProblemNo, goalNo);
+    auto children = readGoalChildren(*DbConn, Common::CmpProblemNo, goalNo);
     const int n = static_cast<int>(children.size());
     for (int item = 1; item <= n; ++item) showChild(item, children[static_cast<std::size_t>(item - 1)]);
     goalNo_ = goalNo; // only a goal whose children are all shown can be saved
@@ -335,9 +338,9 @@ void 比較値設定::Command2_Click() {
             u"打ちかけの値「1/ …」があります。2 〜 9 を続けて打つか、Delete キーで取り消してください。"_s,
             true);
     }
-    saveComparisons(session(), *goalNo_, CmpDate, items(), entry().values());
+    saveComparisons(session(), *goalNo_, Common::CmpDate, items(), entry().values());
     auto answered = readAnsweredGoals(session());
-    makeDurable(); // only what is on the disk counts as saved
+    Common::makeDurable(); // only what is on the disk counts as saved
     answered_ = std::move(answered);
     keyboard_.markSaved();
     for (const auto& [row, column] : pairsOf(entry().items())) showCell({row + 1, column + 1});
@@ -365,7 +368,8 @@ std::optional<int> 比較値設定::nextOpenGoal() const {
     for (int step = 1; step <= count; ++step) {
         const int entry = (ui_->Combo1->currentIndex() + step) % count;
         const auto goalNo = goals_[static_cast<std::size_t>(entry)].number;
-        if (answered_.goals.contains(goalNo) && !answered_.isAnswered(CmpEvaluatorNo, goalNo)) return entry;
+        if (answered_.goals.contains(goalNo) && !answered_.isAnswered(Common::CmpEvaluatorNo, goalNo))
+            return entry;
     }
     return std::nullopt;
 }
@@ -470,11 +474,11 @@ void 比較値設定::showConsistency() {
 
 void 比較値設定::showStored() {
     const int count = static_cast<int>(answered_.goals.size());
-    ui_->Label7->setText(u"登録済 %1 / %2"_s.arg(answered_.count(CmpEvaluatorNo)).arg(count));
+    ui_->Label7->setText(u"登録済 %1 / %2"_s.arg(answered_.count(Common::CmpEvaluatorNo)).arg(count));
     for (int entry = 0; entry < ui_->Combo1->count(); ++entry)
         ui_->Combo1->setItemIcon(
             entry,
-            listMark(*ui_->Combo1,
-                     answered_.isAnswered(CmpEvaluatorNo, goals_[static_cast<std::size_t>(entry)].number)));
+            listMark(*ui_->Combo1, answered_.isAnswered(Common::CmpEvaluatorNo,
+                                                        goals_[static_cast<std::size_t>(entry)].number)));
     ui_->Command4->setEnabled(nextOpenGoal().has_value());
 }

@@ -1,6 +1,8 @@
 #include "comparison/ComparisonSetup.h"
 
 #include "comparison/ComparisonSession.h"
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "core/NumberedNames.h"
 #include "database/Recordset.h"
 #include "rounds/AnsweredGoals.h"
@@ -12,7 +14,9 @@
 #include "widgets/ListMark.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::DbConn;
+using Common::inform;
+using Common::refuse;
 
 比較者設定::比較者設定() : Screen(u"比較者設定"_s), ui_(std::make_unique<Ui::ComparisonSetup>()) {
     ui_->setupUi(this);
@@ -32,7 +36,7 @@ using namespace Common;
 比較者設定::~比較者設定() = default;
 
 void 比較者設定::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     problems_ = readProblems();
     for (const auto& problem : problems_) ui_->Combo1->addItem(problemEntry(problem));
     ui_->Text2->setText(formatDate(QDate::currentDate()));
@@ -49,7 +53,7 @@ void 比較者設定::Combo1_Click() {
                            "WHERE 課題番号 = ? AND T1.評価者番号 = T2.評価者番号  ORDER BY T1.評価者番号 ",
                            leadingNumber(problem.number)},
                           u"評価者番号"_s, u"評価者氏名"_s);
-    const QString roundText = NullToEmpty(round[u"比較回数"_s]);
+    const QString roundText = Common::NullToEmpty(round[u"比較回数"_s]);
     const auto shown = shownRound(*DbConn, problem.number, roundText);
     const auto answered = shown ? std::optional(readAnsweredGoals(*shown)) : std::nullopt;
     ui_->Label5->setText(roundText);
@@ -82,11 +86,11 @@ void 比較者設定::showAnswers(const std::optional<AnsweredGoals>& answered) 
 
 void 比較者設定::Command1_Click() {
     if (!takeProblem()) return;
-    CmpRound = toInteger(leadingNumber(ui_->Label5->text()));
+    Common::CmpRound = toInteger(leadingNumber(ui_->Label5->text()));
     if (!takeEvaluator() || !takeDate()) return;
     tellExistingRound();
-    Forms.show(u"比較値設定"_s);
-    Forms.unload(name());
+    Common::Forms.show(u"比較値設定"_s);
+    Common::Forms.unload(name());
 }
 
 bool 比較者設定::takeProblem() {
@@ -95,9 +99,10 @@ bool 比較者設定::takeProblem() {
         refuseAt(ui_->Combo1, u"評価対象課題が未選択です。"_s);
         return false;
     }
-    CmpProblemNo = Value(problems_.at(static_cast<std::size_t>(chosen)).number).toLong();
-    CmpProblemName = problems_.at(static_cast<std::size_t>(chosen)).name;
-    const Recordset structure(*DbConn, u"SELECT 課題番号 FROM 要因構成 WHERE 課題番号 = ?", CmpProblemNo);
+    Common::CmpProblemNo = Value(problems_.at(static_cast<std::size_t>(chosen)).number).toLong();
+    Common::CmpProblemName = problems_.at(static_cast<std::size_t>(chosen)).name;
+    const Recordset structure(*DbConn, u"SELECT 課題番号 FROM 要因構成 WHERE 課題番号 = ?",
+                              Common::CmpProblemNo);
     if (!structure.eof()) return true;
     refuseAt(ui_->Combo1, u"選択された評価対象課題は要因構成に存在しません"_s);
     return false;
@@ -109,8 +114,8 @@ bool 比較者設定::takeEvaluator() {
         refuseAt(ui_->Combo2, u"評価者が未選択です。"_s);
         return false;
     }
-    CmpEvaluatorNo = Value(evaluators_.at(static_cast<std::size_t>(chosen)).number).toLong();
-    CmpEvaluatorName = evaluators_.at(static_cast<std::size_t>(chosen)).name;
+    Common::CmpEvaluatorNo = Value(evaluators_.at(static_cast<std::size_t>(chosen)).number).toLong();
+    Common::CmpEvaluatorName = evaluators_.at(static_cast<std::size_t>(chosen)).name;
     return true;
 }
 
@@ -120,7 +125,7 @@ bool 比較者設定::takeDate() {
         refuseAt(ui_->Text2, u"評価日付が不正です。"_s);
         return false;
     }
-    CmpDate = formatDate(*date);
+    Common::CmpDate = formatDate(*date);
     return true;
 }
 
@@ -128,25 +133,25 @@ bool 比較者設定::takeDate() {
 void 比較者設定::tellExistingRound() {
     const Recordset values(
         *DbConn, u"SELECT 比較回数 FROM 一対比較 WHERE 課題番号 = ? AND 比較回数 = ? AND 評価者番号 = ?",
-        CmpProblemNo, CmpRound, CmpEvaluatorNo);
+        Common::CmpProblemNo, Common::CmpRound, Common::CmpEvaluatorNo);
     if (!values.eof()) inform(u"指定された比較回数は一対比較に存在します"_s);
 }
 
 void 比較者設定::Command3_Click() {
     const int chosen = ui_->Combo1->currentIndex();
-    ProblemEntry.clear();
+    Common::ProblemEntry.clear();
     if (chosen >= 0) {
         const auto& [number, problem] = problems_.at(static_cast<std::size_t>(chosen));
-        ProblemEntry = number + u':' + problem;
+        Common::ProblemEntry = number + u':' + problem;
     }
-    Forms.show(u"調査票"_s);
-    Forms.unload(name());
+    Common::Forms.show(u"調査票"_s);
+    Common::Forms.unload(name());
 }
 
 void 比較者設定::Command2_Click() {
-    CmpProblemNo = 0;
-    CmpProblemName.clear();
-    CmpEvaluatorNo = 0;
-    CmpEvaluatorName.clear();
+    Common::CmpProblemNo = 0;
+    Common::CmpProblemName.clear();
+    Common::CmpEvaluatorNo = 0;
+    Common::CmpEvaluatorName.clear();
     leaveTo(u"メニュー"_s);
 }

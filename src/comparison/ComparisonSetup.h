@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/NumberedNames.h"
 #include "core/Screen.h"
 
 struct AnsweredGoals;

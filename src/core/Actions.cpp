@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "core/Common.h"
+#include "core/Messages.h"
 
 using namespace Qt::StringLiterals;
 

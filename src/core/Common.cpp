@@ -1,6 +1,7 @@
 #include "core/Common.h"
 
 #include "core/Database.h"
+#include "core/Messages.h"
 #include "text/Numbers.h"
 #include "text/TextConversion.h"
 
@@ -9,8 +10,6 @@ using namespace Qt::StringLiterals;
 namespace Common {
 
 std::unique_ptr<Connection> DbConn;
-QString MsgTitle;
-QString MsgText;
 QString AppDir;
 QString ProblemEntry;
 qint32 ProblemNo = 0;
@@ -21,7 +20,6 @@ qint16 EvaluatorCount = 0;
 QString RoundEntry;
 qint16 RoundCount = 0;
 qint16 EvaluatorLoadFailed = 0;
-MessagePresenter Presenter = consolePresenter();
 std::function<void(const QString&)> HelpPresenter = [](const QString&) {};
 
 void openDatabase(const QString& applicationDirectory) {
@@ -34,35 +32,6 @@ void openDatabase(const QString& applicationDirectory) {
 
 void makeDurable() {
     if (DbConn) DbConn->endUnitOfWork();
-}
-
-MessageAnswer showMessage(MessageStyle style) {
-    return showMessage(style, MsgTitle);
-}
-
-MessageAnswer showMessage(MessageStyle style, const QString& title) {
-    makeDurable();
-    return Presenter(MsgText, title, style);
-}
-
-void refuse(const QString& text) {
-    MsgText = text;
-    showMessage(MessageStyle::Exclamation);
-}
-
-void inform(const QString& text) {
-    MsgText = text;
-    showMessage(MessageStyle::Plain);
-}
-
-bool confirm(const QString& text) {
-    MsgText = text;
-    return showMessage(MessageStyle::Question) == MessageAnswer::Yes;
-}
-
-bool confirmDiscard(const QString& text) {
-    MsgText = text;
-    return showMessage(MessageStyle::Discard) == MessageAnswer::Yes;
 }
 
 bool CheckProblemChosen() {

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <map>
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "files/ApplicationDirectory.h"
 
 using namespace Qt::StringLiterals;

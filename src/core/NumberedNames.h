@@ -1,10 +1,20 @@
 // Records that a list shows by number and name, and that its screen keeps beside the entries.
 #pragma once
 
+#include <QString>
 #include <vector>
 
-#include "core/Common.h"
 #include "database/Recordset.h"
+
+namespace Common {
+
+// A number and a name, both as text, of one row of a list.
+struct NumberedName {
+    QString number;
+    QString name;
+};
+
+} // namespace Common
 
 // Number and name of each record, in their order; a name that is null reads as "".
 std::vector<Common::NumberedName> readNumberedNames(Recordset rows, const QString& numberColumn,

@@ -1,5 +1,7 @@
 #include "core/Screen.h"
 
+#include "core/Common.h"
+
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QVBoxLayout>

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 
 #include "core/Actions.h"
-#include "core/Common.h"
+#include "core/Messages.h"
 #include "core/Screens.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/Form.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "core/Common.h"
+#include "core/Messages.h"
 #include "text/RuntimeError.h"
 #include "widgets/Controls.h"
 

@@ -1,6 +1,7 @@
 #include "evaluation/Evaluation.h"
 
-#include "core/Common.h"
+#include "core/Messages.h"
+#include "database/Connection.h"
 #include "evaluation/InconsistencyReport.h"
 #include "evaluation/LocalWeights.h"
 #include "evaluation/Synthesis.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/Common.h"
 #include "core/FactorNames.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "evaluation/ComparisonTable.h"
 #include "hierarchy/TreePlace.h"

@@ -1,7 +1,7 @@
 #include "evaluation/LocalWeights.h"
 
-#include "core/Common.h"
 #include "core/FactorNames.h"
+#include "core/Messages.h"
 #include "database/Connection.h"
 #include "database/Recordset.h"
 #include "evaluation/ChildLimit.h"

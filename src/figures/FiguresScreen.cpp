@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "figures/FigureOutput.h"
 #include "figures/Figures.h"
 #include "figures/PrintFigures.h"
@@ -10,7 +12,7 @@
 #include "ui_FiguresScreen.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::DbConn;
 
 namespace {
 
@@ -43,11 +45,12 @@ void fill(QComboBox* combo, const QString& none, const QStringList& entries) {
 図::~図() = default;
 
 void 図::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     loadOutput();
     ui_->Combo1->addItems(problemEntries(*DbConn));
     // The problem that was chosen on the screen from which the figures were asked for.
-    ui_->Combo1->setCurrentIndex(ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(ProblemEntry));
+    ui_->Combo1->setCurrentIndex(
+        Common::ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(Common::ProblemEntry));
     setRunning(false);
     if (ui_->Combo1->currentIndex() >= 0)
         Combo1_Click();
@@ -70,7 +73,7 @@ void 図::Combo1_Click() {
     const auto state = readRoundState(chosen);
     results.foot = state.footLine(Sheet::columns);
     const auto earlier = earlierRounds(chosen);
-    ProblemEntry = ui_->Combo1->currentText();
+    Common::ProblemEntry = ui_->Combo1->currentText();
     ui_->Label5->setText(round);
     showState(state);
     results_ = std::move(results);

@@ -1,12 +1,12 @@
 #include "figures/PrintFigures.h"
 
-#include "core/Common.h"
+#include "core/Messages.h"
 #include "figures/FigureOutput.h"
 #include "figures/Figures.h"
 #include "rounds/RoundState.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::refuse;
 
 namespace {
 

@@ -15,6 +15,7 @@
 #include "core/Actions.h"
 #include "core/Common.h"
 #include "core/DatabaseBackup.h"
+#include "core/Messages.h"
 #include "help/About.h"
 #include "help/Manual.h"
 #include "widgets/ElidedLabel.h"

@@ -4,6 +4,8 @@
 #include <QScopeGuard>
 #include <algorithm>
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "core/NumberedNames.h"
 #include "database/Recordset.h"
 #include "text/Numbers.h"
@@ -12,7 +14,9 @@
 #include "widgets/ListSearch.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::confirmDiscard;
+using Common::DbConn;
+using Common::refuse;
 
 namespace Common {
 
@@ -90,7 +94,7 @@ void 要因構成登録::setUpGrid() {
 }
 
 void 要因構成登録::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     children_ = freeRows();
     fillProblems();
     loadFactors();
@@ -105,18 +109,18 @@ void 要因構成登録::fillProblems() {
         say(u"課題登録の後に、課題構成登録 で段数などを登録すると、ここで課題を選べます。"_s);
     }
     for (; !rows.eof(); rows.moveNext()) {
-        const Problem problem{rows[u"課題番号"_s].toLong(), NullToEmpty(rows[u"要因名"_s]),
-                              NullToZero(rows[u"構成レベル"_s]).toLong()};
+        const Problem problem{rows[u"課題番号"_s].toLong(), Common::NullToEmpty(rows[u"要因名"_s]),
+                              Common::NullToZero(rows[u"構成レベル"_s]).toLong()};
         problems_.push_back(problem);
         ui_->Combo1->addItem(problemEntry({QString::number(problem.number), problem.name}));
     }
 }
 
 void 要因構成登録::loadFactors() {
-    StructList =
+    Common::StructList =
         readNumberedNames({*DbConn, u"SELECT * FROM 要因 ORDER BY 要因番号 "}, u"要因番号"_s, u"要因名"_s);
     ui_->List1->clear();
-    for (const auto& [number, name] : StructList) {
+    for (const auto& [number, name] : Common::StructList) {
         const auto factorNo = Value(number).toLong();
         auto* item = new QListWidgetItem(factorText(factorNo, name), ui_->List1);
         item->setData(numberLengthRole, factorText(factorNo, {}).size());
@@ -131,7 +135,7 @@ void 要因構成登録::Combo1_Click() {
     const int chosen = ui_->Combo1->currentIndex();
     auto structure = rebuiltStructure(problems_.at(static_cast<std::size_t>(chosen)));
     problem_ = chosen;
-    StructProblemNo = problem().number;
+    Common::StructProblemNo = problem().number;
     showParents(std::move(structure.parents));
     chooseParent(-1);
     showTree(structure.nodes);
@@ -142,7 +146,7 @@ void 要因構成登録::Combo1_Click() {
     rebuildStructureDisplay(*DbConn, problem.number, problem.levels);
     Structure structure{readParents(*DbConn, problem.number, problem.name, problem.levels),
                         readTree(*DbConn, problem.number)};
-    makeDurable();
+    Common::makeDurable();
     return structure;
 }
 
@@ -161,7 +165,7 @@ void 要因構成登録::showTree(const std::vector<TreeNode>& nodes) {
 
 void 要因構成登録::SSTab1_Click() {
     if (ui_->SSTab1->currentIndex() != treePage) return loadFactors();
-    if (problem_ >= 0) showTree(readTree(*DbConn, StructProblemNo));
+    if (problem_ >= 0) showTree(readTree(*DbConn, Common::StructProblemNo));
 }
 
 void 要因構成登録::Combo2_Click() {
@@ -172,7 +176,7 @@ void 要因構成登録::Combo2_Click() {
 // Shows a parent of the list with its saved children; −1 for none.
 void 要因構成登録::chooseParent(int index) {
     children_ = index < 0 ? freeRows()
-                          : readChildren(*DbConn, StructProblemNo,
+                          : readChildren(*DbConn, Common::StructProblemNo,
                                          parents_.parents.at(static_cast<std::size_t>(index)).place.factorNo);
     parent_ = index;
     ui_->Combo2->setCurrentIndex(index);
@@ -237,7 +241,7 @@ void 要因構成登録::List1_DblClick() {
                                               : u"空いた行がありません。置き換える行を選択して下さい"_s);
     auto& child = childOf(row);
     const bool wasFree = child.isFree();
-    const auto& factor = StructList.at(static_cast<std::size_t>(chosen));
+    const auto& factor = Common::StructList.at(static_cast<std::size_t>(chosen));
     child.factorNo = Value(factor.number).toLong();
     child.name = factor.name;
     showChild(row);
@@ -258,15 +262,15 @@ void 要因構成登録::Command1_Click() {
     int agreed = 0;
     for (;;) {
         DbConn->beginUnitOfWork();
-        if (const auto refused = refusedChild(*DbConn, StructProblemNo, parentNo, children))
+        if (const auto refused = refusedChild(*DbConn, Common::StructProblemNo, parentNo, children))
             return refuseChild(*refused);
-        const int lost = childrenLostAtGap(*DbConn, StructProblemNo, parentNo, children_);
+        const int lost = childrenLostAtGap(*DbConn, Common::StructProblemNo, parentNo, children_);
         if (lost <= agreed) break;
         if (!mayLose(lost)) return;
         agreed = lost;
     }
-    saveChildren(*DbConn, StructProblemNo, parentNo, children);
-    removeOrphans(*DbConn, StructProblemNo);
+    saveChildren(*DbConn, Common::StructProblemNo, parentNo, children);
+    removeOrphans(*DbConn, Common::StructProblemNo);
     finishSave(rebuiltStructure(problem()), children.size());
 }
 

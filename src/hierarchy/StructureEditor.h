@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/NumberedNames.h"
 #include "core/Screen.h"
 #include "hierarchy/StructureTables.h"
 #include "hierarchy/StructureTree.h"

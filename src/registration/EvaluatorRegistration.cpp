@@ -1,12 +1,15 @@
 #include "registration/EvaluatorRegistration.h"
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "text/Numbers.h"
 #include "text/RuntimeError.h"
 #include "ui_EvaluatorRegistration.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::DbConn;
+using Common::refuse;
 
 namespace {
 
@@ -38,19 +41,20 @@ QString shownNumber(double number) {
 
 void 評価者登録::Form_Load() {
     centre();
-    MsgTitle = windowTitle();
-    EvaluatorLoadFailed = 0;
+    Common::MsgTitle = windowTitle();
+    Common::EvaluatorLoadFailed = 0;
     try {
         ui_->Text1->setText(proposedNumber());
         ui_->Text3->setFocus(); // the number is there already
         showList();
     } catch (const RuntimeError& error) {
-        MsgText = error.description();
-        showMessage(MessageStyle::Exclamation, QString::number(error.number()) + u"評価者テーブルエラー"_s);
-        EvaluatorLoadFailed = 1;
+        Common::MsgText = error.description();
+        Common::showMessage(MessageStyle::Exclamation,
+                            QString::number(error.number()) + u"評価者テーブルエラー"_s);
+        Common::EvaluatorLoadFailed = 1;
     }
     // The list tells its own failure; it must not stay open alone when this screen closes again.
-    if (EvaluatorLoadFailed != 0) Forms.unload(list());
+    if (Common::EvaluatorLoadFailed != 0) Common::Forms.unload(list());
 }
 
 void 評価者登録::Command1_Click() {
@@ -61,9 +65,9 @@ void 評価者登録::Command1_Click() {
     if (!isFree() || !mayWrite(u"登録しますか ？"_s, isFree)) return;
     addEvaluator(number);
     const QString next = proposedNumber();
-    makeDurable();
+    Common::makeDurable();
     goTo(ui_->Text1);
-    Forms.unload(list());
+    Common::Forms.unload(list());
     sayDone(shownNumber(number), ui_->Text3->text(), u"登録しました。次の番号は %1 です。"_s.arg(next));
 }
 
@@ -91,18 +95,18 @@ void 評価者登録::Command2_Click() {
     if (!exists() || !mayWrite(u"変更しますか ？"_s, exists)) return;
     DbConn->execute(u"UPDATE 評価者 SET 評価者氏名 = ?, 所属部門 = ? WHERE 評価者番号 = ?",
                     ui_->Text3->text(), ui_->Text4->text(), number);
-    makeDurable();
+    Common::makeDurable();
     sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
     clearFields();
     goTo(ui_->Text1);
-    Forms.unload(list());
+    Common::Forms.unload(list());
 }
 
 void 評価者登録::Command3_Click() {
     const Recordset evaluator(*DbConn, u"SELECT * FROM 評価者 WHERE 評価者番号 = ?", numberIn(ui_->Text1));
     if (evaluator.eof()) return refuseMissingEvaluator();
-    fill(ui_->Text3, NullToEmpty(evaluator[u"評価者氏名"_s]));
-    fill(ui_->Text4, NullToEmpty(evaluator[u"所属部門"_s]));
+    fill(ui_->Text3, Common::NullToEmpty(evaluator[u"評価者氏名"_s]));
+    fill(ui_->Text4, Common::NullToEmpty(evaluator[u"所属部門"_s]));
     goTo(ui_->Text3);
     sayDone(shownNumber(evaluator[u"評価者番号"_s].toLong()), ui_->Text3->text(), u"表示しました。"_s);
 }

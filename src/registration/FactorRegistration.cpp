@@ -1,11 +1,14 @@
 #include "registration/FactorRegistration.h"
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "text/Numbers.h"
 #include "ui_FactorRegistration.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::DbConn;
+using Common::refuse;
 
 namespace {
 
@@ -27,7 +30,7 @@ QString shownNumber(double number) {
 // Both screens close the list of all factors, so that it is rebuilt when it is next opened. The list of
 // problems stays as it is until its screen is left.
 void closeFactorList() {
-    Forms.unload(factors.list.toString());
+    Common::Forms.unload(factors.list.toString());
 }
 
 } // namespace
@@ -50,7 +53,7 @@ FactorRegistration::FactorRegistration(const FactorScreenKind& kind)
 FactorRegistration::~FactorRegistration() = default;
 
 void FactorRegistration::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     centre();
     ui_->Text1->setText(proposedNumber());
     ui_->Text2->setFocus(); // the number is there already
@@ -64,7 +67,7 @@ void FactorRegistration::Command1_Click() {
     if (!isFree() || !mayWrite(u"登録しますか ？"_s, isFree)) return;
     addFactor(number);
     const QString next = proposedNumber();
-    makeDurable();
+    Common::makeDurable();
     goTo(ui_->Text1);
     closeFactorList();
     sayDone(shownNumber(number), ui_->Text3->text(), u"登録しました。次の番号は %1 です。"_s.arg(next));
@@ -101,7 +104,7 @@ void FactorRegistration::Command2_Click() {
     if (!mayWrite(u"変更しますか ？"_s, exists)) return;
     DbConn->execute(u"UPDATE 要因 SET 要因区分 = ?, 要因名 = ?, 要因内容 = ? WHERE 要因番号 = ?", factorClass,
                     ui_->Text3->text(), ui_->Text4->text(), numberIn(ui_->Text1));
-    makeDurable();
+    Common::makeDurable();
     sayDone(shownNumber(leadingNumber(ui_->Text1->text())), ui_->Text3->text(), u"変更しました。"_s);
     clearFields();
     goTo(ui_->Text1);
@@ -111,9 +114,9 @@ void FactorRegistration::Command2_Click() {
 void FactorRegistration::Command3_Click() {
     const Recordset factor(*DbConn, u"SELECT * FROM 要因 WHERE 要因番号 = ?", numberIn(ui_->Text1));
     if (factor.eof()) return refuseMissingFactor();
-    fill(ui_->Text2, NullToEmpty(factor[u"要因区分"_s]));
-    fill(ui_->Text3, NullToEmpty(factor[u"要因名"_s]));
-    fill(ui_->Text4, NullToEmpty(factor[u"要因内容"_s]));
+    fill(ui_->Text2, Common::NullToEmpty(factor[u"要因区分"_s]));
+    fill(ui_->Text3, Common::NullToEmpty(factor[u"要因名"_s]));
+    fill(ui_->Text4, Common::NullToEmpty(factor[u"要因内容"_s]));
     goTo(ui_->Text3);
     sayDone(shownNumber(factor[u"要因番号"_s].toLong()), ui_->Text3->text(), u"表示しました。"_s);
 }

@@ -4,6 +4,8 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "files/Settings.h"
 #include "text/Numbers.h"
@@ -14,7 +16,6 @@
 #include "widgets/ListSearch.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
 
 namespace Common {
 
@@ -58,24 +59,24 @@ constexpr double rowPoints = 10.5; // 14 pixels at 96 dpi: a half-width column i
 
 QString fullWidthColumn(const QString& text) {
     qint16 width = 20; // PadWidth halves the caller's variable
-    return PadWidth(text, width, 1);
+    return Common::PadWidth(text, width, 1);
 }
 
 QString factorRow(const QString& number, const QString& name) {
-    return QString(5, u' ') + PadLeft(number, 4) + QString(6, u' ') + name;
+    return QString(5, u' ') + Common::PadLeft(number, 4) + QString(6, u' ') + name;
 }
 
 QString evaluatorRow(const Recordset& record) {
     const QString number = digitsAfterFirst(1000LL + record[u"評価者番号"_s].toLong(), 3);
-    return factorRow(number, fullWidthColumn(NullToEmpty(record[u"評価者氏名"_s]))) + QString(4, u' ') +
-           fullWidthColumn(NullToEmpty(record[u"所属部門"_s]));
+    return factorRow(number, fullWidthColumn(Common::NullToEmpty(record[u"評価者氏名"_s]))) +
+           QString(4, u' ') + fullWidthColumn(Common::NullToEmpty(record[u"所属部門"_s]));
 }
 
 // PickList grows with the rows: it has no older elements from the first row on, and stays as it was when
 // there is none.
 void keepPick(qsizetype rowCount, const Recordset& record) {
-    PickList.resize(static_cast<std::size_t>(rowCount));
-    PickList.back() = {record[u"要因番号"_s].toText(), NullToEmpty(record[u"要因名"_s])};
+    Common::PickList.resize(static_cast<std::size_t>(rowCount));
+    Common::PickList.back() = {record[u"要因番号"_s].toText(), Common::NullToEmpty(record[u"要因名"_s])};
 }
 
 } // namespace
@@ -124,12 +125,12 @@ void ListDialog::Form_Load() {
     position(readSetting(section, u"MeLeft"_s, 500), readSetting(section, u"MeTop"_s, 500));
     fitBesideScreen();
     fill();
-    if (kind_.pickUse == PickUse::Shown) PickCount = -1;
+    if (kind_.pickUse == PickUse::Shown) Common::PickCount = -1;
 }
 
 void ListDialog::fill() {
     QStringList rows;
-    for (Recordset records(*DbConn, kind_.sql); !records.eof(); records.moveNext()) {
+    for (Recordset records(*Common::DbConn, kind_.sql); !records.eof(); records.moveNext()) {
         rows << row(records);
         if (kind_.pickUse != PickUse::None) keepPick(rows.size(), records);
     }
@@ -139,7 +140,7 @@ void ListDialog::fill() {
 QString ListDialog::row(const Recordset& record) const {
     if (kind_.rows == Rows::Evaluators) return evaluatorRow(record);
     const auto& number = record[u"要因番号"_s];
-    const QString name = NullToEmpty(record[u"要因名"_s]);
+    const QString name = Common::NullToEmpty(record[u"要因名"_s]);
     const bool asStored = kind_.pickUse == PickUse::Picked;
     return factorRow(asStored ? number.toText() : digitsAfterFirst(10000LL + number.toLong(), 4), name);
 }
@@ -157,13 +158,13 @@ void 課題選択::keyPressEvent(QKeyEvent* event) {
 }
 
 void 課題選択::List1_DblClick() {
-    PickCount = static_cast<qint16>(ui().List1->currentRow());
-    Forms.unload(name());
+    Common::PickCount = static_cast<qint16>(ui().List1->currentRow());
+    Common::Forms.unload(name());
 }
 
 void 課題選択::Command1_Click() {
-    PickCount = -1;
-    Forms.unload(name());
+    Common::PickCount = -1;
+    Common::Forms.unload(name());
 }
 
 課題候補表示::課題候補表示() : ListDialog(candidateList) {}
@@ -175,12 +176,12 @@ void 課題選択::Command1_Click() {
 評価者表示::評価者表示() : ListDialog(evaluatorList) {}
 
 void 評価者表示::fill() {
-    EvaluatorLoadFailed = 0;
+    Common::EvaluatorLoadFailed = 0;
     try {
         ListDialog::fill();
     } catch (const RuntimeError& error) {
-        EvaluatorLoadFailed = 1;
-        MsgText = error.description();
-        showMessage(MessageStyle::Exclamation, u"評価者テーブルエラー"_s);
+        Common::EvaluatorLoadFailed = 1;
+        Common::MsgText = error.description();
+        Common::showMessage(MessageStyle::Exclamation, u"評価者テーブルエラー"_s);
     }
 }

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "core/NumberedNames.h"
 #include "core/Screen.h"
 #include "database/Sql.h"
 

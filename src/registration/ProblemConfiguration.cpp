@@ -2,13 +2,15 @@
 
 #include <QEvent>
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "database/Recordset.h"
 #include "registration/ListDialogs.h"
 #include "text/Numbers.h"
 #include "ui_ProblemConfiguration.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::DbConn;
 
 課題構成登録::課題構成登録()
     : RegistrationScreen(u"課題構成登録"_s, u"課題候補表示"_s),
@@ -27,7 +29,7 @@ using namespace Common;
 
 void 課題構成登録::Form_Load() {
     centre();
-    MsgTitle = u"課題登録"_s; // users know the messages about problems under this title
+    Common::MsgTitle = u"課題登録"_s; // users know the messages about problems under this title
     showList();
 }
 
@@ -39,10 +41,10 @@ bool 課題構成登録::eventFilter(QObject* watched, QEvent* event) {
 
 // Takes over what was last picked in a list of problems.
 void 課題構成登録::Text1_DblClick() {
-    if (PickCount == -1) return;
-    PickList.resize(static_cast<std::size_t>(PickCount) + 1);
-    ui_->Text1->setText(PickList.back().number);
-    ui_->Label6->setWholeText(PickList.back().name);
+    if (Common::PickCount == -1) return;
+    Common::PickList.resize(static_cast<std::size_t>(Common::PickCount) + 1);
+    ui_->Text1->setText(Common::PickList.back().number);
+    ui_->Label6->setWholeText(Common::PickList.back().name);
 }
 
 void 課題構成登録::Command1_Click() {
@@ -56,7 +58,7 @@ void 課題構成登録::Command1_Click() {
         return;
     addProblem();
     const QString name = problemName();
-    makeDurable();
+    Common::makeDurable();
     goTo(ui_->Text1);
     sayDone(shownNumber(), name, u"登録しました。"_s);
 }
@@ -109,7 +111,7 @@ void 課題構成登録::Command2_Click() {
         u"UPDATE 課題 SET 課題区分 = ?, 構成レベル = ?, 最大分岐数 = ?, 比較回数 = ? WHERE 課題番号 = ?",
         problemClass, levels, branches, round, number);
     const QString name = problemName();
-    makeDurable();
+    Common::makeDurable();
     sayDone(shownNumber(), name, u"変更しました。"_s);
     clearFields();
     goTo(ui_->Text1);
@@ -122,11 +124,11 @@ void 課題構成登録::Command3_Click() {
         "FROM 課題 T1,要因 T2 WHERE T1.課題番号 = ? AND T1.課題番号 = T2.要因番号 ",
         numberIn(ui_->Text1));
     if (problem.eof()) return refuseMissingProblem();
-    fill(ui_->Text2, NullToZero(problem[u"課題区分"_s]).toText());
-    fill(ui_->Text3, NullToZero(problem[u"構成レベル"_s]).toText());
-    fill(ui_->Text4, NullToZero(problem[u"最大分岐数"_s]).toText());
-    ui_->Label6->setWholeText(NullToEmpty(problem[u"要因名"_s]));
-    fill(ui_->Text5, NullToZero(problem[u"比較回数"_s]).toText());
+    fill(ui_->Text2, Common::NullToZero(problem[u"課題区分"_s]).toText());
+    fill(ui_->Text3, Common::NullToZero(problem[u"構成レベル"_s]).toText());
+    fill(ui_->Text4, Common::NullToZero(problem[u"最大分岐数"_s]).toText());
+    ui_->Label6->setWholeText(Common::NullToEmpty(problem[u"要因名"_s]));
+    fill(ui_->Text5, Common::NullToZero(problem[u"比較回数"_s]).toText());
     goTo(ui_->Text2);
     sayDone(shownNumber(), ui_->Label6->text(), u"表示しました。"_s);
 }
@@ -134,7 +136,7 @@ void 課題構成登録::Command3_Click() {
 // A configured problem may have lost its factor.
 QString 課題構成登録::problemName() const {
     const Recordset factor(*DbConn, u"SELECT 要因名 FROM 要因 WHERE 要因番号 = ?", numberIn(ui_->Text1));
-    return factor.eof() ? QString() : NullToEmpty(factor[u"要因名"_s]);
+    return factor.eof() ? QString() : Common::NullToEmpty(factor[u"要因名"_s]);
 }
 
 QString 課題構成登録::shownNumber() const {

@@ -1,16 +1,20 @@
 #include "registration/ProblemEvaluators.h"
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "core/NumberedNames.h"
 #include "database/Recordset.h"
 #include "text/Numbers.h"
 #include "ui_ProblemEvaluators.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::confirm;
+using Common::DbConn;
+using Common::refuse;
 
 namespace {
 
-void showEntries(QListWidget* list, const std::vector<NumberedName>& evaluators) {
+void showEntries(QListWidget* list, const std::vector<Common::NumberedName>& evaluators) {
     QStringList entries;
     for (const auto& [number, name] : evaluators) entries << number + u' ' + name;
     list->clear();
@@ -33,7 +37,7 @@ void showEntries(QListWidget* list, const std::vector<NumberedName>& evaluators)
 課題評価者登録::~課題評価者登録() = default;
 
 void 課題評価者登録::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     problems_ = readProblems();
     for (const auto& problem : problems_) ui_->Combo1->addItem(problemEntry(problem));
     centre();
@@ -54,7 +58,7 @@ void 課題評価者登録::Combo1_Click() {
     showEntries(ui_->List2, assigned);
 }
 
-std::vector<NumberedName> 課題評価者登録::assignedEvaluators() const {
+std::vector<Common::NumberedName> 課題評価者登録::assignedEvaluators() const {
     return readNumberedNames(
         {*DbConn,
          u"SELECT T1.評価者番号,T2.評価者氏名   FROM 課題評価者 T1,評価者 T2 "
@@ -122,7 +126,7 @@ void 課題評価者登録::assign(const QStringList& evaluators) {
 
 void 課題評価者登録::finishChange(const QString& done) {
     const auto assigned = assignedEvaluators();
-    makeDurable();
+    Common::makeDurable();
     showEntries(ui_->List2, assigned);
     say(u"%1この課題の評価者は %2 名です。"_s.arg(done).arg(assigned.size()));
     ui_->List1->clearSelection();

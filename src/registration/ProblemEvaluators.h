@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/NumberedNames.h"
 #include "registration/RegistrationScreen.h"
 
 namespace Ui {

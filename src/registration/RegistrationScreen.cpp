@@ -1,23 +1,25 @@
 #include "registration/RegistrationScreen.h"
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "text/Numbers.h"
 #include "text/TextConversion.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::confirm;
 
 RegistrationScreen::RegistrationScreen(const QString& name, QString list)
     : Screen(name), list_(std::move(list)) {}
 
 void RegistrationScreen::Command4_Click() {
-    Forms.show(u"登録メニュー"_s);
-    Forms.unload(list_);
-    Forms.unload(name());
+    Common::Forms.show(u"登録メニュー"_s);
+    Common::Forms.unload(list_);
+    Common::Forms.unload(name());
 }
 
 void RegistrationScreen::showList() {
-    Forms.show(list_);
-    if (const Form* list = Forms.find(list_)) stepAside(*list);
+    Common::Forms.show(list_);
+    if (const Form* list = Common::Forms.find(list_)) stepAside(*list);
 }
 
 bool RegistrationScreen::refusedAt(QWidget* field, const QString& text) {
@@ -39,7 +41,7 @@ bool RegistrationScreen::requireText(QLineEdit* field, const QString& text) {
 
 bool RegistrationScreen::mayWrite(const QString& question, const std::function<bool()>& check) {
     if (!confirm(question)) return false;
-    DbConn->beginUnitOfWork();
+    Common::DbConn->beginUnitOfWork();
     return check();
 }
 

@@ -1,18 +1,20 @@
 #include "rounds/RoundSelection.h"
 
 #include "core/Common.h"
+#include "core/Messages.h"
 #include "rounds/RoundEntries.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::refuse;
 
 namespace {
 
-constexpr qsizetype mostEvaluators = decltype(EvaluatorNos)::size();
+constexpr qsizetype mostEvaluators = decltype(Common::EvaluatorNos)::size();
 
 void handOver(const std::vector<ChosenEvaluator>& evaluators) {
-    EvaluatorCount = 0;
-    for (const auto& evaluator : evaluators) EvaluatorNos[EvaluatorCount++] = evaluator.number;
+    Common::EvaluatorCount = 0;
+    for (const auto& evaluator : evaluators)
+        Common::EvaluatorNos[Common::EvaluatorCount++] = evaluator.number;
 }
 
 } // namespace
@@ -30,12 +32,15 @@ std::vector<ChosenEvaluator> chosenEvaluators(const QStringList& entries) {
 
 std::optional<RoundSelection> checkedSelection(Connection& connection, const ChosenEntries& entries,
                                                bool withEvaluators) {
-    ProblemEntry = entries.problem;
-    RoundEntry = entries.round;
-    EvaluatorEntry = entries.evaluators.value(0);
-    if (!CheckProblemChosen() || !(withEvaluators ? CheckRoundAndEvaluator() : CheckRoundChosen())) return {};
+    Common::ProblemEntry = entries.problem;
+    Common::RoundEntry = entries.round;
+    Common::EvaluatorEntry = entries.evaluators.value(0);
+    if (!Common::CheckProblemChosen() ||
+        !(withEvaluators ? Common::CheckRoundAndEvaluator() : Common::CheckRoundChosen()))
+        return {};
 
-    RoundSelection chosen{{connection, ProblemNo, RoundCount}, entries.problem, entries.round, {}};
+    RoundSelection chosen{
+        {connection, Common::ProblemNo, Common::RoundCount}, entries.problem, entries.round, {}};
     if (withEvaluators) handOver(chosen.evaluators = chosenEvaluators(entries.evaluators));
     return chosen;
 }

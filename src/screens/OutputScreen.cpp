@@ -7,6 +7,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include "core/Common.h"
 #include "files/TextFile.h"
 #include "printing/MadeFiles.h"
 #include "widgets/ElidedLabel.h"

@@ -2,6 +2,8 @@
 
 #include <QStyle>
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "rounds/AnsweredGoals.h"
 #include "rounds/RoundEntries.h"
 #include "rounds/RoundState.h"
@@ -9,7 +11,8 @@
 #include "widgets/ListMark.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::DbConn;
+using Common::refuse;
 
 WorkScreen::WorkScreen(const Work& work)
     : OutputScreen(work.screen), work_(work), ui_(std::make_unique<Ui::WorkScreen>()) {
@@ -43,13 +46,13 @@ void WorkScreen::offerFigures() {
     ui_->buttons->insertWidget(ui_->buttons->indexOf(ui_->Command7), Command3);
     setTabOrder(ui_->Command7, Command3);
     onEvent(Command3, &QPushButton::clicked, [this] {
-        ProblemEntry = ui_->Combo1->currentText();
+        Common::ProblemEntry = ui_->Combo1->currentText();
         leaveTo(u"図"_s);
     });
 }
 
 void WorkScreen::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     addStatusLine(); // what the screens add to the form is there by now
     loadOutput();
     const QStringList problems = problemEntries(*DbConn);

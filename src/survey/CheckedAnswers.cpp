@@ -24,7 +24,6 @@
 #include "text/Numbers.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
 
 namespace {
 

@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QShortcut>
 
+#include "core/Common.h"
+#include "core/Messages.h"
 #include "files/TextFile.h"
 #include "rounds/RoundEntries.h"
 #include "rounds/RoundState.h"
@@ -14,7 +16,9 @@
 #include "widgets/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
-using namespace Common;
+using Common::confirmDiscard;
+using Common::DbConn;
+using Common::refuse;
 
 namespace {
 
@@ -68,14 +72,15 @@ QString stateOf(const CheckedAnswers& file, bool stored) {
 調査票::~調査票() = default;
 
 void 調査票::Form_Load() {
-    MsgTitle = windowTitle();
+    Common::MsgTitle = windowTitle();
     loadOutput();
     const QStringList problems = problemEntries(*DbConn);
     ui_->Combo1->addItems(problems);
     if (problems.isEmpty()) refuse(u"課題が存在しません。"_s);
     showFiles();
     // The problem that was chosen where the questionnaires were asked for.
-    ui_->Combo1->setCurrentIndex(ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(ProblemEntry));
+    ui_->Combo1->setCurrentIndex(
+        Common::ProblemEntry.isEmpty() ? -1 : ui_->Combo1->findText(Common::ProblemEntry));
     if (ui_->Combo1->currentIndex() >= 0) Combo1_Click();
     onChoice(ui_->Combo1, [this] { Combo1_Click(); }); // from the choice that the screen opens with
     centre();

@@ -8,6 +8,7 @@
 #include "analysis/RoundWorks.h"
 #include "core/Actions.h"
 #include "core/Common.h"
+#include "core/Messages.h"
 #include "files/ApplicationDirectory.h"
 #include "files/TextFile.h"
 #include "printing/Output.h"

@@ -6,6 +6,7 @@
 
 #include "core/Actions.h"
 #include "core/Common.h"
+#include "core/Messages.h"
 #include "figures/PrintFigures.h"
 #include "files/ApplicationDirectory.h"
 #include "files/TextFile.h"

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "core/Messages.h"
 #include "support/ScreenTest.h"
 #include "text/Padding.h"
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/Common.h"
+#include "core/Messages.h"
 #include "core/Screens.h"
 
 struct ShownMessage {
