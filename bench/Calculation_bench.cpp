@@ -136,7 +136,7 @@ void grade(benchmark::State& state) {
     }
 }
 
-// Whether the results of all belong to the answers: at most a tenth of their calculation.
+// Whether the results of all belong to the answers: wanted is a tenth of their calculation at most.
 void roundState(benchmark::State& state) {
     const WorkloadDirectory directory(static_cast<int>(state.range(0)));
     directory.calculate();

@@ -52,8 +52,8 @@ class Recordset {
     int position_ = 0;
 };
 
-// The rows of a statement one after the other, none of them held, their fields by position: a tenth of a
-// Recordset's cost where a hundred thousand rows of numbers are read. Errors are those of Value.
+// The rows of a statement one after the other, none of them held, their fields by position: for a hundred
+// thousand rows of numbers. Errors are those of Value.
 class RowReader {
   public:
     template <typename... Values>

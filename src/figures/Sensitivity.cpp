@@ -136,8 +136,8 @@ bool isTieAsItIs(const RankChange& change, const std::vector<LeafResponse>& leav
 
 // The ranks of the rising and the falling leaf at k.
 std::pair<int, int> ranksAt(double k, const RankChange& change, const std::vector<LeafResponse>& leaves) {
-    std::vector<double> values;
-    for (const auto& leaf : leaves) values.push_back(leaf.coefficient(k));
+    std::vector<double> values(leaves.size());
+    std::ranges::transform(leaves, values.begin(), [&](const auto& leaf) { return leaf.coefficient(k); });
     const auto order = ranks(values);
     const auto rankOf = [&](qint32 factorNo) {
         return order[static_cast<std::size_t>(&leafOf(factorNo, leaves) - leaves.data())];
@@ -161,11 +161,11 @@ void round(RankChange& change, const std::vector<LeafResponse>& leaves) {
         ranksAt(change.k * (change.k > 1 ? 1 - beside : 1 + beside), change, leaves);
     change.changesPlaces = std::pair{falling, rising} == places &&
                            leafOf(change.risingNo, leaves).rank != leafOf(change.fallingNo, leaves).rank;
-    for (int number = mostPlaces; number >= leastPlaces; --number)
-        if (const double k = awayFromOne(change.k, number); true) {
-            const auto behind = ranksAt(k, change, leaves);
-            if (behind.first < behind.second) change.roundedK = k;
-        }
+    for (int number = mostPlaces; number >= leastPlaces; --number) {
+        const double k = awayFromOne(change.k, number);
+        const auto behind = ranksAt(k, change, leaves);
+        if (behind.first < behind.second) change.roundedK = k;
+    }
     if (!change.changesPlaces) return;
     for (int number = leastPlaces; number <= mostPlaces; ++number)
         if (ranksAt(awayFromOne(change.k, number), change, leaves) == places) {

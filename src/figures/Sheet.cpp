@@ -28,7 +28,7 @@ bool isPartOfNumber(QChar letter) {
 
 // As much of the text as has room, without a number torn apart.
 QString firstLineOf(const QString& text, qint16 columns) {
-    const QString line = leadingCharacters(text, FitChars(text, columns));
+    QString line = leadingCharacters(text, FitChars(text, columns));
     if (line.size() == text.size() || !isPartOfNumber(text[line.size()])) return line;
     qsizetype whole = line.size();
     while (whole > 0 && isPartOfNumber(line[whole - 1])) --whole;

@@ -1,5 +1,6 @@
 #include "rounds/AnsweredGoals.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -11,8 +12,8 @@ AnsweredGoals answeredGoals(const FamiliesByParent& families, const ComparisonsB
     for (const auto& [goalNo, children] : families.asKeyValueRange()) {
         if (children.size() < 2) continue;
         answered.goals.insert(goalNo);
-        std::vector<qint32> items;
-        for (const auto& child : children) items.push_back(child.number);
+        std::vector<qint32> items(children.size());
+        std::ranges::transform(children, items.begin(), &Factor::number);
         for (const auto& [evaluatorNo, goals] : comparisons)
             if (const auto goal = goals.find(goalNo); goal != goals.end() && goal->second.isOf(items))
                 answered.byEvaluator[evaluatorNo].insert(goalNo);
