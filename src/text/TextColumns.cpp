@@ -1,5 +1,6 @@
 #include "text/TextColumns.h"
 
+#include <QList>
 #include <array>
 
 #include "text/TextConversion.h"
